@@ -1,0 +1,35 @@
+#!/bin/sh
+# Compares three lists of public names: what the built library exports, what the header declares and what
+# exports.txt promises. A name that is missing or additional in any of them ends with status 1.
+# usage: check_exports.sh LIBRARY HEADER LIST [NM]
+set -eu
+export LC_ALL=C
+
+library=$1 header=$2 list=$3 nm=${4:-nm}
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+
+"$nm" -D --defined-only "$library" > "$work/symbols"
+# Symbol versions (type A) and the version suffix of a name (@@FOVIX_1) are no names of the interface.
+awk '$(NF - 1) != "A" { sub(/@.*/, "", $NF); print $NF }' "$work/symbols" | sort > "$work/exported"
+sed -n 's/^FOVIX_API [^(]*[ *]\([A-Za-z0-9_]*\)(.*/\1/p' "$header" | sort > "$work/declared"
+
+# Declarations that the pattern above cannot read must not escape the comparison.
+marked=$(grep -c '^ *FOVIX_API ' "$header" || true)
+read_back=$(wc -l < "$work/declared")
+status=0
+if [ "$marked" -ne "$read_back" ] || [ "$marked" -eq 0 ]; then
+    echo "header: $marked declarations marked FOVIX_API, $read_back names read"
+    status=1
+fi
+if ! sort -c -u "$list"; then
+    echo "$list: not sorted, or a name stands twice"
+    status=1
+fi
+for other in exported declared; do
+    if ! diff -u --label "exports.txt" --label "$other" "$list" "$work/$other"; then
+        echo "names $other (+) differ from those promised (-)"
+        status=1
+    fi
+done
+exit "$status"
