@@ -1,0 +1,40 @@
+// 4 × 4 matrices of doubles that are changed in place: every operation is m ← m × E for an elementary matrix
+// E.
+//
+// Element k = 4·r + c is row r, column c. Translations stand in elements 12 to 14 and the perspective's −1 in
+// element 11, so the sixteen values go to GL in storage order, without transposing. Angles are in degrees.
+#pragma once
+
+#include <array>
+
+namespace fovix {
+
+/// Degrees to radians, to the digits that every angle of the library is computed with.
+inline constexpr double kRadiansPerDegree = 0.01745329252;
+
+struct Mat4 {
+    std::array<double, 16> m = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
+
+    double operator[](std::size_t k) const { return m[k]; }
+};
+
+void Mat4_RotateX(Mat4& m, double degrees);
+void Mat4_RotateY(Mat4& m, double degrees);
+void Mat4_RotateZ(Mat4& m, double degrees);
+void Mat4_Translate(Mat4& m, double x, double y, double z);
+
+/// m ← m × diag(x, y, z, 1).
+void Mat4_Scale(Mat4& m, double x, double y, double z);
+
+/// The field of view (degrees) lies along x; y is stretched by numerator ÷ denominator, for which the models
+/// pass the width and the height of the surface. scale enlarges both axes.
+void Mat4_Perspective(Mat4& m, double fov, double near, double far, double numerator, double denominator,
+                      double scale);
+
+/// m ← m × other; other may be m itself.
+void Mat4_Multiply(Mat4& m, const Mat4& other);
+
+/// The sixteen values as GL takes them, in storage order.
+std::array<float, 16> Mat4_ToFloats(const Mat4& m);
+
+}  // namespace fovix
