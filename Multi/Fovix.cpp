@@ -1,0 +1,145 @@
+// Lifecycle of a handle: making, preparing, sizing, releasing.
+
+#include "Fovix.h"
+
+#include <GL/glew.h>
+
+#include "Diagnostics.h"
+#include "FovixContext.h"
+#include "FovixDisplay.h"
+#include "FovixHandle.h"
+#include "FovixPictures.h"
+#include "FovixPrograms.h"
+#include "FovixTextures.h"
+#include "Surface.h"
+
+namespace fovix {
+
+namespace {
+
+constexpr char kVersion[] = "1.2.1_dbg";
+
+void create(VRHANDLE* out, int touchEnabled) {
+    printLine("Fovix Version : %s\n", kVersion);
+    if (!out) return;
+    *out = nullptr;
+    try {
+        auto context = std::make_shared<FovixContext>();
+        context->touchEnabled = touchEnabled;
+        context->display.store(std::make_shared<Display>());
+        const VRHANDLE handle = registerContext(context);
+        Fovix_SetType(handle, FOVIX_TYPE_180VR);
+        if (context->display.load()->model) {
+            *out = handle;
+        } else {
+            unregisterContext(handle);
+        }
+    } catch (const std::exception& exception) {
+        reportException(exception);
+    }
+}
+
+void forgetPictures(FovixContext& context) {
+    const LockSection section(context.lock);
+    for (FrameSlot& slot : context.frames) forgetPicture(slot);
+}
+
+/// The model works with the size that the surface has now.
+void adoptViewSize(FovixContext& context) {
+    printLine("backingWidth = %d, backingHeight = %d\n", 0, 0);
+    const int width = context.viewWidth, height = context.viewHeight;
+    context.backingWidth = width;
+    context.backingHeight = height;
+    printLine("set backingWidth = %d, backingHeight = %d\n", width, height);
+    const DisplayPtr display = context.display.load();
+    if (display->model) display->model->operations.setViewSize(*display->model, width, height);
+}
+
+void prepare(FovixContext& context) {
+    printLine("Fovix_Prepare()\n");
+    forgetPictures(context);
+    if (loadOpenGL()) {
+        ++context.prepareCount;
+        glEnable(GL_DEPTH_TEST);
+        glEnable(GL_BLEND);
+        glBlendFunc(GL_ONE, GL_ZERO);
+        createPrograms(context, *context.display.load());
+        createFrameTextures(context, 0);
+    }
+    adoptViewSize(context);
+}
+
+void init(FovixContext& context, int width, int height) {
+    printLine("Fovix_Init()\n");
+    context.viewWidth = width;
+    context.viewHeight = height;
+    setViewport({0, 0, width, height});
+    adoptViewSize(context);
+    const int type = context.display.load()->type;
+    if (type == FOVIX_TYPE_ORIGINAL || type == FOVIX_TYPE_KORVEL) context.drawnConfigVersion = -1;
+    context.configChanged = 1;
+}
+
+/// From here on no export finds the context; whoever is still inside one shares it until done.
+void release(VRHANDLE handle) {
+    const ContextPtr found = contextOf(handle);
+    if (!found) return;
+    const ContextPtr context = unregisterContext(handle);
+    if (!context) return printLine("Error VRHANDLE\n");  // another thread released it in between
+    context->magic = 0;
+    const LockSection section(context->lock);
+    for (FrameSlot& slot : context->frames) slot.data.reset();
+    context->display.store(std::make_shared<Display>());
+}
+
+}  // namespace
+
+}  // namespace fovix
+
+using fovix::withContext;
+
+const char* Fovix_Version(void) {
+    return fovix::kVersion;
+}
+
+void Fovix_Create(VRHANDLE* out) {
+    fovix::create(out, 1);
+}
+
+void Fovix_CreateNoTouchEvent(VRHANDLE* out) {
+    fovix::create(out, 0);
+}
+
+void Fovix_Prepare(VRHANDLE handle) {
+    withContext(handle, fovix::prepare);
+}
+
+void Fovix_Init(VRHANDLE handle, int width, int height) {
+    withContext(handle, [&](FovixContext& context) { fovix::init(context, width, height); });
+}
+
+void Fovix_getViewSize(VRHANDLE handle, int* width, int* height) {
+    withContext(handle, [&](FovixContext& context) {
+        if (width) *width = context.viewWidth;
+        if (height) *height = context.viewHeight;
+    });
+}
+
+void Fovix_SetPPIZoom(int zoom) {
+    if (zoom > 0) fovix::ppiZoom() = zoom;
+}
+
+void Fovix_CleanUp(VRHANDLE handle) {
+    withContext(handle, [](FovixContext& context) {
+        context.fishEye.TextureWidth = 0;
+        context.fishEye.TextureHeight = 0;
+    });
+}
+
+void Fovix_Release(VRHANDLE handle) {
+    try {
+        fovix::release(handle);
+    } catch (const std::exception& exception) {
+        fovix::reportException(exception);
+    }
+}

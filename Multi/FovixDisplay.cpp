@@ -1,0 +1,206 @@
+#include "FovixDisplay.h"
+
+#include <atomic>
+#include <limits>
+
+#include "Diagnostics.h"
+#include "DisplayTypes.h"
+#include "FovixHandle.h"
+
+namespace fovix {
+
+namespace {
+
+using ModelOps = FovixModelOperations;
+using ControllerOps = TouchControllerOperations;
+
+/// Accepted changes after which the views of types 0 and 1 are not left for the Korvel picture any more.
+constexpr int kFreeTypeSwitches = 3;
+
+std::shared_ptr<Display> makeDisplay(FovixContext& context, int code) {
+    static std::atomic<std::uint64_t> lastSerial{0};
+    const DisplayType& type = displayTypeOf(code);
+    auto display = std::make_shared<Display>();
+    display->type = code;
+    display->serial = ++lastSerial;
+    display->model = type.createModel(context.fishEye);
+    for (int screen = 0; context.touchEnabled && screen < type.controllerCount; ++screen) {
+        display->controllers[static_cast<std::size_t>(screen)] = type.createController(&context, screen);
+    }
+    return display;
+}
+
+/// The lens parameters belong to the type that they were sent for.
+void forgetLens(FishEyeConfig& fishEye) {
+    fishEye.TextureWidth = 0;
+    fishEye.TextureHeight = 0;
+    fishEye.Fec_xCenter = -1;
+    fishEye.Fec_yCenter = -1;
+    fishEye.Fec_radius = -1;
+    fishEye.Fec_imgWidth = -1;
+    fishEye.Fec_imgHeight = -1;
+}
+
+/// A picture that is already here keeps being shown: its size makes the centred circle.
+void adoptPictureSize(FovixContext& context) {
+    const FrameSlot& slot = context.frames[0];
+    FishEyeConfig& fishEye = context.fishEye;
+    if (!slot.data || slot.width <= 0 || slot.height <= 0) return;
+    if (slot.width == fishEye.TextureWidth && slot.height == fishEye.TextureHeight) return;
+    fishEye.TextureWidth = slot.width;
+    fishEye.TextureHeight = slot.height;
+    RefreshConfig(fishEye);
+}
+
+/// The new display is whole before a frame can see it; the old one goes when the last user lets go of it.
+void setType(FovixContext& context, int type) {
+    const LockSection section(context.lock);
+    const int current = context.display.load()->type;
+    if (type == current) return;
+    if (context.typeSwitchCount >= kFreeTypeSwitches && type == FOVIX_TYPE_KORVEL &&
+        (current == FOVIX_TYPE_360VR || current == FOVIX_TYPE_180VR)) {
+        return;
+    }
+    const std::shared_ptr<Display> display = makeDisplay(context, type);
+    FovixModel& model = *display->model;
+    if (context.typeSwitchCount < std::numeric_limits<int>::max()) ++context.typeSwitchCount;
+    if (context.fishEye.displayType != type) {
+        context.fishEye.displayType = type;
+        RefreshConfig(context.fishEye);
+    }
+    context.currentScreen = 0;
+    model.operations.init(model);
+    forgetLens(context.fishEye);
+    const int width = context.backingWidth, height = context.backingHeight;
+    if (width > 0 && height > 0) model.operations.setViewSize(model, width, height);
+    adoptPictureSize(context);
+    context.display.store(display);
+    context.configChanged = 1;
+}
+
+void setShape(FovixContext& context, int shape) {
+    printLine("Fovix_SetShape(%d)\n", shape);
+    const DisplayPtr display = context.display.load();
+    const bool hasShapes = display->model && display->model->operations.getShape;
+    if (hasShapes && askModel(*display, &ModelOps::getShape, shape) != shape &&
+        tellModel(*display, &ModelOps::setShape, shape)) {
+        tellModel(*display, &ModelOps::resetPosition);
+        context.configChanged = 1;
+    }
+    tellControllers(*display, &ControllerOps::setShape, shape);
+}
+
+void setCameraMount(FovixContext& context, int mount) {
+    const DisplayPtr display = context.display.load();
+    tellControllers(*display, &ControllerOps::setCameraMount, mount);
+    if (!tellModel(*display, &ModelOps::setCameraMount, mount)) return;
+    tellModel(*display, &ModelOps::resetPosition);
+    context.configChanged = 1;
+}
+
+void setBackground(FovixContext& context, unsigned int rgb) {
+    context.backgroundRed = static_cast<float>((rgb >> 16) & 255u) / 255.0f;
+    context.backgroundGreen = static_cast<float>((rgb >> 8) & 255u) / 255.0f;
+    context.backgroundBlue = static_cast<float>(rgb & 255u) / 255.0f;
+}
+
+/// A getter that forwards to one operation of the model.
+int ask(VRHANDLE handle, int (*ModelOps::*operation)(FovixModel&), int absent) {
+    return withContext(handle, absent, [&](FovixContext& context) {
+        return askModel(*context.display.load(), operation, absent);
+    });
+}
+
+}  // namespace
+
+}  // namespace fovix
+
+using fovix::ControllerOps;
+using fovix::DisplayPtr;
+using fovix::ModelOps;
+using fovix::withContext;
+
+void Fovix_SetType(VRHANDLE handle, int type) {
+    if (!withContext(handle, [&](FovixContext& context) { fovix::setType(context, type); })) {
+        fovix::printLine("Fovix_SetType() Error! handle is NULL!\n");
+    }
+}
+
+int Fovix_GetType(VRHANDLE handle) {
+    return withContext(handle, 1, [](FovixContext& context) { return context.display.load()->type; });
+}
+
+void Fovix_SetDrawMode(VRHANDLE handle, int mode) {
+    withContext(handle, [&](FovixContext& context) {
+        const DisplayPtr display = context.display.load();
+        tellControllers(*display, &ControllerOps::setDrawMode, mode);
+        if (tellModel(*display, &ModelOps::setDrawMode, mode)) context.configChanged = 1;
+    });
+}
+
+void Fovix_SetDrawModeCartoon(VRHANDLE handle, int fromMode, int toMode, int step, int frameCount) {
+    withContext(handle, [&](FovixContext& context) {
+        const DisplayPtr display = context.display.load();
+        if (tellModel(*display, &ModelOps::setDrawModeCartoon, fromMode, toMode, step, frameCount)) {
+            context.configChanged = 1;
+        }
+    });
+}
+
+void Fovix_SetCameraMount(VRHANDLE handle, int mount) {
+    withContext(handle, [&](FovixContext& context) { fovix::setCameraMount(context, mount); });
+}
+
+int Fovix_GetCameraMount(VRHANDLE handle) {
+    return fovix::ask(handle, &ModelOps::getCameraMount, 4);
+}
+
+void Fovix_SetShape(VRHANDLE handle, int shape) {
+    withContext(handle, [&](FovixContext& context) { fovix::setShape(context, shape); });
+}
+
+int Fovix_GetShape(VRHANDLE handle) {
+    return fovix::ask(handle, &ModelOps::getShape, -1);
+}
+
+void Fovix_SetFecParams(VRHANDLE handle, int xCenter, int yCenter, int radius, int imgWidth, int imgHeight) {
+    withContext(handle, [&](FovixContext& context) {
+        const fovix::LockSection section(context.lock);
+        fovix::FishEyeConfig& fishEye = context.fishEye;
+        if (fishEye.Fec_xCenter == xCenter && fishEye.Fec_yCenter == yCenter &&
+            fishEye.Fec_radius == radius && fishEye.Fec_imgWidth == imgWidth &&
+            fishEye.Fec_imgHeight == imgHeight) {
+            return;
+        }
+        fishEye.Fec_xCenter = xCenter;
+        fishEye.Fec_yCenter = yCenter;
+        fishEye.Fec_radius = radius;
+        fishEye.Fec_imgWidth = imgWidth;
+        fishEye.Fec_imgHeight = imgHeight;
+        RefreshConfig(fishEye);
+    });
+}
+
+void Fovix_SetTwoLensesDrawMode(VRHANDLE handle, int mode) {
+    withContext(handle, [&](FovixContext& context) {
+        const DisplayPtr display = context.display.load();
+        if (tellModel(*display, &ModelOps::setTwoLensesDrawMode, mode)) context.configChanged = 1;
+        tellControllers(*display, &ControllerOps::setTwoLensesDrawMode, mode);
+    });
+}
+
+void Fovix_SetTwoLensesScreen(VRHANDLE handle, int screen) {
+    withContext(handle, [&](FovixContext& context) {
+        const DisplayPtr display = context.display.load();
+        tellModel(*display, &ModelOps::setTwoLensesScreen, screen);
+        tellControllers(*display, &ControllerOps::setTwoLensesScreen, screen);
+    });
+}
+
+int Fovix_GetTwoLensesScreen(VRHANDLE handle) {
+    return fovix::ask(handle, &ModelOps::getTwoLensesScreen, 3);
+}
+
+void Fovix_SetBackground(VRHANDLE handle, unsigned int rgb) {
+    withContext(handle, [&](FovixContext& context) { fovix::setBackground(context, rgb); });
+}

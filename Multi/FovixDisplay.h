@@ -1,0 +1,34 @@
+// Display type and display parameters of a handle. Any thread.
+#pragma once
+
+#include "FovixContext.h"
+
+namespace fovix {
+
+/// Calls an operation of every controller that has it, in the order of the screens.
+template <class Operation, class... Arguments>
+void tellControllers(const Display& display, Operation TouchControllerOperations::*operation,
+                     Arguments... arguments) {
+    for (const ControllerPtr& controller : display.controllers) {
+        if (controller && controller->operations.*operation)
+            (controller->operations.*operation)(*controller, arguments...);
+    }
+}
+
+/// Calls an operation of the model; gives whether there is a model that has it.
+template <class Operation, class... Arguments>
+bool tellModel(const Display& display, Operation FovixModelOperations::*operation, Arguments... arguments) {
+    if (!display.model || !(display.model->operations.*operation)) return false;
+    (display.model->operations.*operation)(*display.model, arguments...);
+    return true;
+}
+
+/// What an operation of the model says; absent where there is no model that has it.
+template <class Result>
+Result askModel(const Display& display, Result (*FovixModelOperations::*operation)(FovixModel&),
+                Result absent) {
+    if (!display.model || !(display.model->operations.*operation)) return absent;
+    return (display.model->operations.*operation)(*display.model);
+}
+
+}  // namespace fovix

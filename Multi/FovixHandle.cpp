@@ -1,0 +1,65 @@
+#include "FovixHandle.h"
+
+#include <mutex>
+#include <unordered_map>
+
+#include "FovixContext.h"
+
+namespace fovix {
+
+namespace {
+
+struct HandleTable {
+    std::mutex mutex;
+    std::unordered_map<VRHANDLE, ContextPtr> contexts;
+};
+
+/// Never destroyed: exports may still arrive while the process runs its exit handlers.
+HandleTable& handleTable() {
+    static HandleTable& table = *new HandleTable;
+    return table;
+}
+
+ContextPtr findContext(VRHANDLE handle) {
+    HandleTable& table = handleTable();
+    const std::lock_guard guard(table.mutex);
+    const auto found = table.contexts.find(handle);
+    return found == table.contexts.end() ? nullptr : found->second;
+}
+
+}  // namespace
+
+VRHANDLE registerContext(ContextPtr context) {
+    HandleTable& table = handleTable();
+    const std::lock_guard guard(table.mutex);
+    const VRHANDLE handle = context.get();
+    table.contexts.emplace(handle, std::move(context));
+    return handle;
+}
+
+ContextPtr unregisterContext(VRHANDLE handle) {
+    HandleTable& table = handleTable();
+    const std::lock_guard guard(table.mutex);
+    const auto found = table.contexts.find(handle);
+    if (found == table.contexts.end()) return nullptr;
+    ContextPtr context = std::move(found->second);
+    table.contexts.erase(found);
+    return context;
+}
+
+ContextPtr contextOf(VRHANDLE handle) {
+    if (!handle) {
+        printLine("Error VRHANDLE, is NULL\n");
+        return nullptr;
+    }
+    ContextPtr context = findContext(handle);
+    if (context && context->magic == kLiveMagic) return context;
+    printLine("Error VRHANDLE\n");
+    return nullptr;
+}
+
+void reportException(const std::exception& exception) {
+    printLine("Fovix Error : %s\n", exception.what());
+}
+
+}  // namespace fovix

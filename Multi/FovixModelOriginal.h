@@ -1,0 +1,57 @@
+// The plain fisheye picture: one flat rectangle fitted into the surface, zoomed and moved by a
+// rotate-and-zoom view.
+//
+// The Korvel and the multi-lens model are this one with another mesh or another name: each fills its table
+// with the operations below and says in its params what differs.
+#pragma once
+
+#include "FovixModel.h"
+#include "GridMesh.h"
+#include "Mat4.h"
+
+namespace fovix {
+
+/// A flat picture's view. Angles move the picture by 1/180 model unit per degree.
+struct FlatView {
+    Cell<double> mZoom = 1.0;     ///< 1.0: the picture fills the surface's width
+    Cell<double> mRotateX = 0.0;  ///< moves the picture up
+    Cell<double> mRotateY = 0.0;  ///< moves the picture left
+    Cell<double> mRotateZ = 0.0;  ///< kept, not drawn
+
+    void reset();
+};
+
+/// What makes one kind of flat picture differ from another.
+struct FlatPictureKind {
+    GridMesh (*createMesh)(const FishEyeConfig& lens, int backingWidth, int backingHeight);
+    const char* builderLine;  ///< diagnostics line before the mesh is built
+    const char* source;       ///< name of the kind's source in GL error lines
+};
+
+struct OriginalParams : ModelParams {
+    OriginalParams(const FishEyeConfig& lens, const FlatPictureKind& kind)
+        : ModelParams(lens), mKind(&kind) {}
+
+    FlatView mView;
+    VertexCachePtr mVerticesCache;  ///< built on first use
+    Cell<int> mNumTriangles = 0;
+    const FlatPictureKind* mKind;
+};
+
+/// Field of view in degrees for a zoom: 100 at 0.25, 90 at 1, 20 at 20, linear between.
+double fieldOfViewForZoom(double zoom);
+
+/// Near and far plane of every flat picture.
+inline constexpr double kNearPlane = 0.1000000014901161;
+inline constexpr double kFarPlane = 30.0;
+
+/// Model-view-projection matrix of a flat picture on a surface of width × height pixels.
+Mat4 flatPictureMatrix(double zoom, double rotateX, double rotateY, int width, int height);
+
+/// A model of a flat kind.
+ModelPtr FlatPicture_Create(const FishEyeConfig& lens, const FlatPictureKind& kind);
+
+/// Model of the plain picture, of the multi-image grid's cells and of every code without a type of its own.
+ModelPtr FovixModelOriginal_Create(const FishEyeConfig& lens);
+
+}  // namespace fovix

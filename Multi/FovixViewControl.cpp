@@ -1,0 +1,342 @@
+// View control: touch, sensor, cruise and pan-tilt-zoom exports. Any thread.
+//
+// Thin dispatch: every function forwards to one operation of the model or of a controller, without the lock.
+// Numbers that are not finite are refused here, so that no view ever holds one.
+
+#include "Diagnostics.h"
+#include "FovixContext.h"
+#include "FovixDisplay.h"
+#include "FovixHandle.h"
+#include "Numbers.h"
+#include "OverviewAim.h"
+
+namespace fovix {
+
+namespace {
+
+using ModelOps = FovixModelOperations;
+using ControllerOps = TouchControllerOperations;
+
+/// Runs operation(context) when all values are finite; exportName appears in the line that refuses others.
+template <class Operation, class... Values>
+void withFinite(VRHANDLE handle, const char* exportName, Operation&& operation, Values... values) {
+    withContext(handle, [&](FovixContext& context) {
+        if (allFinite(values...)) return operation(context);
+        printLine("%s() Error : a value is not finite\n", exportName);
+    });
+}
+
+TouchController* controllerAt(const Display& display, int screen) {
+    if (screen < 0 || screen >= kScreenCount) return nullptr;
+    return display.controllers[static_cast<std::size_t>(screen)].get();
+}
+
+/// Calls an operation of one screen's controller if it is there.
+template <class Operation, class... Arguments>
+void tellController(const Display& display, int screen, Operation ControllerOps::*operation,
+                    Arguments... arguments) {
+    TouchController* controller = controllerAt(display, screen);
+    if (controller && controller->operations.*operation)
+        (controller->operations.*operation)(*controller, arguments...);
+}
+
+/// Calls an operation of the controller that the last touch-down chose.
+template <class Operation, class... Arguments>
+void tellCurrent(FovixContext& context, Operation ControllerOps::*operation, Arguments... arguments) {
+    tellController(*context.display.load(), context.currentScreen, operation, arguments...);
+}
+
+template <class Operation, class... Arguments>
+void tellModelOf(VRHANDLE handle, Operation ModelOps::*operation, Arguments... arguments) {
+    withContext(handle,
+                [&](FovixContext& context) { tellModel(*context.display.load(), operation, arguments...); });
+}
+
+/// Whether the touch began on the part of a multi-view layout that aims the selected view.
+bool isOnOverview(int shape, int currentScreen) {
+    if (shape == FOVIX_SHAPE_OVERVIEW_FIVE) return currentScreen == 0;
+    return shape == FOVIX_SHAPE_TWO_AND_STRIP && currentScreen >= 2;
+}
+
+/// A touch on the overview screen or the strip of a multi-view layout aims the selected view; gives whether
+/// it did.
+bool aimAtTouch(FovixContext& context, float x, float y, bool adjust) {
+    const DisplayPtr display = context.display.load();
+    const FovixModelOperations* model = display->model ? &display->model->operations : nullptr;
+    if (!model || !model->getShape || !model->getSelectedScreen || !model->getPTZ) return false;
+    const int shape = model->getShape(*display->model);
+    if (!isOnOverview(shape, context.currentScreen)) return false;
+    const int selected = model->getSelectedScreen(*display->model);
+    TouchController* target = controllerAt(*display, selected);
+    if (!target || !target->operations.setPTZ || !target->operations.autoAdjust) return false;
+    if (adjust) {
+        target->operations.autoAdjust(*target);
+        return true;
+    }
+    double zoom = 0.0, roll = 0.0;
+    model->getPTZ(*display->model, selected, nullptr, nullptr, &zoom, &roll);
+    const int width = context.backingWidth, height = context.backingHeight;
+    const AimedView aim = shape == FOVIX_SHAPE_OVERVIEW_FIVE ? aimOnOverview(x, y, width, height)
+                                                             : aimOnStrip(x, y, zoom, width, height);
+    target->operations.setPTZ(*target, aim.pan, aim.tilt, zoom, roll);
+    return true;
+}
+
+void touchDown(FovixContext& context, float x, float y) {
+    const DisplayPtr display = context.display.load();
+    if (display->model && display->model->operations.selectScreen) {
+        context.currentScreen =
+            display->model->operations.selectScreen(*display->model, truncateToInt(x), truncateToInt(y));
+        if (aimAtTouch(context, x, y, false)) return;
+    } else {
+        context.currentScreen = 0;
+    }
+    tellCurrent(context, &ControllerOps::onTouchDown, x, y);
+}
+
+void startAutoCruise(FovixContext& context, double speed) {
+    const DisplayPtr display = context.display.load();
+    const TouchController* selected =
+        controllerAt(*display, askModel(*display, &ModelOps::getSelectedScreen, -1));
+    if (selected && selected->operations.startAutoCruise) {
+        tellController(*display, selected->screenIndex, &ControllerOps::startAutoCruise, speed);
+    } else {
+        tellControllers(*display, &ControllerOps::startAutoCruise, speed);
+    }
+}
+
+/// The panorama looks at a point or a rectangle through its one large screen.
+void showSingleScreen(VRHANDLE handle) {
+    if (Fovix_GetShape(handle) != FOVIX_SHAPE_SINGLE) Fovix_SetShape(handle, FOVIX_SHAPE_SINGLE);
+}
+
+void displayRect(VRHANDLE handle, FovixContext& context, int left, int top, int right, int bottom, int width,
+                 int height) {
+    if (left >= right || top >= bottom) return printLine("Fovix_DisplayRect, point info error!");
+    const int type = context.display.load()->type;
+    if (type != FOVIX_TYPE_360VR && type != FOVIX_TYPE_180VR && type != FOVIX_TYPE_SINGLE_PIP) {
+        return printLine("current type is not support -> [%d]!\n", type);
+    }
+    if (type == FOVIX_TYPE_360VR) showSingleScreen(handle);
+    const int screen = type == FOVIX_TYPE_SINGLE_PIP ? 0 : context.currentScreen.get();
+    tellController(*context.display.load(), screen, &ControllerOps::displayRect, left, top, right, bottom,
+                   width, height);
+}
+
+void displayTarget(VRHANDLE handle, FovixContext& context, int targetX, int targetY, int width, int height) {
+    printLine("Fovix_DisplayTarget(targetX: %d, targetY: %d, w: %d, h:%d)\n", targetX, targetY, width,
+              height);
+    const int type = context.display.load()->type;
+    if (type != FOVIX_TYPE_360VR && type != FOVIX_TYPE_180VR) {
+        return printLine("current type is not support -> [%d]!\n", type);
+    }
+    if (type == FOVIX_TYPE_360VR) showSingleScreen(handle);
+    tellCurrent(context, &ControllerOps::displayTarget, targetX, targetY, width, height);
+}
+
+}  // namespace
+
+}  // namespace fovix
+
+using fovix::ControllerOps;
+using fovix::DisplayPtr;
+using fovix::ModelOps;
+using fovix::tellCurrent;
+using fovix::tellModelOf;
+using fovix::withContext;
+using fovix::withFinite;
+
+// Touch and sensor input
+
+void Fovix_OnTouchDown(VRHANDLE handle, float x, float y) {
+    withFinite(
+        handle, "Fovix_OnTouchDown", [&](FovixContext& context) { fovix::touchDown(context, x, y); }, x, y);
+}
+
+void Fovix_OnTouchUp(VRHANDLE handle, float x, float y) {
+    const auto up = [&](FovixContext& context) { tellCurrent(context, &ControllerOps::onTouchUp, x, y); };
+    withFinite(handle, "Fovix_OnTouchUp", up, x, y);
+}
+
+void Fovix_OnTouchMove(VRHANDLE handle, float x, float y) {
+    const auto move = [&](FovixContext& context) {
+        if (!fovix::aimAtTouch(context, x, y, false)) tellCurrent(context, &ControllerOps::onTouchMove, x, y);
+    };
+    withFinite(handle, "Fovix_OnTouchMove", move, x, y);
+}
+
+void Fovix_OnTouchPinch(VRHANDLE handle, float x1, float y1, float x2, float y2) {
+    const auto pinch = [&](FovixContext& context) {
+        tellCurrent(context, &ControllerOps::onTouchPinch, x1, y1, x2, y2);
+    };
+    withFinite(handle, "Fovix_OnTouchPinch", pinch, x1, y1, x2, y2);
+}
+
+void Fovix_OnTouchPinchScale(VRHANDLE handle, float scale) {
+    const auto pinch = [&](FovixContext& context) {
+        tellCurrent(context, &ControllerOps::onTouchPinchScale, scale);
+    };
+    withFinite(handle, "Fovix_OnTouchPinchScale", pinch, scale);
+}
+
+void Fovix_OnTouchFling(VRHANDLE handle, float velocityX, float velocityY) {
+    const auto fling = [&](FovixContext& context) {
+        tellCurrent(context, &ControllerOps::onTouchFling, velocityX, velocityY);
+    };
+    withFinite(handle, "Fovix_OnTouchFling", fling, velocityX, velocityY);
+}
+
+void Fovix_AutoAdjust(VRHANDLE handle) {
+    withContext(handle, [](FovixContext& context) {
+        if (!fovix::aimAtTouch(context, 0.0f, 0.0f, true)) tellCurrent(context, &ControllerOps::autoAdjust);
+    });
+}
+
+void Fovix_OnAccelerometer(VRHANDLE handle, float x, float y) {
+    const auto sense = [&](FovixContext& context) {
+        tellCurrent(context, &ControllerOps::onAccelerometer, x, y);
+    };
+    withFinite(handle, "Fovix_OnAccelerometer", sense, x, y);
+}
+
+void Fovix_OnOrientation(VRHANDLE handle, float a, float b, float c) {
+    const auto sense = [&](FovixContext& context) {
+        tellCurrent(context, &ControllerOps::onOrientation, a, b, c);
+    };
+    withFinite(handle, "Fovix_OnOrientation", sense, a, b, c);
+}
+
+// Cruise and reset
+
+void Fovix_StartAutoCruise(VRHANDLE handle, double speed) {
+    const auto start = [&](FovixContext& context) { fovix::startAutoCruise(context, speed); };
+    withFinite(handle, "Fovix_StartAutoCruise", start, speed);
+}
+
+void Fovix_StopAutoCruise(VRHANDLE handle) {
+    withContext(handle, [](FovixContext& context) {
+        tellControllers(*context.display.load(), &ControllerOps::stopAutoCruise);
+    });
+}
+
+void Fovix_ResetPosition(VRHANDLE handle) {
+    tellModelOf(handle, &ModelOps::resetPosition);
+}
+
+// Views of the model
+
+void Fovix_SetPTZ(VRHANDLE handle, double pan, double tilt, double zoom, double roll, double ptzFifth) {
+    Fovix_SetPTZ_SubScreen(handle, 0, pan, tilt, zoom, roll, ptzFifth);
+}
+
+void Fovix_GetPTZ(VRHANDLE handle, double* pan, double* tilt, double* zoom, double* roll) {
+    Fovix_GetPTZ_SubScreen(handle, 0, pan, tilt, zoom, roll);
+}
+
+void Fovix_SetPTZ_SubScreen(VRHANDLE handle, int screen, double pan, double tilt, double zoom, double roll,
+                            double ptzFifth) {
+    const auto set = [&](FovixContext& context) {
+        tellModel(*context.display.load(), &ModelOps::setPTZ, screen, pan, tilt, zoom, roll, ptzFifth);
+    };
+    withFinite(handle, "Fovix_SetPTZ", set, pan, tilt, zoom, roll, ptzFifth);
+}
+
+void Fovix_GetPTZ_SubScreen(VRHANDLE handle, int screen, double* pan, double* tilt, double* zoom,
+                            double* roll) {
+    tellModelOf(handle, &ModelOps::getPTZ, screen, pan, tilt, zoom, roll);
+}
+
+void Fovix_SetRotateZoom(VRHANDLE handle, double xAngle, double yAngle, double zAngle, double zoom) {
+    Fovix_SetRotateZoom_SubScreen(handle, 0, xAngle, yAngle, zAngle, zoom);
+}
+
+void Fovix_SetRotateZoomRecoverMode(VRHANDLE handle, double xAngle, double yAngle, double zAngle,
+                                    double zoom) {
+    const auto set = [&](FovixContext& context) {
+        const DisplayPtr display = context.display.load();
+        tellControllers(*display, &ControllerOps::setRotateZoom, xAngle, yAngle, zAngle, zoom);
+        tellModel(*display, &ModelOps::setRotateZoom, 0, xAngle, yAngle, zAngle, zoom);
+    };
+    withFinite(handle, "Fovix_SetRotateZoomRecoverMode", set, xAngle, yAngle, zAngle, zoom);
+}
+
+void Fovix_GetRotateZoom(VRHANDLE handle, double* xAngle, double* yAngle, double* zAngle, double* zoom) {
+    Fovix_GetRotateZoom_SubScreen(handle, 0, xAngle, yAngle, zAngle, zoom);
+}
+
+void Fovix_SetRotateZoom_SubScreen(VRHANDLE handle, int screen, double xAngle, double yAngle, double zAngle,
+                                   double zoom) {
+    const auto set = [&](FovixContext& context) {
+        tellModel(*context.display.load(), &ModelOps::setRotateZoom, screen, xAngle, yAngle, zAngle, zoom);
+    };
+    withFinite(handle, "Fovix_SetRotateZoom", set, xAngle, yAngle, zAngle, zoom);
+}
+
+void Fovix_GetRotateZoom_SubScreen(VRHANDLE handle, int screen, double* xAngle, double* yAngle,
+                                   double* zAngle, double* zoom) {
+    tellModelOf(handle, &ModelOps::getRotateZoom, screen, xAngle, yAngle, zAngle, zoom);
+}
+
+void Fovix_SetRotationFor180VR(VRHANDLE handle, double degrees) {
+    const auto set = [&](FovixContext& context) {
+        tellModel(*context.display.load(), &ModelOps::setRotation, degrees);
+    };
+    withFinite(handle, "Fovix_SetRotationFor180VR", set, degrees);
+}
+
+void Fovix_SetLogicZoom(VRHANDLE handle, double min, double max, double div, double zoom) {
+    const auto set = [&](FovixContext& context) {
+        const DisplayPtr display = context.display.load();
+        tellModel(*display, &ModelOps::setLogicZoom, min, max, div, zoom);
+        tellControllers(*display, &ControllerOps::setLogicZoom, min, max, div, zoom);
+    };
+    withFinite(handle, "Fovix_SetLogicZoom", set, min, max, div, zoom);
+}
+
+float Fovix_GetLogicZoom(VRHANDLE handle) {
+    return withContext(handle, 0.0f, [](FovixContext& context) {
+        return askModel(*context.display.load(), &ModelOps::getLogicZoom, 0.0f);
+    });
+}
+
+// Views of a controller
+
+void Fovix_GetPTZFor180VR(VRHANDLE handle, double* xAngle, double* yAngle, double* third, double* zoom) {
+    withContext(handle, [&](FovixContext& context) {
+        tellCurrent(context, &ControllerOps::getPTZFor180VR, xAngle, yAngle, third, zoom);
+    });
+}
+
+void Fovix_SetPTZFor180VR(VRHANDLE handle, double xAngle, double yAngle, double zAngle, double zoom) {
+    const auto set = [&](FovixContext& context) {
+        tellCurrent(context, &ControllerOps::setPTZFor180VR, xAngle, yAngle, zAngle, zoom);
+    };
+    withFinite(handle, "Fovix_SetPTZFor180VR", set, xAngle, yAngle, zAngle, zoom);
+}
+
+float Fovix_GetRelativeXOffset(VRHANDLE handle) {
+    return withContext(handle, 0.0f, [](FovixContext& context) {
+        const DisplayPtr display = context.display.load();
+        fovix::TouchController* controller = fovix::controllerAt(*display, 0);
+        const bool hasOffset = controller && controller->operations.getRelativeXOffset;
+        return hasOffset ? controller->operations.getRelativeXOffset(*controller) : 0.0f;
+    });
+}
+
+void Fovix_DisplayRect(VRHANDLE handle, int left, int top, int right, int bottom, int width, int height) {
+    const bool alive = withContext(handle, [&](FovixContext& context) {
+        fovix::displayRect(handle, context, left, top, right, bottom, width, height);
+    });
+    if (!alive) fovix::printLine("Fovix_DisplayRect Error, handle is NULL!");
+}
+
+void Fovix_DisplayTarget(VRHANDLE handle, int targetX, int targetY, int width, int height) {
+    const bool alive = withContext(handle, [&](FovixContext& context) {
+        fovix::displayTarget(handle, context, targetX, targetY, width, height);
+    });
+    if (!alive) fovix::printLine("Fovix_DisplayRect Error, handle is NULL!");
+}
+
+int Fovix_NeedContinue(void) {
+    return 0;
+}
