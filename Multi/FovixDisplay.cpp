@@ -78,9 +78,15 @@ void setType(FovixContext& context, int type) {
     context.configChanged = 1;
 }
 
+/// Only the panorama has a table of mounts and shapes; other types ignore what they do not know.
+bool acceptsCode(const Display& display, const char* what, int code, int last) {
+    return display.type != FOVIX_TYPE_360VR || isInRange(what, code, last);
+}
+
 void setShape(FovixContext& context, int shape) {
     printLine("Fovix_SetShape(%d)\n", shape);
     const DisplayPtr display = context.display.load();
+    if (!acceptsCode(*display, "shape", shape, FOVIX_SHAPE_LARGE_AND_TWO)) return;
     const bool hasShapes = display->model && display->model->operations.getShape;
     if (hasShapes && askModel(*display, &ModelOps::getShape, shape) != shape &&
         tellModel(*display, &ModelOps::setShape, shape)) {
@@ -92,6 +98,7 @@ void setShape(FovixContext& context, int shape) {
 
 void setCameraMount(FovixContext& context, int mount) {
     const DisplayPtr display = context.display.load();
+    if (!acceptsCode(*display, "mount", mount, FOVIX_MOUNT_FLOOR)) return;
     tellControllers(*display, &ControllerOps::setCameraMount, mount);
     if (!tellModel(*display, &ModelOps::setCameraMount, mount)) return;
     tellModel(*display, &ModelOps::resetPosition);
@@ -112,6 +119,12 @@ int ask(VRHANDLE handle, int (*ModelOps::*operation)(FovixModel&), int absent) {
 }
 
 }  // namespace
+
+bool isInRange(const char* what, int index, int last) {
+    if (index >= 0 && index <= last) return true;
+    printLine("Fovix Error : %s %d is not in 0..%d\n", what, index, last);
+    return false;
+}
 
 }  // namespace fovix
 

@@ -5,6 +5,10 @@
 
 namespace fovix {
 
+/// Whether an index that the panorama or the 180-degree view takes lies in 0..last; prints a line when it
+/// does not.
+bool isInRange(const char* what, int index, int last);
+
 /// Calls an operation of every controller that has it, in the order of the screens.
 template <class Operation, class... Arguments>
 void tellControllers(const Display& display, Operation TouchControllerOperations::*operation,

@@ -46,10 +46,13 @@ void tellCurrent(FovixContext& context, Operation ControllerOps::*operation, Arg
     tellController(*context.display.load(), context.currentScreen, operation, arguments...);
 }
 
+/// Calls an operation of the model on one of its screens; only the types with six screens look at the index.
 template <class Operation, class... Arguments>
-void tellModelOf(VRHANDLE handle, Operation ModelOps::*operation, Arguments... arguments) {
-    withContext(handle,
-                [&](FovixContext& context) { tellModel(*context.display.load(), operation, arguments...); });
+void tellModelScreen(const Display& display, Operation ModelOps::*operation, int screen,
+                     Arguments... arguments) {
+    const bool hasScreens = display.type == FOVIX_TYPE_360VR || display.type == FOVIX_TYPE_180VR;
+    if (!hasScreens || isInRange("screen", screen, kScreenCount - 1))
+        tellModel(display, operation, screen, arguments...);
 }
 
 /// Whether the touch began on the part of a multi-view layout that aims the selected view.
@@ -142,7 +145,6 @@ using fovix::ControllerOps;
 using fovix::DisplayPtr;
 using fovix::ModelOps;
 using fovix::tellCurrent;
-using fovix::tellModelOf;
 using fovix::withContext;
 using fovix::withFinite;
 
@@ -220,7 +222,8 @@ void Fovix_StopAutoCruise(VRHANDLE handle) {
 }
 
 void Fovix_ResetPosition(VRHANDLE handle) {
-    tellModelOf(handle, &ModelOps::resetPosition);
+    withContext(handle,
+                [](FovixContext& context) { tellModel(*context.display.load(), &ModelOps::resetPosition); });
 }
 
 // Views of the model
@@ -236,14 +239,17 @@ void Fovix_GetPTZ(VRHANDLE handle, double* pan, double* tilt, double* zoom, doub
 void Fovix_SetPTZ_SubScreen(VRHANDLE handle, int screen, double pan, double tilt, double zoom, double roll,
                             double ptzFifth) {
     const auto set = [&](FovixContext& context) {
-        tellModel(*context.display.load(), &ModelOps::setPTZ, screen, pan, tilt, zoom, roll, ptzFifth);
+        fovix::tellModelScreen(*context.display.load(), &ModelOps::setPTZ, screen, pan, tilt, zoom, roll,
+                               ptzFifth);
     };
     withFinite(handle, "Fovix_SetPTZ", set, pan, tilt, zoom, roll, ptzFifth);
 }
 
 void Fovix_GetPTZ_SubScreen(VRHANDLE handle, int screen, double* pan, double* tilt, double* zoom,
                             double* roll) {
-    tellModelOf(handle, &ModelOps::getPTZ, screen, pan, tilt, zoom, roll);
+    withContext(handle, [&](FovixContext& context) {
+        fovix::tellModelScreen(*context.display.load(), &ModelOps::getPTZ, screen, pan, tilt, zoom, roll);
+    });
 }
 
 void Fovix_SetRotateZoom(VRHANDLE handle, double xAngle, double yAngle, double zAngle, double zoom) {
@@ -267,14 +273,18 @@ void Fovix_GetRotateZoom(VRHANDLE handle, double* xAngle, double* yAngle, double
 void Fovix_SetRotateZoom_SubScreen(VRHANDLE handle, int screen, double xAngle, double yAngle, double zAngle,
                                    double zoom) {
     const auto set = [&](FovixContext& context) {
-        tellModel(*context.display.load(), &ModelOps::setRotateZoom, screen, xAngle, yAngle, zAngle, zoom);
+        fovix::tellModelScreen(*context.display.load(), &ModelOps::setRotateZoom, screen, xAngle, yAngle,
+                               zAngle, zoom);
     };
     withFinite(handle, "Fovix_SetRotateZoom", set, xAngle, yAngle, zAngle, zoom);
 }
 
 void Fovix_GetRotateZoom_SubScreen(VRHANDLE handle, int screen, double* xAngle, double* yAngle,
                                    double* zAngle, double* zoom) {
-    tellModelOf(handle, &ModelOps::getRotateZoom, screen, xAngle, yAngle, zAngle, zoom);
+    withContext(handle, [&](FovixContext& context) {
+        fovix::tellModelScreen(*context.display.load(), &ModelOps::getRotateZoom, screen, xAngle, yAngle,
+                               zAngle, zoom);
+    });
 }
 
 void Fovix_SetRotationFor180VR(VRHANDLE handle, double degrees) {
