@@ -1,6 +1,8 @@
 #include "FovixHandle.h"
 
+#include <cstddef>
 #include <mutex>
+#include <new>
 #include <unordered_map>
 
 #include "FovixContext.h"
@@ -14,9 +16,11 @@ struct HandleTable {
     std::unordered_map<VRHANDLE, ContextPtr> contexts;
 };
 
-/// Never destroyed: exports may still arrive while the process runs its exit handlers.
+/// Never destroyed: exports may still arrive while the process runs its exit handlers. It stands in the library's own
+/// memory, so that nothing is left behind when the library is unloaded.
 HandleTable& handleTable() {
-    static HandleTable& table = *new HandleTable;
+    alignas(HandleTable) static std::byte place[sizeof(HandleTable)];
+    static HandleTable& table = *new (place) HandleTable;
     return table;
 }
 
@@ -44,6 +48,7 @@ ContextPtr unregisterContext(VRHANDLE handle) {
     if (found == table.contexts.end()) return nullptr;
     ContextPtr context = std::move(found->second);
     table.contexts.erase(found);
+    if (table.contexts.empty()) table.contexts = {};  // gives the buckets back too
     return context;
 }
 

@@ -2,9 +2,12 @@
 
 namespace fovix {
 
-SharedLock::SharedLock() {
-    static const auto processLock = std::make_shared<std::recursive_mutex>();
-    mutex_ = processLock;
-}
+namespace {
+
+std::recursive_mutex processLock;
+
+}  // namespace
+
+SharedLock::SharedLock() : mutex_(&processLock) {}
 
 }  // namespace fovix

@@ -5,21 +5,20 @@
 // as often. lock() and unlock() make a SharedLock usable with std::lock_guard.
 #pragma once
 
-#include <memory>
 #include <mutex>
 
 namespace fovix {
 
 class SharedLock {
   public:
-    /// Opens the process's lock: made by the first, opened by the rest.
+    /// Opens the process's lock.
     SharedLock();
 
     void lock() { mutex_->lock(); }
     void unlock() { mutex_->unlock(); }
 
   private:
-    std::shared_ptr<std::recursive_mutex> mutex_;
+    std::recursive_mutex* mutex_;
 };
 
 using LockSection = std::lock_guard<SharedLock>;
