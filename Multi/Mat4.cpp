@@ -10,8 +10,7 @@ namespace {
 
 constexpr Mat4 kZero = {{}};
 
-/// A rotation in the plane of two axes: the sine stands in column `from` of row `to`, its negative the other
-/// way round.
+/// A rotation in the plane of two axes: the sine stands in row `to`, column `from`, its negative opposite.
 void rotate(Mat4& m, double degrees, std::size_t from, std::size_t to) {
     const double angle = degrees * kRadiansPerDegree;
     const double cosine = std::cos(angle), sine = std::sin(angle);
@@ -54,8 +53,7 @@ void Mat4_Scale(Mat4& m, double x, double y, double z) {
 
 void Mat4_Perspective(Mat4& m, double fov, double near, double far, double numerator, double denominator,
                       double scale) {
-    // A zoom may close the field of view and a surface may have no height: the matrix stays finite all the
-    // same.
+    // A zoom may close the field of view and a surface may have no height: the matrix stays finite.
     const double tangent = std::tan(fov * kRadiansPerDegree * 0.5);
     const double f = scale / std::copysign(std::max(std::abs(tangent), 1e-9), tangent);
     const double stretch = denominator != 0.0 ? numerator / denominator : 1.0;
