@@ -39,26 +39,18 @@ void onConfigChanged(FovixModel& model) {
 
 void drawSelf(FovixModel& model, int mvpMatrixUniform, int verticalOffsetUniform) {
     const OriginalParams& p = params(model);
-    const FlatView view = p.mView;
+    const RotateZoomView view = p.mView;
     const Mat4 matrix =
         flatPictureMatrix(view.mZoom, view.mRotateX, view.mRotateY, model.backingWidth, model.backingHeight);
     drawMesh(model, matrix, {mvpMatrixUniform, verticalOffsetUniform}, p.mNumTriangles, p.mKind->source);
 }
 
 void setRotateZoom(FovixModel& model, int, double xAngle, double yAngle, double zAngle, double zoom) {
-    FlatView& view = params(model).mView;
-    view.mRotateX = xAngle;
-    view.mRotateY = yAngle;
-    view.mRotateZ = zAngle;
-    view.mZoom = zoom;
+    params(model).mView.set(xAngle, yAngle, zAngle, zoom);
 }
 
 void getRotateZoom(FovixModel& model, int, double* xAngle, double* yAngle, double* zAngle, double* zoom) {
-    const FlatView& view = params(model).mView;
-    writeIfWanted(xAngle, view.mRotateX);
-    writeIfWanted(yAngle, view.mRotateY);
-    writeIfWanted(zAngle, view.mRotateZ);
-    writeIfWanted(zoom, view.mZoom);
+    params(model).mView.get(xAngle, yAngle, zAngle, zoom);
 }
 
 constexpr FovixModelOperations kFlatPictureOperations = {
@@ -78,17 +70,6 @@ constexpr FovixModelOperations kFlatPictureOperations = {
 static_assert(hasMandatoryOperations(kFlatPictureOperations));
 
 }  // namespace
-
-void FlatView::reset() {
-    mZoom = 1.0;
-    mRotateX = mRotateY = mRotateZ = 0.0;
-}
-
-double fieldOfViewForZoom(double zoom) {
-    if (zoom == 1.0) return 90.0;
-    if (zoom < 1.0) return 100.0 - (zoom - 0.25) * 10.0 / 0.75;
-    return 90.0 - (zoom - 1.0) * 70.0 / 19.0;
-}
 
 Mat4 flatPictureMatrix(double zoom, double rotateX, double rotateY, int width, int height) {
     Mat4 m;

@@ -8,18 +8,9 @@
 #include "FovixModel.h"
 #include "GridMesh.h"
 #include "Mat4.h"
+#include "RotateZoomView.h"
 
 namespace fovix {
-
-/// A flat picture's view. Angles move the picture by 1/180 model unit per degree.
-struct FlatView {
-    Cell<double> mZoom = 1.0;     ///< 1.0: the picture fills the surface's width
-    Cell<double> mRotateX = 0.0;  ///< moves the picture up
-    Cell<double> mRotateY = 0.0;  ///< moves the picture left
-    Cell<double> mRotateZ = 0.0;  ///< kept, not drawn
-
-    void reset();
-};
 
 /// What makes one kind of flat picture differ from another.
 struct FlatPictureKind {
@@ -32,18 +23,11 @@ struct OriginalParams : ModelParams {
     OriginalParams(const FishEyeConfig& lens, const FlatPictureKind& kind)
         : ModelParams(lens), mKind(&kind) {}
 
-    FlatView mView;
+    RotateZoomView mView;           ///< zoom 1.0: the picture fills the surface's width
     VertexCachePtr mVerticesCache;  ///< built on first use
     Cell<int> mNumTriangles = 0;
     const FlatPictureKind* mKind;
 };
-
-/// Field of view in degrees for a zoom: 100 at 0.25, 90 at 1, 20 at 20, linear between.
-double fieldOfViewForZoom(double zoom);
-
-/// Near and far plane of every flat picture.
-inline constexpr double kNearPlane = 0.1000000014901161;
-inline constexpr double kFarPlane = 30.0;
 
 /// Model-view-projection matrix of a flat picture on a surface of width × height pixels.
 Mat4 flatPictureMatrix(double zoom, double rotateX, double rotateY, int width, int height);

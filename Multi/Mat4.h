@@ -12,6 +12,10 @@ namespace fovix {
 /// Degrees to radians, to the digits that every angle of the library is computed with.
 inline constexpr double kRadiansPerDegree = 0.01745329252;
 
+/// Planes of every projection.
+inline constexpr double kNearPlane = 0.1000000014901161;
+inline constexpr double kFarPlane = 30.0;
+
 struct Mat4 {
     std::array<double, 16> m = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
 
