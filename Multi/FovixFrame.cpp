@@ -9,6 +9,7 @@
 #include "Diagnostics.h"
 #include "FovixContext.h"
 #include "FovixHandle.h"
+#include "FovixOverlays.h"
 #include "FovixPrograms.h"
 #include "FovixTextures.h"
 #include "GlCheck.h"
@@ -165,6 +166,7 @@ void drawFrame(FovixContext& context) {
         drawModel(context, *display->model);
     }
     drawModelOverlays(context, *display);
+    drawFramesAndIndicators(context, *display);
 }
 
 }  // namespace
