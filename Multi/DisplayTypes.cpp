@@ -4,17 +4,35 @@
 #include <array>
 
 #include "Fovix.h"
+#include "FovixModel180VR.h"
+#include "FovixModel360VR.h"
 #include "FovixModelKorvel.h"
+#include "FovixModelMultiLens.h"
 #include "FovixModelOriginal.h"
+#include "FovixModelSinglePIP.h"
+#include "FovixModelTwoLensesInOne.h"
+#include "TouchController180VR.h"
+#include "TouchController360VR.h"
+#include "TouchControllerOriginal.h"
+#include "TouchControllerSinglePIP.h"
+#include "TouchControllerTwoLensesInOne.h"
 
 namespace fovix {
 
 namespace {
 
-constexpr DisplayType kPlainPicture = {FOVIX_TYPE_ORIGINAL, FovixModelOriginal_Create, nullptr, 0};
+constexpr DisplayType kPlainPicture = {FOVIX_TYPE_ORIGINAL, FovixModelOriginal_Create,
+                                       TouchControllerOriginal_Create, 1};
 
 constexpr std::array kDisplayTypes = {
-    DisplayType{FOVIX_TYPE_KORVEL, FovixModelKorvel_Create, nullptr, 0},
+    DisplayType{FOVIX_TYPE_360VR, FovixModel360VR_Create, TouchController360VR_Create, kScreenCount},
+    DisplayType{FOVIX_TYPE_180VR, FovixModel180VR_Create, TouchController180VR_Create, kScreenCount},
+    DisplayType{FOVIX_TYPE_KORVEL, FovixModelKorvel_Create, TouchControllerOriginal_Create, 1},
+    DisplayType{FOVIX_TYPE_MULTI_IMAGE, FovixModelOriginal_Create, nullptr, 0},
+    DisplayType{FOVIX_TYPE_MULTI_LENS, FovixModelMultiLens_Create, nullptr, 0},
+    DisplayType{FOVIX_TYPE_SINGLE_PIP, FovixModelSinglePIP_Create, TouchControllerSinglePIP_Create, 1},
+    DisplayType{FOVIX_TYPE_TWO_LENSES, FovixModelTwoLensesInOne_Create, TouchControllerTwoLensesInOne_Create,
+                1},
 };
 
 }  // namespace

@@ -70,25 +70,28 @@ inline constexpr int kScreenCount = 6;
 
 /// True when the operations that callers do not test are there.
 constexpr bool hasTouchOperations(const TouchControllerOperations& operations) {
-    return operations.onTouchDown && operations.onTouchUp && operations.onTouchMove && operations.onTouchPinch &&
-           operations.onTouchPinchScale && operations.onTouchFling && operations.update;
+    return isFilled(operations.onTouchDown) && isFilled(operations.onTouchUp) &&
+           isFilled(operations.onTouchMove) && isFilled(operations.onTouchPinch) &&
+           isFilled(operations.onTouchPinchScale) && isFilled(operations.onTouchFling) &&
+           isFilled(operations.update);
 }
 
 /// A new controller with its table and its params record; screenIndex is 0..5.
 ControllerPtr TouchController_Create(const TouchControllerOperations& operations,
-                                     std::unique_ptr<ControllerParams> params, VRHANDLE owner, int screenIndex);
+                                     std::unique_ptr<ControllerParams> params, VRHANDLE owner,
+                                     int screenIndex);
 
 /// For an operation that a kind takes and does nothing with.
 template <class... Arguments>
 void TouchController_Ignore(TouchController&, Arguments...) {}
 
-/// The model that the controller drives. Null when the owner is no live handle, which is reported, and when the
-/// handle shows another type by now: a frame may still be stepping the controllers of the last one.
+/// The model that the controller drives. Null when the owner is no live handle, which is reported, and when
+/// the handle shows another type by now: a frame may still be stepping the controllers of the last one.
 ModelPtr TouchController_Model(const TouchController& controller);
 
 /// Hands a view to the controller's screen of the model; without the lock.
-void TouchController_PushRotateZoom(const TouchController& controller, double xAngle, double yAngle, double zAngle,
-                                    double zoom);
+void TouchController_PushRotateZoom(const TouchController& controller, double xAngle, double yAngle,
+                                    double zAngle, double zoom);
 
 /// The kind's own record.
 template <class Params>

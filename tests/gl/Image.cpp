@@ -10,7 +10,7 @@ namespace fovix_test {
 namespace {
 
 std::string text(const Rgba& colour) {
-    return "(" + std::to_string(colour[0]) + ", " + std::to_string(colour[1]) + ", " +
+    return std::string("(") + std::to_string(colour[0]) + ", " + std::to_string(colour[1]) + ", " +
            std::to_string(colour[2]) + ")";
 }
 
@@ -73,8 +73,8 @@ testing::AssertionResult showsAt(const Image& actual, const std::vector<Probe>& 
     for (const Probe& probe : probes) {
         const Rgba found = actual.at(probe.x, probe.y);
         if (distance(found, probe.colour) <= tolerance) continue;
-        differences += "at (" + std::to_string(probe.x) + ", " + std::to_string(probe.y) + "): actual " +
-                       text(found) + ", expected " + text(probe.colour) + "\n";
+        differences += std::string("at (") + std::to_string(probe.x) + ", " + std::to_string(probe.y) +
+                       "): actual " + text(found) + ", expected " + text(probe.colour) + "\n";
     }
     if (differences.empty()) return testing::AssertionSuccess();
     return testing::AssertionFailure() << differences << "written: " << writePpm(actual, "actual");
@@ -94,8 +94,8 @@ testing::AssertionResult looksLike(const Image& actual, const Image& expected, i
             if (wanted[3] == 0 || distance(found, wanted) <= tolerance) continue;
             difference.set(x, y, differenceOf(found, wanted));
             if (count++ == 0) {
-                first = "first at (" + std::to_string(x) + ", " + std::to_string(y) + "): actual " +
-                        text(found) + ", expected " + text(wanted);
+                first = std::string("first at (") + std::to_string(x) + ", " + std::to_string(y) +
+                        "): actual " + text(found) + ", expected " + text(wanted);
             }
         }
     }

@@ -83,7 +83,8 @@ LandmarkPicture::LandmarkPicture(int width, int height, std::vector<PicturePoint
         for (int x = 0; x < width; ++x) {
             for (std::size_t i = 0; i < landmarks_.size(); ++i) {
                 const PicturePoint& centre = landmarks_[i];
-                if (std::hypot(x + 0.5 - centre.x, y + 0.5 - centre.y) < radius) image_.set(x, y, colourOf(i));
+                if (std::hypot(x + 0.5 - centre.x, y + 0.5 - centre.y) < radius)
+                    image_.set(x, y, colourOf(i));
             }
         }
     }
@@ -97,8 +98,8 @@ std::vector<LandmarkPicture::Spot> LandmarkPicture::spotsOf(const PicturePoint& 
     std::vector<Places> outline;
     for (int i = 0; i < kOutline; ++i) {
         const double angle = 2.0 * std::numbers::pi * i / kOutline;
-        outline.push_back(projection(
-            {landmark.x + radius_ * std::cos(angle), landmark.y + radius_ * std::sin(angle)}));
+        outline.push_back(
+            projection({landmark.x + radius_ * std::cos(angle), landmark.y + radius_ * std::sin(angle)}));
     }
     std::vector<Spot> spots;
     for (std::size_t copy = 0; copy < outline[0].size(); ++copy) {
@@ -163,7 +164,8 @@ testing::AssertionResult LandmarkPicture::isSeenIn(const Image& surface, const V
             probes.push_back({static_cast<int>(spot.x), static_cast<int>(spot.y), colourOf(i)});
         }
     }
-    if (whole < atLeast) wrong << "only " << whole << " landmarks lie in the viewport, not " << atLeast << "\n";
+    if (whole < atLeast)
+        wrong << "only " << whole << " landmarks lie in the viewport, not " << atLeast << "\n";
     if (wrong.str().empty()) return testing::AssertionSuccess();
     return testing::AssertionFailure() << wrong.str() << showsAt(surface, probes).message();
 }

@@ -1,6 +1,6 @@
-// Pictures with landmarks: discs of one colour each, whose places on the surface a test works out by itself with
-// the small vector arithmetic below. A point carries through a screen as a row: every turn and move in its order,
-// the eye in the origin, looking along −z.
+// Pictures with landmarks: discs of one colour each, whose places on the surface a test works out by itself
+// with the small vector arithmetic below. A point carries through a screen as a row: every turn and move in
+// its order, the eye in the origin, looking along −z.
 #pragma once
 
 #include <functional>
@@ -49,7 +49,8 @@ class LandmarkPicture {
     /// Every landmark lies where the projection says, in its size, and nowhere else in the viewport; at least
     /// this many lie there whole.
     testing::AssertionResult isSeenIn(const Image& surface, const Viewport& viewport,
-                                      const Projection& projection, int atLeast, double tolerance = 1.5) const;
+                                      const Projection& projection, int atLeast,
+                                      double tolerance = 1.5) const;
 
   private:
     struct Spot;  ///< where a landmark is to appear, in pixels from the top left
