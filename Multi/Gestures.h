@@ -1,0 +1,39 @@
+// Arithmetic of gestures that the touch controllers share. Whatever coordinates a host reports, results are
+// finite.
+#pragma once
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace fovix {
+
+/// Degrees of a view per pixel of a drag.
+inline constexpr double kDegreesPerPixel = 0.44444445f;
+
+/// The smallest zoom of a pinch.
+inline constexpr double kSmallestZoom = 0.25;
+
+/// Limit of a target that turns freely.
+inline constexpr double kNoLimit = std::numeric_limits<double>::max();
+
+/// Pixels from one touch event to the next, in the single precision of the events.
+inline float dragDistance(float from, float to) {
+    constexpr float kLargest = std::numeric_limits<float>::max();
+    return std::clamp(to - from, -kLargest, kLargest);
+}
+
+/// Distance of two fingers in pixels; never more than a float holds.
+inline double fingerDistance(float x1, float y1, float x2, float y2) {
+    const double dx = dragDistance(x1, x2), dy = dragDistance(y1, y2);
+    return std::min<double>(std::sqrt(dx * dx + dy * dy), std::numeric_limits<float>::max());
+}
+
+/// A target after a drag of so many degrees at normal size, kept within ±limit. From zoom 2 on the view turns
+/// more slowly, so that the picture stays under the finger.
+inline double draggedTarget(double target, double degrees, double zoom, double limit) {
+    const double bound = std::min(limit, kNoLimit);
+    return std::clamp(target + degrees / (std::max(zoom, 2.0) * 0.5), -bound, bound);
+}
+
+}  // namespace fovix
