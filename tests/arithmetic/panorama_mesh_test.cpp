@@ -109,7 +109,8 @@ TEST(Panorama, LaysRingByRingInEverySectorAndClosesTheSeam) {
 }
 
 TEST(Panorama, PrintsItsSettings) {
-    EXPECT_EQ(printed([] { GridMesh_Create_360VR(offCentreLens(), 0, 5); }),
+    const FishEyeConfig& lens = offCentreLens();
+    EXPECT_EQ(printed([&] { GridMesh_Create_360VR(lens, 0, 5); }),
               "FishEyeConfig_GetWidth = 960.000000\nFishEyeConfig_GetHeight = 960.000000\n"
               "FishEyeConfig_GetTextureWidth = 1600\nFishEyeConfig_GetTextureHeight = 1000\n"
               "m_FishEyeWidth = 1600.000000\nm_FishEyeHeight = 1600.000000\nm_TextureWidth = 1600\n"
