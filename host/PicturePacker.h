@@ -1,0 +1,42 @@
+// Turns decoded pictures into what libfovix takes. Limited-range 4:2:0 (planar or with interleaved
+// chroma), limited-range grey and RGBA keep the decoder's own bytes, copied row by row only where the
+// planes are padded or apart; every other format is converted to RGBA with its own range and matrix.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "MediaOwners.h"
+
+namespace fovix_host {
+
+// The arguments of Fovix_SetTexture. The bytes belong to the packed frame or to the packer: they are
+// valid until either changes.
+struct PackedPicture {
+    int pixelFormat = 0;
+    const unsigned char* data = nullptr;
+    int size = 0;
+    int width = 0;
+    int height = 0;
+};
+
+class PicturePacker {
+  public:
+    // Throws std::runtime_error when the picture cannot be converted or is too large for the library.
+    PackedPicture pack(const AVFrame& frame);
+
+  private:
+    PackedPicture packRgba(const AVFrame& frame);
+    PackedPicture packPlanar(const AVFrame& frame);
+    PackedPicture packGrey(const AVFrame& frame);
+    PackedPicture packSemiPlanar(const AVFrame& frame, int pixelFormat);
+    PackedPicture convert(const AVFrame& frame);
+    unsigned char* room(std::size_t bytes);
+    PackedPicture buffered(const AVFrame& frame, int pixelFormat) const;
+
+    std::vector<unsigned char> _buffer;
+    ScalerOwner _scaler;
+};
+
+}  // namespace fovix_host

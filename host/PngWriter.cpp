@@ -1,0 +1,72 @@
+#include "PngWriter.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <memory>
+#include <new>
+#include <stdexcept>
+
+#include "MediaOwners.h"
+
+namespace fovix_host {
+namespace {
+
+void must(int result, const char* what) {
+    if (result < 0) throw std::runtime_error(std::string(what) + ": " + mediaErrorText(result));
+}
+
+FrameOwner rgbFrame(const RgbaImage& image) {
+    FrameOwner frame(av_frame_alloc());
+    if (!frame) throw std::bad_alloc();
+    frame->format = AV_PIX_FMT_RGB24;
+    frame->width = image.width;
+    frame->height = image.height;
+    must(av_frame_get_buffer(frame.get(), 0), "no memory for the PNG picture");
+    for (int y = 0; y < image.height; ++y) {
+        const std::uint8_t* from = image.at(0, y);
+        std::uint8_t* to = frame->data[0] + static_cast<std::ptrdiff_t>(y) * frame->linesize[0];
+        for (int x = 0; x < image.width; ++x, from += 4, to += 3) std::memcpy(to, from, 3);
+    }
+    return frame;
+}
+
+PacketOwner encode(const RgbaImage& image) {
+    const AVCodec* encoder = avcodec_find_encoder(AV_CODEC_ID_PNG);
+    if (!encoder) throw std::runtime_error("this build of FFmpeg has no PNG encoder");
+    CodecOwner codec(avcodec_alloc_context3(encoder));
+    PacketOwner packet(av_packet_alloc());
+    if (!codec || !packet) throw std::bad_alloc();
+    codec->width = image.width;
+    codec->height = image.height;
+    codec->pix_fmt = AV_PIX_FMT_RGB24;
+    codec->time_base = {1, 25};
+    codec->thread_count = 1;
+    must(avcodec_open2(codec.get(), encoder, nullptr), "the PNG encoder cannot start");
+    must(avcodec_send_frame(codec.get(), rgbFrame(image).get()), "the picture cannot be encoded");
+    must(avcodec_send_frame(codec.get(), nullptr), "the picture cannot be encoded");
+    must(avcodec_receive_packet(codec.get(), packet.get()), "the picture cannot be encoded");
+    return packet;
+}
+
+struct FileCloser {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+
+[[noreturn]] void failWriting(const std::string& file) {
+    throw std::runtime_error("cannot write '" + file + "': " + std::strerror(errno));
+}
+
+}  // namespace
+
+void writePng(const std::string& file, const RgbaImage& image) {
+    av_log_set_level(AV_LOG_QUIET);
+    const PacketOwner packet = encode(image);
+    std::unique_ptr<std::FILE, FileCloser> out(std::fopen(file.c_str(), "wb"));
+    if (!out) failWriting(file);
+    const auto size = static_cast<std::size_t>(packet->size);
+    if (std::fwrite(packet->data, 1, size, out.get()) != size) failWriting(file);
+    if (std::fclose(out.release()) != 0) failWriting(file);
+}
+
+}  // namespace fovix_host

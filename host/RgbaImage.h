@@ -1,0 +1,29 @@
+// A picture in memory as the host programs pass it around: 8-bit RGBA, rows top to bottom, no gaps.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace fovix_host {
+
+struct RgbaImage {
+    int width = 0;
+    int height = 0;
+    std::vector<std::uint8_t> pixels;
+
+    RgbaImage() = default;
+    RgbaImage(int w, int h)
+        : width(w), height(h), pixels(static_cast<std::size_t>(w) * static_cast<std::size_t>(h) * 4) {}
+
+    std::uint8_t* at(int x, int y) { return pixels.data() + offset(x, y); }
+    const std::uint8_t* at(int x, int y) const { return pixels.data() + offset(x, y); }
+
+  private:
+    std::size_t offset(int x, int y) const {
+        return (static_cast<std::size_t>(y) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x)) *
+               4;
+    }
+};
+
+}  // namespace fovix_host

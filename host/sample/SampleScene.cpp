@@ -1,0 +1,176 @@
+#include "SampleScene.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <numbers>
+#include <thread>
+
+namespace fovix_host {
+namespace {
+
+constexpr double degree = std::numbers::pi / 180.0;
+
+// Runs task(row) for each row, on all processors; rows do not depend on each other.
+template <typename Task>
+void forEachRow(int top, int bottom, const Task& task) {
+    const int workers = static_cast<int>(std::clamp(std::thread::hardware_concurrency(), 1u, 16u));
+    std::vector<std::jthread> threads;
+    for (int worker = 0; worker < workers; ++worker)
+        threads.emplace_back([=, &task] {
+            for (int row = top + worker; row < bottom; row += workers) task(row);
+        });
+}
+
+void store(std::uint8_t* pixel, Vec3 colour) {
+    const auto byte = [](double value) { return static_cast<std::uint8_t>(std::lround(value)); };
+    pixel[0] = byte(colour.x);
+    pixel[1] = byte(colour.y);
+    pixel[2] = byte(colour.z);
+    pixel[3] = 255;
+}
+
+bool differ(const std::uint8_t* a, const std::uint8_t* b) {
+    constexpr int visible = 14;
+    return std::abs(a[0] - b[0]) > visible || std::abs(a[1] - b[1]) > visible ||
+           std::abs(a[2] - b[2]) > visible;
+}
+
+// Whether the pixel stands out from one of its neighbours, that is, lies on an edge.
+bool onEdge(const RgbaImage& image, int x, int y) {
+    const std::uint8_t* here = image.at(x, y);
+    return (x > 0 && differ(here, image.at(x - 1, y))) || (y > 0 && differ(here, image.at(x, y - 1))) ||
+           (x + 1 < image.width && differ(here, image.at(x + 1, y))) ||
+           (y + 1 < image.height && differ(here, image.at(x, y + 1)));
+}
+
+PicturePoint middleOf(int x, int y) {
+    return {x + 0.5, y + 0.5};
+}
+
+LensCircle circleFor(int width, int height) {
+    const int smaller = std::min(width, height);
+    return {width / 2, height / 2, smaller / 2 - smaller / 80, width, height};
+}
+
+}  // namespace
+
+PicturePoint project(const LensCircle& lens, CameraDirection direction) {
+    const double aside = std::hypot(direction.x, direction.y);
+    const double offAxis = std::atan2(aside, direction.z) / degree;
+    const double reach = aside > 0.0 ? lens.radius * offAxis / SampleScene::halfFieldOfView / aside : 0.0;
+    return {lens.xCenter + direction.x * reach, lens.yCenter + direction.y * reach};
+}
+
+SampleScene::Pose SampleScene::poseOf(Camera camera) {
+    if (camera == Camera::wall) return {{-hallHalfLength + 0.2, 0, 3.0}, {0, -1, 0}, {0, 0, -1}, {1, 0, 0}};
+    return {{0, 0, 3.3}, {1, 0, 0}, {0, -1, 0}, {0, 0, -1}};
+}
+
+SampleScene::SampleScene(Camera camera, int width, int height)
+    : _pose(poseOf(camera)), _lens(circleFor(width, height)) {}
+
+CameraDirection SampleScene::toCamera(Vec3 place) const {
+    const Vec3 to = place - _pose.place;
+    return {dot(to, _pose.right), dot(to, _pose.down), dot(to, _pose.axis)};
+}
+
+std::optional<Ray> SampleScene::rayThrough(PicturePoint point) const {
+    const double dx = point.x - _lens.xCenter, dy = point.y - _lens.yCenter;
+    const double reach = std::hypot(dx, dy);
+    if (reach > _lens.radius) return std::nullopt;
+    const double offAxis = reach / _lens.radius * halfFieldOfView * degree;
+    const double aside = reach > 0.0 ? std::sin(offAxis) / reach : 0.0;
+    const Vec3 direction =
+        _pose.right * (dx * aside) + _pose.down * (dy * aside) + _pose.axis * std::cos(offAxis);
+    return Ray{_pose.place, direction};
+}
+
+Vec3 SampleScene::lookAt(PicturePoint point) const {
+    const auto ray = rayThrough(point);
+    return ray ? _carPark.look(*ray) : Vec3{};
+}
+
+// The mean of a raster of 3 by 3 lines of sight inside the pixel.
+Vec3 SampleScene::smoothed(int x, int y) const {
+    constexpr int raster = 3;
+    Vec3 sum;
+    for (int i = 0; i < raster; ++i)
+        for (int j = 0; j < raster; ++j) sum = sum + lookAt({x + (i + 0.5) / raster, y + (j + 0.5) / raster});
+    return sum * (1.0 / (raster * raster));
+}
+
+void SampleScene::drawStill() {
+    const int width = _lens.imageWidth, height = _lens.imageHeight;
+    _carPark.hideTraffic();
+    _stillCentres = RgbaImage(width, height);
+    forEachRow(0, height, [&](int y) {
+        for (int x = 0; x < width; ++x) store(_stillCentres.at(x, y), lookAt(middleOf(x, y)));
+    });
+    _still = _stillCentres;
+    forEachRow(0, height, [&](int y) {
+        for (int x = 0; x < width; ++x)
+            if (onEdge(_stillCentres, x, y)) store(_still.at(x, y), smoothed(x, y));
+    });
+}
+
+void SampleScene::drawMoving(const Sphere& part) {
+    const Area area = areaOf(part);
+    if (area.left >= area.right || area.top >= area.bottom) return;
+    const auto concerned = [&](int x, int y) {
+        const auto ray = rayThrough(middleOf(x, y));
+        return ray && passes(*ray, part);
+    };
+    RgbaImage centres(area.right - area.left, area.bottom - area.top);
+    forEachRow(area.top, area.bottom, [&](int y) {
+        std::copy_n(_stillCentres.at(area.left, y), centres.width * 4, centres.at(0, y - area.top));
+        for (int x = area.left; x < area.right; ++x)
+            if (concerned(x, y)) store(centres.at(x - area.left, y - area.top), lookAt(middleOf(x, y)));
+    });
+    forEachRow(area.top, area.bottom, [&](int y) {
+        for (int x = area.left; x < area.right; ++x) {
+            if (!concerned(x, y)) continue;
+            const int column = x - area.left, row = y - area.top;
+            if (onEdge(centres, column, row))
+                store(_picture.at(x, y), smoothed(x, y));
+            else
+                std::copy_n(centres.at(column, row), 4, _picture.at(x, y));
+        }
+    });
+}
+
+SampleScene::Area SampleScene::areaOf(const Sphere& part) const {
+    const Area whole{0, 0, _lens.imageWidth, _lens.imageHeight};
+    const CameraDirection towards = toCamera(part.centre);
+    const double distance = length(towards);
+    if (distance <= part.radius) return whole;
+    // Across the radius the lens stretches small shapes by up to half of pi.
+    const double degrees = std::asin(part.radius / distance) / degree;
+    const double reach = 1.6 * degrees / halfFieldOfView * _lens.radius;
+    const PicturePoint centre = project(_lens, towards);
+    const auto pixel = [](double value, int most) {
+        return static_cast<int>(std::clamp(value, 0.0, double(most)));
+    };
+    return {pixel(centre.x - reach, whole.right), pixel(centre.y - reach, whole.bottom),
+            pixel(centre.x + reach + 1.0, whole.right), pixel(centre.y + reach + 1.0, whole.bottom)};
+}
+
+const RgbaImage& SampleScene::picture(int frame) {
+    if (_still.pixels.empty()) drawStill();
+    _picture = _still;
+    _carPark.showTraffic(frame);
+    for (const Sphere& part : _carPark.movingParts()) drawMoving(part);
+    return _picture;
+}
+
+std::vector<SampleScene::VisibleLandmark> SampleScene::visibleLandmarks() const {
+    std::vector<VisibleLandmark> visible;
+    for (const Landmark& mark : landmarks) {
+        const CameraDirection direction = toCamera(mark.centre);
+        const double offAxis = std::atan2(std::hypot(direction.x, direction.y), direction.z) / degree;
+        if (offAxis < halfFieldOfView) visible.push_back({mark.name, mark.colour, unit(direction)});
+    }
+    return visible;
+}
+
+}  // namespace fovix_host

@@ -1,0 +1,53 @@
+// How the car park's hall is painted: the colour at a point of its floor, walls and ceiling, its light,
+// and the coloured panels that serve as landmarks. Colours are linear albedo unless said otherwise.
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "Solids.h"
+
+namespace fovix_host {
+
+// The hall's inner faces; the floor is z = 0.
+constexpr double hallHalfLength = 12.0;  // along x
+constexpr double hallHalfWidth = 8.0;    // along y
+constexpr double hallHeight = 4.0;
+constexpr double bayWidth = 2.5;
+constexpr double bayMouth = 3.2;  // the bays reach from here to the long walls
+
+// A square on the floor or a panel on a wall, lit from within: it shows exactly its colour.
+struct Landmark {
+    const char* name;
+    std::array<std::uint8_t, 3> colour;
+    Vec3 centre;
+    Vec3 halfSize;  // zero across the surface that carries it
+};
+
+constexpr std::array<Landmark, 6> landmarks{{
+    {"red", {220, 30, 30}, {2.5, hallHalfWidth, 1.7}, {0.8, 0, 0.45}},
+    {"green", {30, 180, 60}, {hallHalfLength, 6.6, 1.45}, {0, 0.8, 0.4}},
+    {"blue", {40, 70, 220}, {-1.9, -hallHalfWidth, 1.7}, {0.8, 0, 0.45}},
+    {"yellow", {240, 210, 30}, {-hallHalfLength, -6.6, 1.45}, {0, 0.8, 0.4}},
+    {"magenta", {210, 40, 190}, {-5.0, 0, 0}, {0.5, 0.5, 0}},
+    {"cyan", {30, 200, 220}, {-4.6, -6.2, 0}, {0.7, 0.7, 0}},
+}};
+
+// The landmark whose panel covers the point, or nullptr.
+const Landmark* landmarkAt(Vec3 point);
+
+// What a surface of the hall reflects and how much it shines by itself.
+struct Finish {
+    Vec3 albedo;
+    double glow = 0;
+};
+
+Finish floorFinish(Vec3 point);
+Finish ceilingFinish(Vec3 point);
+Finish wallFinish(Vec3 point, Vec3 normal);
+Finish pillarFinish(Vec3 point, Vec3 normal);
+
+// Light of the two rows of tubes on a surface at the point.
+double lightAt(Vec3 point, Vec3 normal);
+
+}  // namespace fovix_host

@@ -1,0 +1,46 @@
+// What stands and moves in the car park: cars and a walking figure, their shapes, paint and paths.
+#pragma once
+
+#include <vector>
+
+#include "Surfaces.h"
+
+namespace fovix_host {
+
+// Something met by a line of sight: where, and what the surface there looks like.
+struct Sight {
+    Hit hit;
+    Finish finish;
+};
+
+struct Car {
+    double x = 0, y = 0;
+    double forwardX = 1, forwardY = 0;  // unit vector from the boot to the bonnet
+    Vec3 paint;
+
+    Sphere bounds() const { return {{x, y, 0.6}, 2.4}; }
+    Sphere boundsWithShadow() const { return {{x, y, 0.6}, 3.2}; }
+    bool meets(const Ray& ray, Sight& sight) const;
+    // How much of the hall's light reaches the floor at a point near the car: 0 under it, 1 far away.
+    double floorLight(double floorX, double floorY) const;
+};
+
+struct Walker {
+    double x = 0, y = 0;
+    double forwardY = 1;  // walks north (1) or south (-1)
+    double stride = 0;    // swing of the limbs, -1 to 1
+
+    Sphere bounds() const { return {{x, y, 0.9}, 1.0}; }
+    Sphere boundsWithShadow() const { return {{x, y, 0.9}, 1.1}; }
+    bool meets(const Ray& ray, Sight& sight) const;
+    double floorLight(double floorX, double floorY) const;
+};
+
+std::vector<Car> parkedCars();
+// Positions at a frame, at 25 frames per second; they repeat every trafficPeriod frames.
+std::vector<Car> movingCars(int frame);
+Walker walkerAt(int frame);
+constexpr int trafficPeriod = 600;
+constexpr double trafficHeight = 1.9;  // nothing that drives or walks is taller
+
+}  // namespace fovix_host
