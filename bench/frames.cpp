@@ -1,7 +1,7 @@
-// What the library costs over the GL itself: every round draws the same frame twice, through the library and as the
-// bare GL calls that it amounts to (one copy, the uploads, the clear, the draw), and adds up the processor time of
-// all threads, the software rasteriser's included. Counters: median milliseconds of both, and the median of the
-// rounds' ratios.
+// What the library costs over the GL itself: every round draws the same frame twice, through the library and
+// as the bare GL calls that it amounts to (one copy, the uploads, the clear, the draw), and adds up the
+// processor time of all threads, the software rasteriser's included. Counters: median milliseconds of both,
+// and the median of the rounds' ratios.
 
 #include <GL/glew.h>
 #include <benchmark/benchmark.h>
@@ -15,11 +15,11 @@
 #include "FovixContext.h"
 #include "FovixShaders.h"
 #include "GlContext.h"
+#include "Runner.h"
 
 namespace {
 
 struct Case {
-    const char* name;
     int type, pixelFmt, side, width, height;
 };
 
@@ -111,13 +111,15 @@ class BareFrame {
     void uploadTo(int unit, GLenum format, int side, const unsigned char* bytes) {
         glActiveTexture(static_cast<GLenum>(GL_TEXTURE0 + unit));
         glBindTexture(GL_TEXTURE_2D, textures_[unit]);
-        glTexImage2D(GL_TEXTURE_2D, 0, static_cast<GLint>(format), side, side, 0, format, GL_UNSIGNED_BYTE, bytes);
+        glTexImage2D(GL_TEXTURE_2D, 0, static_cast<GLint>(format), side, side, 0, format, GL_UNSIGNED_BYTE,
+                     bytes);
     }
 
     void upload() {
         const int side = case_.side;
         if (case_.pixelFmt == FOVIX_FORMAT_RGBA) return uploadTo(0, GL_RGBA, side, copy_.data());
-        const std::size_t luma = static_cast<std::size_t>(side) * static_cast<std::size_t>(side), chroma = luma / 4;
+        const std::size_t luma = static_cast<std::size_t>(side) * static_cast<std::size_t>(side),
+                          chroma = luma / 4;
         const unsigned char* u = copy_.data() + luma;
         const unsigned char* v = u + chroma;
         if (case_.pixelFmt == FOVIX_FORMAT_NV12) {
@@ -206,15 +208,16 @@ void registerCases() {
         const char* name;
         int code;
     };
-    for (const Type& type : {Type{"plain", FOVIX_TYPE_ORIGINAL}, Type{"180", FOVIX_TYPE_180VR},
-                             Type{"360", FOVIX_TYPE_360VR}}) {
+    for (const Type& type :
+         {Type{"plain", FOVIX_TYPE_ORIGINAL}, Type{"180", FOVIX_TYPE_180VR}, Type{"360", FOVIX_TYPE_360VR}}) {
         for (const Size& size : {Size{1920, 1280, 720}, Size{3840, 1920, 1080}}) {
-            for (const Format& format : {Format{"rgba", FOVIX_FORMAT_RGBA}, Format{"planar", FOVIX_FORMAT_YUV420P},
-                                         Format{"interleaved", FOVIX_FORMAT_NV12}}) {
+            for (const Format& format :
+                 {Format{"rgba", FOVIX_FORMAT_RGBA}, Format{"planar", FOVIX_FORMAT_YUV420P},
+                  Format{"interleaved", FOVIX_FORMAT_NV12}}) {
                 const std::string name = std::string("frame/") + type.name + "/" + format.name + "/" +
                                          std::to_string(size.side) + "->" + std::to_string(size.width) + "x" +
                                          std::to_string(size.height);
-                const Case c = {"", type.code, format.code, size.side, size.width, size.height};
+                const Case c = {type.code, format.code, size.side, size.width, size.height};
                 benchmark::RegisterBenchmark(name.c_str(), [c](benchmark::State& state) { frames(state, c); })
                     ->Unit(benchmark::kMillisecond)
                     ->Iterations(40)
@@ -227,9 +230,5 @@ void registerCases() {
 }  // namespace
 
 int main(int argc, char** argv) {
-    // The library's diagnostics share standard output with the table.
-    benchmark::Initialize(&argc, argv);
-    registerCases();
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return fovix_bench::runBenchmarks(argc, argv, registerCases);
 }

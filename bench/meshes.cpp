@@ -2,15 +2,14 @@
 // circle or of the mesh costs the frame that meets it.
 #include <benchmark/benchmark.h>
 
-#include <cstdio>
 #include <functional>
-#include <iostream>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "FishEyeConfig.h"
 #include "GridMesh.h"
+#include "Runner.h"
 #include "VertexCache.h"
 
 namespace {
@@ -90,16 +89,12 @@ void registerCase(const Case& each) {
         "build and convert/" + each.name, [each] { return each.convert(each.build(each.lens)); }, triangles);
 }
 
+void registerCases() {
+    for (const Case& each : allCases()) registerCase(each);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
-    // The builders' own lines go where nobody reads them; the figures go to standard error.
-    if (!std::freopen("/dev/null", "w", stdout)) return 1;
-    for (const Case& each : allCases()) registerCase(each);
-    benchmark::ConsoleReporter reporter(benchmark::ConsoleReporter::OO_Tabular);
-    reporter.SetOutputStream(&std::cerr);
-    reporter.SetErrorStream(&std::cerr);
-    benchmark::RunSpecifiedBenchmarks(&reporter);
+    return fovix_bench::runBenchmarks(argc, argv, registerCases);
 }
