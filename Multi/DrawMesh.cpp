@@ -9,8 +9,9 @@ namespace fovix {
 
 void drawMesh(const FovixModel& model, const Mat4& matrix, const DrawUniforms& uniforms, int triangleCount,
               const char* source, int line) {
+    if (!std::all_of(matrix.m.begin(), matrix.m.end(), [](double value) { return std::isfinite(value); }))
+        return;
     const std::array<float, 16> values = Mat4_ToFloats(matrix);
-    if (!std::all_of(values.begin(), values.end(), [](float value) { return std::isfinite(value); })) return;
     glUniformMatrix4fv(uniforms.mvpMatrix, 1, GL_FALSE, values.data());
     glCheck(source, line);
     glUniform1f(uniforms.verticalOffset, 0.0f);

@@ -44,8 +44,10 @@ void forgetPictures(FovixContext& context) {
     for (FrameSlot& slot : context.frames) forgetPicture(slot);
 }
 
-/// The model works with the size that the surface has now.
+/// The model works with the size that the surface has now. Under the lock: a display that is being made
+/// meanwhile reads the size either before, and is told, or after.
 void adoptViewSize(FovixContext& context) {
+    const LockSection section(context.lock);
     printLine("backingWidth = %d, backingHeight = %d\n", 0, 0);
     const int width = context.viewWidth, height = context.viewHeight;
     context.backingWidth = width;

@@ -30,7 +30,7 @@ struct FreeDeleter {
     void operator()(void* memory) const { std::free(memory); }
 };
 
-/// One input picture and its four textures. Everything but the names changes under the lock.
+/// One input picture and its four textures. Their names are the GL thread's; all else changes under the lock.
 struct FrameSlot {
     std::unique_ptr<unsigned char[], FreeDeleter> data;  ///< copy of the last picture handed in
     int capacity = 0;                                    ///< bytes allocated at data
@@ -42,8 +42,7 @@ struct FrameSlot {
     int uploadedFmt = 0;    ///< format of the picture in the textures
     /// [0] RGBA (unit 0), [1] Y, [2] U, [3] V (units 1 to 3).
     std::array<unsigned, 4> dewarperTextureName = {kNoTexture, kNoTexture, kNoTexture, kNoTexture};
-    int texturesMadeFor =
-        0;  ///< prepareCount when the names were made; another count: names of another GL context
+    int texturesMadeFor = 0;  ///< prepareCount when the names were made; another: those of an older context
 };
 
 /// What is shown: a display type with its model and controllers. Never changed once a context holds it.

@@ -16,8 +16,8 @@ struct HandleTable {
     std::unordered_map<VRHANDLE, ContextPtr> contexts;
 };
 
-/// Never destroyed: exports may still arrive while the process runs its exit handlers. It stands in the library's own
-/// memory, so that nothing is left behind when the library is unloaded.
+/// Never destroyed: exports may still arrive while the process runs its exit handlers. It stands in the
+/// library's own memory, so that nothing is left behind when the library is unloaded.
 HandleTable& handleTable() {
     alignas(HandleTable) static std::byte place[sizeof(HandleTable)];
     static HandleTable& table = *new (place) HandleTable;
@@ -48,7 +48,8 @@ ContextPtr unregisterContext(VRHANDLE handle) {
     if (found == table.contexts.end()) return nullptr;
     ContextPtr context = std::move(found->second);
     table.contexts.erase(found);
-    if (table.contexts.empty()) table.contexts = {};  // gives the buckets back too
+    // A plain = {} would keep the buckets.
+    if (table.contexts.empty()) table.contexts = decltype(table.contexts)();
     return context;
 }
 

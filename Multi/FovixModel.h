@@ -104,7 +104,8 @@ struct FovixModel {
 using ModelPtr = std::shared_ptr<FovixModel>;
 using ModelCreator = ModelPtr (*)(const FishEyeConfig& lens);
 
-/// Under sanitizers a function's address counts as unknown while compiling; that it is no null pointer is known.
+/// Under sanitizers a function's address counts as unknown while compiling; that it is no null pointer is
+/// known.
 template <class Function>
 constexpr bool isFilled(Function* operation) {
     return __builtin_constant_p(operation != nullptr) ? operation != nullptr : true;

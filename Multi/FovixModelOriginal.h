@@ -1,8 +1,8 @@
 // The plain fisheye picture: one flat rectangle fitted into the surface, zoomed and moved by a
 // rotate-and-zoom view.
 //
-// The Korvel and the multi-lens model are this one with another mesh or another name: each fills its table
-// with the operations below and says in its params what differs.
+// The Korvel and the multi-lens model are this one with another mesh or another name: each is a flat kind of
+// its own.
 #pragma once
 
 #include "FovixModel.h"

@@ -269,8 +269,8 @@ std::optional<PicturePlacement> placeHalf(const RotateZoomView& view, double zoo
                                           int shownHalf) {
     const bool wantsLower = zoom >= zoomDiv;
     if (wantsLower != (shownHalf == kLowerHalf)) return std::nullopt;
-    // Below a threshold of 0 or less there is no upper picture: the lower one follows the zoom itself.
-    const double scale = wantsLower && zoomDiv > 0.0 ? zoom / zoomDiv : zoom;
+    // A threshold of 0 leaves nothing to divide by: the lower picture follows the zoom itself.
+    const double scale = wantsLower && zoomDiv != 0.0 ? zoom / zoomDiv : zoom;
     return PicturePlacement{-view.mRotateY / 180.0, view.mRotateX / 180.0,
                             std::clamp(scale, -kLargestScale, kLargestScale)};
 }

@@ -36,7 +36,7 @@ bool acceptsIndex(const FovixContext& context, int index, bool lensesToo) {
     return false;
 }
 
-/// Runs operation(context) for the multi-lens type; prints that another type does not support it.
+/// Runs operation() for the multi-lens type; prints that another type does not support it.
 template <class Operation>
 void withLenses(FovixContext& context, const char* exportName, Operation&& operation) {
     const int type = context.display.load()->type;

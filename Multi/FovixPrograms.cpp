@@ -4,6 +4,7 @@
 #include <string>
 
 #include "Diagnostics.h"
+#include "FovixHandle.h"
 #include "FovixShaders.h"
 #include "GlCheck.h"
 #include "Surface.h"
@@ -77,11 +78,15 @@ void readCapabilities(FovixContext& context) {
     context.hasFramebufferObjects = isVersion3 && glCheckFramebufferStatus;
 }
 
-/// Points both attributes into the library's memory. The host's buffers and vertex array object would turn
-/// the addresses into offsets, so none may be bound.
-void pointAttributes(FovixContext& context, const VertexCachePtr& cache) {
+/// The host's buffers and vertex array object would turn addresses of the library's memory into offsets.
+void unbindHostArrays(const FovixContext& context) {
     if (context.hasVertexArrayObjects) glBindVertexArray(0);
     glBindBuffer(GL_ARRAY_BUFFER, 0);
+}
+
+/// Points both attributes into the library's memory.
+void pointAttributes(FovixContext& context, const VertexCachePtr& cache) {
+    unbindHostArrays(context);
     const auto position = static_cast<GLuint>(context.locations.positionAttrib);
     const auto textureCoords = static_cast<GLuint>(context.locations.textureCoordsAttrib);
     glVertexAttribPointer(position, 3, GL_FLOAT, GL_FALSE, 3 * sizeof(float), cache->positions.data());
@@ -94,6 +99,17 @@ void pointAttributes(FovixContext& context, const VertexCachePtr& cache) {
     glEnableVertexAttribArray(textureCoords);
     glCheck(kSource);
     context.boundVertices = cache;
+}
+
+/// The model's main mesh; null when it has none. One that memory is too short for counts as none, so that the
+/// next frame tries again.
+VertexCachePtr fetchVertices(const Display& display) {
+    try {
+        return display.model ? display.model->operations.getVerticesCache(*display.model) : nullptr;
+    } catch (const std::exception& exception) {
+        reportException(exception);
+        return nullptr;
+    }
 }
 
 }  // namespace
@@ -164,11 +180,12 @@ void buildVertices(FovixContext& context, const Display& display) {
     const LockSection section(context.lock);
     // Taken before the fetch: a change that arrives meanwhile is fetched by the next frame.
     context.configChanged.exchange(0);
-    const VertexCachePtr cache =
-        display.model ? display.model->operations.getVerticesCache(*display.model) : nullptr;
+    const VertexCachePtr cache = fetchVertices(display);
     if (!cache) {
         context.configChanged = 1;
         printLine("buildVertices failed, Vertices is empty!\n");
+        // Since the last frame the host or another handle may have pointed the attributes elsewhere.
+        if (context.boundVertices) pointAttributes(context, context.boundVertices);
         return;
     }
     pointAttributes(context, cache);
@@ -182,17 +199,13 @@ void rebindVertices(FovixContext& context) {
     pointAttributes(context, context.verticesCache);
 }
 
-bool buildOverlayVertices(FovixContext& context, const Display& display, int index) {
+void buildOverlayVertices(FovixContext& context, const Display& display, int index) {
     const FovixModelOperations& model = display.model->operations;
     const LockSection section(context.lock);
     const VertexCachePtr cache =
         model.getOverlayVerticesCache ? model.getOverlayVerticesCache(*display.model, index) : nullptr;
-    if (!cache) {
-        printLine("buildVertices failed, Vertices is empty!\n");
-        return false;
-    }
+    if (!cache) return printLine("buildVertices failed, Vertices is empty!\n");
     pointAttributes(context, cache);
-    return true;
 }
 
 void drawLineLoop(FovixContext& context, const float* vertices, int count,
@@ -201,6 +214,7 @@ void drawLineLoop(FovixContext& context, const float* vertices, int count,
     glUseProgram(context.lineProgram);
     glLineWidth(2.0f);
     glUniform4fv(context.locations.lineColorUniform, 1, colour.data());
+    unbindHostArrays(context);
     // No array but the loop's may be enabled, since others can be shorter than the loop.
     glDisableVertexAttribArray(static_cast<GLuint>(context.locations.textureCoordsAttrib));
     const auto position = static_cast<GLuint>(context.locations.linePositionAttrib);
@@ -208,7 +222,11 @@ void drawLineLoop(FovixContext& context, const float* vertices, int count,
     glVertexAttribPointer(position, 3, GL_FLOAT, GL_FALSE, 0, vertices);
     glDrawArrays(GL_LINE_LOOP, 0, count);
     // The loop's vertices are the caller's: no attribute keeps pointing at them.
-    if (context.boundVertices) pointAttributes(context, context.boundVertices);
+    if (context.boundVertices) {
+        pointAttributes(context, context.boundVertices);
+    } else {
+        glDisableVertexAttribArray(position);
+    }
 }
 
 }  // namespace fovix

@@ -29,8 +29,9 @@ void buildVertices(FovixContext& context, const Display& display);
 /// Points the attributes at the main mesh that was bound last.
 void rebindVertices(FovixContext& context);
 
-/// Points the attributes at overlay mesh number index.
-bool buildOverlayVertices(FovixContext& context, const Display& display, int index);
+/// Points the attributes at overlay mesh number index; prints a line and keeps the old pointers when there is
+/// none.
+void buildOverlayVertices(FovixContext& context, const Display& display, int index);
 
 /// Draws one closed polyline (x, y, z per vertex, normalised device coordinates) over the whole surface.
 void drawLineLoop(FovixContext& context, const float* vertices, int count,

@@ -182,11 +182,10 @@ int refreshTexture(FovixContext& context, int slotIndex, bool force) {
         printLine("refreshTexture no data\n");
     } else {
         setUnpackState();
-        const bool uploaded = uploadPicture(context, slot);
-        slot.hasNewData = 0;
-        if (!uploaded) return slot.textureUseful;
-        slot.uploadedFmt = slot.pixelFmt;
-        slot.textureUseful = 1;
+        if (uploadPicture(context, slot)) {
+            slot.uploadedFmt = slot.pixelFmt;
+            slot.textureUseful = 1;
+        }
     }
     slot.hasNewData = 0;
     return slot.textureUseful;

@@ -43,10 +43,9 @@
 ///   frames and indicators, line width.
 /// - The host's and honoured as they are: scissor, stencil, culling, colour mask, sampler objects on
 ///   units 0 to 3, pixel transfer. Pending GL errors, the host's included, are read and printed.
-/// - After a frame all of that stays set: nothing is restored. Two or three attribute arrays stay
-///   enabled and point at the library's memory, so a host that draws too disables or points them anew
-///   first. The textures on units 0 to 3 must be there again at the next frame: outside the grid type
-///   it binds none unless a picture is uploaded.
+/// - After a frame all of that stays set: nothing is restored. Two attribute arrays stay enabled and point
+///   at the library's memory, which may be freed after the frame, so a host that draws too disables or
+///   points them anew first. The next frame sets all of it again, the textures too.
 /// - Fovix_Prepare() sets blending, depth test, program, textures and, where a picture size is known,
 ///   the attributes in the same way; Fovix_Init() sets the viewport.
 /// - GL objects are never deleted by the library; they go with the context. On a new context:
@@ -194,7 +193,8 @@ FOVIX_API void Fovix_CreateNoTouchEvent(VRHANDLE* out);
 /// Builds the shader programs and textures in the current GL context, forgets all pictures, resets the
 ///   view.
 /// @param handle  a live handle
-/// @note GL thread; calls GL. Call it first, and again on every new context. Bad handle: its line.
+/// @note GL thread; calls GL. Call it first, and again on every new context. Without a current context:
+///   `Fovix Error : no OpenGL 2.0 context is current\n`, nothing is built. Bad handle: its line.
 FOVIX_API void Fovix_Prepare(VRHANDLE handle);
 
 /// Tells the size of the surface and sets the viewport.
@@ -276,8 +276,9 @@ FOVIX_API int Fovix_GetCameraMount(VRHANDLE handle);
 /// Chooses the layout of type 0 or 1 and resets the view; the change is animated.
 /// @param handle  a live handle
 /// @param shape  FovixShape; on mounts 2 and 3 of type 0 it stays 0
-/// @note Any thread; no GL. Prints `Fovix_SetShape(%d)\n`. Outside 0 to 10, or not known to type 1: nothing
-///   changes. Known, but not made for the mount: an empty picture. Bad handle: its line.
+/// @note Any thread; no GL. Prints `Fovix_SetShape(%d)\n`. Type 0, outside 0 to 10: nothing changes. Type 1,
+///   not known to it: the layout stays, the view is reset. Known, but not made for the mount: an empty
+///   picture. Bad handle: its line.
 FOVIX_API void Fovix_SetShape(VRHANDLE handle, int shape);
 
 /// Reads the layout of type 0 or 1.
@@ -445,7 +446,7 @@ FOVIX_API void Fovix_Drawself(VRHANDLE handle);
 FOVIX_API int Fovix_NeedContinue(void);
 
 /// Reads the pending GL error and prints it as `OpenGLError: %d , %s:%d\n`.
-/// @param file  name to print, not null
+/// @param file  name to print; null prints none
 /// @param line  line to print
 /// @return 1 without an error, else 0.
 /// @note GL thread; calls GL.
