@@ -128,6 +128,11 @@ RgbaImage GlContext::readPixels() const {
     return image;
 }
 
+void GlContext::setDrawnPart(int width, int height) const {
+    glEnable(GL_SCISSOR_TEST);
+    glScissor(0, 0, width, height);
+}
+
 int GlContext::maxTextureSize() const {
     GLint size = 0;
     glGetIntegerv(GL_MAX_TEXTURE_SIZE, &size);

@@ -20,6 +20,10 @@ class GlContext {
 
     // The surface as drawn so far, first row at the top.
     RgbaImage readPixels() const;
+    int width() const { return _width; }
+    int height() const { return _height; }
+    // From now on only this part of the surface is drawn, from the bottom left.
+    void setDrawnPart(int width, int height) const;
     int maxTextureSize() const;
     // The GL's own words for itself, for reports.
     std::string description() const;

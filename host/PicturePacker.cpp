@@ -79,7 +79,7 @@ PackedPicture PicturePacker::pack(const AVFrame& frame) {
     checkSize(frame);
     if (frame.format == AV_PIX_FMT_RGBA) return packRgba(frame);
     // A picture one pixel wide or high has no chroma samples in the library's layout.
-    if (!isFullRange(frame) && frame.width > 1 && frame.height > 1) {
+    if (_formats == PackedFormats::all && !isFullRange(frame) && frame.width > 1 && frame.height > 1) {
         if (frame.format == AV_PIX_FMT_YUV420P) return packPlanar(frame);
         if (frame.format == AV_PIX_FMT_GRAY8) return packGrey(frame);
         if (frame.format == AV_PIX_FMT_NV12) return packSemiPlanar(frame, FOVIX_FORMAT_NV12);

@@ -21,8 +21,15 @@ struct PackedPicture {
     int height = 0;
 };
 
+enum class PackedFormats {
+    all,
+    rgba  // for views that take nothing else
+};
+
 class PicturePacker {
   public:
+    explicit PicturePacker(PackedFormats formats = PackedFormats::all) : _formats(formats) {}
+
     // Throws std::runtime_error when the picture cannot be converted or is too large for the library.
     PackedPicture pack(const AVFrame& frame);
 
@@ -35,6 +42,7 @@ class PicturePacker {
     unsigned char* room(std::size_t bytes);
     PackedPicture buffered(const AVFrame& frame, int pixelFormat) const;
 
+    PackedFormats _formats;
     std::vector<unsigned char> _buffer;
     ScalerOwner _scaler;
 };

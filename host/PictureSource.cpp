@@ -2,6 +2,7 @@
 
 #include <Fovix.h>
 
+#include <algorithm>
 #include <stdexcept>
 
 #include "MediaReader.h"
@@ -11,7 +12,7 @@ namespace {
 
 class MediaSource final : public PictureSource {
   public:
-    explicit MediaSource(const std::string& input) : _reader(input) {}
+    MediaSource(const std::string& input, PackedFormats formats) : _reader(input), _packer(formats) {}
 
     std::optional<PackedPicture> next() override {
         const AVFrame* frame = _reader.next();
@@ -28,31 +29,58 @@ class MediaSource final : public PictureSource {
     PicturePacker _packer;
 };
 
+PackedPicture packed(const RgbaImage& picture) {
+    return {FOVIX_FORMAT_RGBA, picture.pixels.data(), static_cast<int>(picture.pixels.size()), picture.width,
+            picture.height};
+}
+
 class SampleSource final : public PictureSource {
   public:
-    SampleSource(SampleScene::Camera camera, int width, int height) : _scene(camera, width, height) {}
+    SampleSource(SampleScene::Camera camera, int width, int height, int firstFrame)
+        : _scene(camera, width, height), _frame(firstFrame) {}
 
-    std::optional<PackedPicture> next() override {
-        const RgbaImage& picture = _scene.picture(_frame++);
-        return PackedPicture{FOVIX_FORMAT_RGBA, picture.pixels.data(),
-                             static_cast<int>(picture.pixels.size()), picture.width, picture.height};
-    }
+    std::optional<PackedPicture> next() override { return packed(_scene.picture(_frame++)); }
 
     std::optional<LensCircle> lens() const override { return _scene.lens(); }
 
   private:
     SampleScene _scene;
+    int _frame;
+};
+
+class StackedSample final : public PictureSource {
+  public:
+    StackedSample(SampleScene::Camera upper, SampleScene::Camera lower, int width, int height)
+        : _upper(upper, width, height), _lower(lower, width, height), _picture(width, 2 * height) {}
+
+    std::optional<PackedPicture> next() override {
+        const auto& upper = _upper.picture(_frame).pixels;
+        const auto& lower = _lower.picture(_frame++).pixels;
+        std::copy(lower.begin(), lower.end(), std::copy(upper.begin(), upper.end(), _picture.pixels.begin()));
+        return packed(_picture);
+    }
+
+    std::optional<LensCircle> lens() const override { return _upper.lens(); }
+
+  private:
+    SampleScene _upper, _lower;
+    RgbaImage _picture;
     int _frame = 0;
 };
 
 }  // namespace
 
-std::unique_ptr<PictureSource> openMedia(const std::string& input) {
-    return std::make_unique<MediaSource>(input);
+std::unique_ptr<PictureSource> openMedia(const std::string& input, PackedFormats formats) {
+    return std::make_unique<MediaSource>(input, formats);
 }
 
-std::unique_ptr<PictureSource> openSample(SampleScene::Camera camera, int width, int height) {
-    return std::make_unique<SampleSource>(camera, width, height);
+std::unique_ptr<PictureSource> openSample(SampleScene::Camera camera, int width, int height, int firstFrame) {
+    return std::make_unique<SampleSource>(camera, width, height, firstFrame);
+}
+
+std::unique_ptr<PictureSource> openStackedSample(SampleScene::Camera upper, SampleScene::Camera lower,
+                                                 int width, int height) {
+    return std::make_unique<StackedSample>(upper, lower, width, height);
 }
 
 }  // namespace fovix_host

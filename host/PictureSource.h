@@ -23,7 +23,12 @@ class PictureSource {
     virtual std::optional<LensCircle> lens() const { return std::nullopt; }
 };
 
-std::unique_ptr<PictureSource> openMedia(const std::string& input);
-std::unique_ptr<PictureSource> openSample(SampleScene::Camera camera, int width, int height);
+std::unique_ptr<PictureSource> openMedia(const std::string& input,
+                                         PackedFormats formats = PackedFormats::all);
+std::unique_ptr<PictureSource> openSample(SampleScene::Camera camera, int width, int height,
+                                          int firstFrame = 0);
+// Two samples in one picture, one above the other; the lens circle is that of each half.
+std::unique_ptr<PictureSource> openStackedSample(SampleScene::Camera upper, SampleScene::Camera lower,
+                                                 int width, int height);
 
 }  // namespace fovix_host

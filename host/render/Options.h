@@ -1,33 +1,31 @@
 // The command line of fovix-render.
 #pragma once
 
-#include <Fovix.h>
-
 #include <optional>
-#include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "LensCircle.h"
+#include "UsageError.h"
+#include "ViewOptions.h"
 #include "sample/SampleScene.h"
 
 namespace fovix_host {
 
 struct Options {
-    std::string input;  // empty with a sample
+    std::vector<std::string> inputs;  // empty with a sample
     std::optional<SampleScene::Camera> sample;
+    bool samplesDiffer = false;  // no camera was named: where several are shown they take turns
     std::string output = "fovix.png";
     std::optional<LensCircle> lens;
-    int type = FOVIX_TYPE_ORIGINAL;
+    ViewOptions view;
     int width = 1280;
     int height = 720;
-    int frames = 1;
+    std::string script;           // file with a timeline of calls; empty without
+    int frames = 0;               // 0: one, or as many as the script has
+    int every = 1;                // write each frame of this many; 0: only the last one
     unsigned int background = 0;  // 0xRRGGBB
     bool verbose = false;
-};
-
-// A command line that cannot be meant; what() is a sentence that says what would be right.
-struct UsageError : std::runtime_error {
-    using std::runtime_error::runtime_error;
 };
 
 // What --help and --version ask for instead of a picture.

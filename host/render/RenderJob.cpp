@@ -4,99 +4,80 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <memory>
-#include <type_traits>
 
 #include "GlContext.h"
-#include "PictureSource.h"
+#include "Inputs.h"
 #include "PngWriter.h"
+#include "ScriptPlayer.h"
+#include "View.h"
+#include "ViewSetup.h"
 
 namespace fovix_host {
 namespace {
-
-constexpr int sampleSize = 1280;
-
-struct ViewRelease {
-    void operator()(VRHANDLE view) const { Fovix_Release(view); }
-};
-using View = std::unique_ptr<std::remove_pointer_t<VRHANDLE>, ViewRelease>;
-
-std::unique_ptr<PictureSource> openSource(const Options& options) {
-    if (options.sample) return openSample(*options.sample, sampleSize, sampleSize);
-    return openMedia(options.input);
-}
-
-// Needs the GL context current.
-View makeView(const Options& options, const PictureSource& source) {
-    VRHANDLE handle = nullptr;
-    Fovix_Create(&handle);
-    if (!handle) throw std::runtime_error("no memory for a view");
-    View view(handle);
-    Fovix_Prepare(handle);
-    Fovix_Init(handle, options.width, options.height);
-    Fovix_SetType(handle, options.type);
-    Fovix_SetBackground(handle, options.background);
-    // A change of type forgets the lens, so it is set last.
-    if (const auto lens = options.lens ? options.lens : source.lens())
-        Fovix_SetFecParams(handle, lens->xCenter, lens->yCenter, lens->radius, lens->imageWidth,
-                           lens->imageHeight);
-    return view;
-}
 
 std::string sizeText(int width, int height) {
     return std::to_string(width) + "x" + std::to_string(height);
 }
 
-void setPicture(VRHANDLE view, const PackedPicture& picture, int maxTextureSize) {
-    if (picture.width > maxTextureSize || picture.height > maxTextureSize)
-        throw std::runtime_error("the picture of " + sizeText(picture.width, picture.height) +
-                                 " pixels is larger than the textures of this GL, " +
-                                 sizeText(maxTextureSize, maxTextureSize));
-    Fovix_SetTexture(view, picture.pixelFormat, picture.data, picture.size, picture.width, picture.height);
-}
-
 // view.png, or view-0001.png and so on where several are written.
 std::string fileOf(const Options& options, int frame) {
-    if (options.frames == 1) return options.output;
+    if (options.frames == 1 || options.every == 0) return options.output;
     const std::string number = std::to_string(frame + 1);
     const std::size_t digits = std::max<std::size_t>(4, std::to_string(options.frames).size());
     std::string numbered = options.output.substr(0, options.output.rfind('.')) + '-';
     return numbered.append(digits - number.size(), '0') + number + ".png";
 }
 
+bool isWritten(const Options& options, int frame) {
+    return options.every == 0 ? frame + 1 == options.frames : (frame + 1) % options.every == 0;
+}
+
 void report(const Options& options, const std::string& text) {
     if (options.verbose) std::fprintf(stderr, "fovix-render: %s\n", text.c_str());
 }
 
-void noteShortage(const Options& options, int pictures) {
-    std::fprintf(stderr, "fovix-render: '%s' has %d pictures; the last one stays for the other %d frames\n",
-                 options.input.c_str(), pictures, options.frames - pictures);
+// Draws until nothing moves by itself any more; the frames are not seen, so a corner of them is enough.
+void settle(VRHANDLE handle, const ViewOptions& options, const GlContext& gl) {
+    gl.setDrawnPart(1, 1);
+    for (int frame = 0; frame < framesToSettle(options); ++frame) {
+        setViews(handle, options);
+        Fovix_Drawself(handle);
+    }
+    gl.setDrawnPart(gl.width(), gl.height());
 }
 
 }  // namespace
 
-void render(const Options& options, OwnOutput& out) {
-    const std::unique_ptr<PictureSource> source = openSource(options);
+void render(const Options& asked, OwnOutput& out) {
+    Options options = asked;
+    const Script script = options.script.empty() ? Script{} : readScript(options.script);
+    const bool settled = options.frames == 0 && options.script.empty();
+    if (options.frames == 0) options.frames = script.lastFrame();
+    Inputs inputs(options);
     const GlContext gl(options.width, options.height);
     const int maxTextureSize = gl.maxTextureSize();
-    std::optional<PackedPicture> picture = source->next();
-    if (!picture) throw std::runtime_error("'" + options.input + "' holds no picture");
     report(options, "drawing with " + gl.description());
-    report(options, "pictures of " + sizeText(picture->width, picture->height) + " in format " +
-                        std::to_string(picture->pixelFormat));
+    if (inputs.count() > 0) {
+        const auto& picture = inputs.firstPicture();
+        report(options, "pictures of " + sizeText(picture->width, picture->height) + " in format " +
+                            std::to_string(picture->pixelFormat));
+    }
 
-    const View view = makeView(options, *source);
+    View view(creatorFor(options));
+    setUpView(view.handle(), options, inputs);
+    ScriptPlayer player(script, view, out);
     for (int frame = 0; frame < options.frames; ++frame) {
-        if (picture) setPicture(view.get(), *picture, maxTextureSize);
-        Fovix_Drawself(view.get());
-        const std::string file = fileOf(options, frame);
-        writePng(file, gl.readPixels());
-        out.line(file);
-        if (picture && frame + 1 < options.frames) {
-            picture = source->next();
-            // A still picture is meant to stay; a video that ends early is worth a word.
-            if (!picture && frame > 0) noteShortage(options, frame + 1);
+        inputs.handIn(view.handle(), maxTextureSize);
+        if (settled) settle(view.handle(), options.view, gl);
+        player.playBefore(frame + 1);
+        setViews(view.handle(), options.view);
+        Fovix_Drawself(view.handle());
+        if (isWritten(options, frame)) {
+            const std::string file = fileOf(options, frame);
+            writePng(file, gl.readPixels());
+            out.line(file);
         }
+        if (frame + 1 < options.frames) inputs.advance(frame + 1, options.frames - frame - 1);
     }
 }
 

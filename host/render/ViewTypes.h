@@ -1,37 +1,59 @@
-// The display types that the program knows by name; every number is a type too.
+// What the program knows by name: display types, mounts, shapes and draw modes. For a display type every
+// other number is one too.
 #pragma once
 
-#include <array>
+#include <algorithm>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
-#include <Fovix.h>
-
 namespace fovix_host {
 
-struct ViewType {
+struct NamedCode {
     std::string_view name;
     int code;
+    std::string_view meaning;  // one line for people who look at cameras
 };
 
-inline constexpr std::array viewTypes{
-    ViewType{"original", FOVIX_TYPE_ORIGINAL},
-    ViewType{"fisheye", FOVIX_TYPE_ORIGINAL},
-    ViewType{"korvel", FOVIX_TYPE_KORVEL},
+struct NamedShape : NamedCode {
+    int screens = 1;            // that have a view of their own
+    std::string_view mounts{};  // digits of those that it is made for; of the 360-degree type
 };
 
-inline std::optional<int> codeOfViewType(std::string_view name) {
-    for (const ViewType& type : viewTypes)
-        if (type.name == name) return type.code;
-    return std::nullopt;
+std::span<const NamedCode> viewTypes();
+std::span<const NamedCode> cameraMounts();
+std::span<const NamedShape> shapesOf360();
+std::span<const NamedShape> shapesOf180();
+std::span<const NamedCode> drawModesOf180();
+std::span<const NamedCode> drawModesOfInset();
+std::span<const NamedCode> twoLensesModes();
+std::span<const NamedCode> twoLensesScreens();
+
+template <typename Table>
+std::optional<int> codeIn(const Table& table, std::string_view name) {
+    const auto row = std::find_if(table.begin(), table.end(), [&](const auto& r) { return r.name == name; });
+    return row != table.end() ? std::optional(row->code) : std::nullopt;
 }
 
-// "original, fisheye, korvel", for help and error sentences.
-inline std::string viewTypeNames() {
+// "ceiling, wall, floor", for help and error sentences.
+template <typename Table>
+std::string namesIn(const Table& table) {
     std::string names;
-    for (const ViewType& type : viewTypes) names.append(names.empty() ? "" : ", ").append(type.name);
+    for (const auto& row : table) names.append(names.empty() ? "" : ", ").append(row.name);
     return names;
 }
+
+inline std::optional<int> codeOfViewType(std::string_view name) {
+    return codeIn(viewTypes(), name);
+}
+inline std::string viewTypeNames() {
+    return namesIn(viewTypes());
+}
+// The first name of a type; a number where it has none.
+std::string viewTypeName(int type);
+
+// Every table, for --list.
+std::string namesToList();
 
 }  // namespace fovix_host

@@ -1,0 +1,164 @@
+#include "ViewOptions.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "OptionValues.h"
+#include "ViewTypes.h"
+
+namespace fovix_host {
+namespace {
+
+int parseType(const std::string& text) {
+    if (text.empty()) return FOVIX_TYPE_ORIGINAL;
+    if (const auto code = codeOfViewType(text)) return *code;
+    const auto number = numberIn<int>(text);
+    if (!number || *number < 0) refuse("--type", text, "a number or one of " + viewTypeNames());
+    return *number;
+}
+
+struct Fit {
+    const char* option;
+    bool given;
+    std::vector<int> types;
+};
+
+void checkFit(const ViewTexts& texts, int type) {
+    const auto any = [](const auto& value) { return !value.empty(); };
+    const Fit fits[] = {
+        {"--mount", any(texts.mount), {FOVIX_TYPE_360VR}},
+        {"--shape", any(texts.shape), {FOVIX_TYPE_360VR, FOVIX_TYPE_180VR}},
+        {"--draw-mode", any(texts.drawMode), {FOVIX_TYPE_180VR, FOVIX_TYPE_SINGLE_PIP}},
+        {"--two-lenses", any(texts.twoLenses), {FOVIX_TYPE_TWO_LENSES}},
+        {"--logic-zoom", any(texts.logicZoom), {FOVIX_TYPE_TWO_LENSES}},
+        {"--ptz", any(texts.ptz), {FOVIX_TYPE_360VR}},
+        {"--select", any(texts.select), {FOVIX_TYPE_360VR}},
+        {"--grid", any(texts.grid), {FOVIX_TYPE_MULTI_IMAGE}},
+        {"--show-lens", any(texts.showLens), {FOVIX_TYPE_MULTI_LENS}},
+    };
+    for (const Fit& fit : fits) {
+        if (!fit.given || std::find(fit.types.begin(), fit.types.end(), type) != fit.types.end()) continue;
+        std::string right = "--type " + viewTypeName(fit.types.front());
+        if (fit.types.size() > 1) right += " or " + viewTypeName(fit.types.back());
+        throw UsageError(std::string(fit.option) + " does not fit --type " + viewTypeName(type) +
+                         "; it goes with " + right);
+    }
+    if (!texts.rotateZoom.empty() && type == FOVIX_TYPE_360VR)
+        throw UsageError("--rotate-zoom does not fit --type 360; --ptz sets the views of that type");
+}
+
+template <typename Table>
+std::optional<int> parseCode(std::string_view option, std::string_view text, const Table& table) {
+    if (text.empty()) return std::nullopt;
+    const auto number = numberIn<int>(text);
+    for (const auto& row : table)
+        if (row.name == text || row.code == number) return row.code;
+    refuse(option, text, "a number of --list or one of " + namesIn(table));
+}
+
+const NamedShape& shapeRow(const ViewOptions& view) {
+    const auto table = view.type == FOVIX_TYPE_180VR ? shapesOf180() : shapesOf360();
+    const int shape = view.shape.value_or(FOVIX_SHAPE_SINGLE);
+    return *std::find_if(table.begin(), table.end(), [&](const NamedShape& r) { return r.code == shape; });
+}
+
+void checkMount(const ViewOptions& view) {
+    if (view.type != FOVIX_TYPE_360VR) return;
+    const char mount = static_cast<char>('0' + view.mount.value_or(FOVIX_MOUNT_CEILING));
+    if (shapeRow(view).mounts.find(mount) != std::string_view::npos) return;
+    std::string fitting;
+    for (const NamedShape& shape : shapesOf360())
+        if (shape.mounts.find(mount) != std::string_view::npos)
+            fitting.append(fitting.empty() ? "" : ", ").append(shape.name);
+    throw UsageError("--shape " + std::string(shapeRow(view).name) + " does not fit --mount " +
+                     std::string(cameraMounts()[static_cast<std::size_t>(*view.mount)].name) + "; that has " +
+                     fitting);
+}
+
+// SCREEN:a,b,c[,d]
+ViewOptions::ScreenView parseView(const char* option, const std::string& text, std::size_t least,
+                                  const char* wanted, int screens) {
+    const std::size_t colon = text.find(':');
+    const auto screen = numberIn<int>(std::string_view(text).substr(0, colon));
+    const auto numbers =
+        colon == text.npos ? std::nullopt : numbersIn<double>(std::string_view(text).substr(colon + 1));
+    if (!screen || !numbers || numbers->size() < least || numbers->size() > 4) refuse(option, text, wanted);
+    if (*screen < 0 || *screen >= screens)
+        refuse(option, text,
+               screens == 1 ? "screen 0, the only one here"
+                            : "a screen from 0 to " + std::to_string(screens - 1));
+    ViewOptions::ScreenView view{*screen, {}};
+    std::copy(numbers->begin(), numbers->end(), view.values.begin());
+    return view;
+}
+
+void parseTwoLenses(const std::string& text, ViewOptions& view) {
+    const std::size_t comma = text.find(',');
+    view.twoLensesMode = parseCode("--two-lenses", text.substr(0, comma), twoLensesModes());
+    if (comma == text.npos) return;
+    if (view.twoLensesMode != FOVIX_TWO_LENSES_BOTH)
+        refuse("--two-lenses", text, "a screen only with the mode both, for example both,first");
+    view.twoLensesScreen =
+        parseCode("the screen of --two-lenses", text.substr(comma + 1), twoLensesScreens());
+    if (!view.twoLensesScreen) refuse("--two-lenses", text, "one of both, first and second after the comma");
+}
+
+ViewOptions::LogicZoom parseLogicZoom(const std::string& text) {
+    const auto numbers = numbersIn<double>(text);
+    if (!numbers || numbers->size() != 4 || *std::min_element(numbers->begin(), numbers->end()) <= 0.0)
+        refuse("--logic-zoom", text,
+               "four numbers above 0: lowest and highest zoom, the zoom from which the lower picture is "
+               "shown, and the zoom to show");
+    const auto& n = *numbers;
+    return {n[0], n[1], n[2], n[3]};
+}
+
+ViewOptions::Grid parseGrid(const std::string& text) {
+    const auto numbers = numbersIn<int>(text, 'x');
+    if (!numbers || numbers->size() != 2 || numbers->front() < 1 || numbers->back() < 1 ||
+        numbers->front() > mostInputs || numbers->back() > mostInputs ||
+        numbers->front() * numbers->back() > mostInputs)
+        refuse("--grid", text, "ROWSxCOLUMNS with at most 36 cells, for example 2x3");
+    return {numbers->front(), numbers->back()};
+}
+
+ViewOptions::SurfacePoint parsePoint(const std::string& text) {
+    const auto numbers = numbersIn<float>(text);
+    if (!numbers || numbers->size() != 2) refuse("--select", text, "X,Y in pixels from the top left");
+    return {numbers->front(), numbers->back()};
+}
+
+int parseLens(const std::string& text) {
+    const auto lens = numberIn<int>(text);
+    if (!lens || *lens < 0 || *lens >= mostInputs) refuse("--show-lens", text, "a number from 0 to 35");
+    return *lens;
+}
+
+}  // namespace
+
+ViewOptions readViewOptions(const ViewTexts& texts) {
+    ViewOptions view;
+    view.type = parseType(texts.type);
+    checkFit(texts, view.type);
+    view.mount = parseCode("--mount", texts.mount, cameraMounts());
+    const bool is180 = view.type == FOVIX_TYPE_180VR;
+    view.shape = parseCode("--shape", texts.shape, is180 ? shapesOf180() : shapesOf360());
+    checkMount(view);
+    view.drawMode = parseCode("--draw-mode", texts.drawMode, is180 ? drawModesOf180() : drawModesOfInset());
+    if (!texts.twoLenses.empty()) parseTwoLenses(texts.twoLenses, view);
+    if (!texts.logicZoom.empty()) view.logicZoom = parseLogicZoom(texts.logicZoom);
+    if (!texts.grid.empty()) view.grid = parseGrid(texts.grid);
+    if (!texts.showLens.empty()) view.lensShown = parseLens(texts.showLens);
+    for (const std::string& text : texts.select) view.select.push_back(parsePoint(text));
+    const bool hasScreens = is180 || view.type == FOVIX_TYPE_360VR;
+    const int screens = hasScreens ? shapeRow(view).screens : 1;
+    for (const std::string& text : texts.ptz)
+        view.ptz.push_back(
+            parseView("--ptz", text, 3, "SCREEN:PAN,TILT,ZOOM[,ROLL], for example 0:90,45,40", screens));
+    for (const std::string& text : texts.rotateZoom)
+        view.rotateZoom.push_back(
+            parseView("--rotate-zoom", text, 4, "SCREEN:X,Y,Z,ZOOM, for example 0:0,30,0,2", screens));
+    return view;
+}
+
+}  // namespace fovix_host

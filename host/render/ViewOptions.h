@@ -1,0 +1,53 @@
+// The options that say what the view shows and where it looks, and which of them fit which display type.
+#pragma once
+
+#include <Fovix.h>
+
+#include <array>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace fovix_host {
+
+constexpr int mostInputs = 36;  // of the grid and of the lenses
+
+// As the command line has them; empty where they are not given.
+struct ViewTexts {
+    std::string type, mount, shape, drawMode, twoLenses, logicZoom, grid, showLens;
+    std::vector<std::string> ptz, rotateZoom, select;
+};
+
+struct ViewOptions {
+    struct Grid {
+        int rows, columns;
+    };
+    // Pan, tilt, zoom and roll, or the three values and the zoom of Fovix_SetRotateZoom.
+    struct ScreenView {
+        int screen;
+        std::array<double, 4> values;
+    };
+    struct LogicZoom {
+        double min, max, div, zoom;
+    };
+    struct SurfacePoint {
+        float x, y;
+    };
+
+    int type = FOVIX_TYPE_ORIGINAL;
+    std::optional<int> mount, shape, drawMode, twoLensesMode, twoLensesScreen, lensShown;
+    std::optional<Grid> grid;
+    std::optional<LogicZoom> logicZoom;
+    std::vector<ScreenView> ptz, rotateZoom;
+    std::vector<SurfacePoint> select;
+
+    bool takesSeveralInputs() const {
+        return type == FOVIX_TYPE_MULTI_IMAGE || type == FOVIX_TYPE_MULTI_LENS;
+    }
+    bool setsViews() const { return !ptz.empty() || !rotateZoom.empty() || logicZoom; }
+};
+
+// Throws UsageError.
+ViewOptions readViewOptions(const ViewTexts& texts);
+
+}  // namespace fovix_host

@@ -1,0 +1,95 @@
+#include "ViewSetup.h"
+
+#include <Fovix.h>
+
+namespace fovix_host {
+namespace {
+
+using ScreenView = ViewOptions::ScreenView;
+
+// Where the screens of a layout look that the options do not name: each to another side.
+std::vector<ScreenView> startingViews(const ViewOptions& view) {
+    const int shape = view.shape.value_or(FOVIX_SHAPE_SINGLE);
+    std::vector<ScreenView> views;
+    const auto around = [&](int first, int last, double apart) {
+        for (int i = first; i <= last; ++i) views.push_back({i, {apart * (i - first), 50, 40, 0}});
+    };
+    if (view.type == FOVIX_TYPE_360VR) {
+        if (shape == FOVIX_SHAPE_FOUR_SCREENS) around(0, 3, 90);
+        if (shape == FOVIX_SHAPE_OVERVIEW_FIVE) around(1, 5, 72);
+        if (shape == FOVIX_SHAPE_TWO_AND_STRIP) around(0, 1, 180);
+    } else if (view.type == FOVIX_TYPE_180VR) {
+        if (shape == FOVIX_SHAPE_FOUR_SCREENS)
+            views = {
+                {0, {-20, -35, 0, 15}}, {1, {-20, 35, 0, 15}}, {2, {35, -35, 0, 15}}, {3, {35, 35, 0, 15}}};
+        if (shape == FOVIX_SHAPE_LARGE_AND_TWO)
+            views = {{0, {0, 0, 0, 10}}, {1, {0, -35, 0, 10}}, {2, {0, 35, 0, 10}}};
+    }
+    return views;
+}
+
+void setScreenView(VRHANDLE handle, int type, const ScreenView& view) {
+    const auto& [a, b, c, d] = view.values;
+    if (type == FOVIX_TYPE_360VR)
+        Fovix_SetPTZ_SubScreen(handle, view.screen, a, b, c, d, 0.0);
+    else if (type == FOVIX_TYPE_SINGLE_PIP)
+        Fovix_SetRotateZoomRecoverMode(handle, a, b, c, d);
+    else
+        Fovix_SetRotateZoom_SubScreen(handle, view.screen, a, b, c, d);
+}
+
+void setLayout(VRHANDLE handle, const ViewOptions& view, const Inputs& inputs) {
+    if (view.mount) Fovix_SetCameraMount(handle, *view.mount);
+    if (view.shape) Fovix_SetShape(handle, *view.shape);
+    if (view.drawMode) Fovix_SetDrawMode(handle, *view.drawMode);
+    if (view.twoLensesMode) Fovix_SetTwoLensesDrawMode(handle, *view.twoLensesMode);
+    if (view.twoLensesScreen) Fovix_SetTwoLensesScreen(handle, *view.twoLensesScreen);
+    if (const auto& zoom = view.logicZoom)
+        Fovix_SetLogicZoom(handle, zoom->min, zoom->max, zoom->div, zoom->zoom);
+    if (view.type == FOVIX_TYPE_MULTI_IMAGE)
+        Fovix_Multi_SetScreenNumber(handle, inputs.grid().rows, inputs.grid().columns);
+    if (view.type == FOVIX_TYPE_MULTI_LENS && inputs.count() > 0) {
+        Fovix_Multi_SetLens(handle, inputs.count());
+        Fovix_Multi_SwitchLens(handle, view.lensShown.value_or(0));
+    }
+}
+
+}  // namespace
+
+View::Creator creatorFor(const Options& options) {
+    // Controllers would overwrite the views at every frame; the inset's marker needs its controller.
+    const bool steered = !options.view.setsViews() || options.view.type == FOVIX_TYPE_SINGLE_PIP;
+    return steered ? Fovix_Create : Fovix_CreateNoTouchEvent;
+}
+
+void setUpView(VRHANDLE handle, const Options& options, const Inputs& inputs) {
+    Fovix_Prepare(handle);
+    Fovix_Init(handle, options.width, options.height);
+    Fovix_SetType(handle, options.view.type);
+    Fovix_SetBackground(handle, options.background);
+    // A change of type forgets the lens, so it is set last.
+    if (const auto lens = inputs.lens())
+        Fovix_SetFecParams(handle, lens->xCenter, lens->yCenter, lens->radius, lens->imageWidth,
+                           lens->imageHeight);
+    setLayout(handle, options.view, inputs);
+    for (const auto& point : options.view.select) {
+        Fovix_OnTouchDown(handle, point.x, point.y);
+        Fovix_OnTouchUp(handle, point.x, point.y);
+    }
+}
+
+void setViews(VRHANDLE handle, const ViewOptions& view) {
+    if (!view.setsViews()) return;
+    for (const ScreenView& start : startingViews(view)) setScreenView(handle, view.type, start);
+    if (view.logicZoom) setScreenView(handle, view.type, {0, {0, 0, 0, view.logicZoom->zoom}});
+    for (const ScreenView& asked : view.ptz) setScreenView(handle, view.type, asked);
+    for (const ScreenView& asked : view.rotateZoom) setScreenView(handle, view.type, asked);
+}
+
+int framesToSettle(const ViewOptions& view) {
+    // The longest one slides two pictures beside each other in 88 frames.
+    constexpr int longest = 90;
+    return view.shape || view.twoLensesMode ? longest : 0;
+}
+
+}  // namespace fovix_host

@@ -1,0 +1,132 @@
+#include "ViewTypes.h"
+
+#include <Fovix.h>
+
+#include <iomanip>
+#include <sstream>
+
+namespace fovix_host {
+namespace {
+
+constexpr NamedCode typeTable[] = {
+    {"360", FOVIX_TYPE_360VR, "panorama of a camera on ceiling, wall or floor, with one to six screens"},
+    {"180", FOVIX_TYPE_180VR, "half the surroundings, as disc, flat, cylinder or curved screen"},
+    {"original", FOVIX_TYPE_ORIGINAL, "the camera's picture as it comes"},
+    {"fisheye", FOVIX_TYPE_ORIGINAL, "the same"},
+    {"korvel", FOVIX_TYPE_KORVEL, "the straightened picture of the Korvel lens"},
+    {"grid", FOVIX_TYPE_MULTI_IMAGE, "up to 36 pictures of the same proportions side by side"},
+    {"lenses", FOVIX_TYPE_MULTI_LENS, "one of up to 36 pictures, chosen with --show-lens"},
+    {"pip", FOVIX_TYPE_SINGLE_PIP, "wide picture, zoomed; with an inset of the whole on a square surface"},
+    {"two-lenses", FOVIX_TYPE_TWO_LENSES, "a camera with two pictures in one, one above the other"},
+};
+
+constexpr NamedCode mountTable[] = {
+    {"ceiling", FOVIX_MOUNT_CEILING, "camera looks down; all shapes"},
+    {"wall", FOVIX_MOUNT_WALL, "camera looks ahead; single, bowl, strip, two-strips, overview-five"},
+    {"wall-inverted", FOVIX_MOUNT_WALL_INVERTED, "camera looks ahead, hung upside down; single"},
+    {"floor", FOVIX_MOUNT_FLOOR, "camera looks up; single"},
+};
+
+constexpr NamedShape shape360Table[] = {
+    {{"single", FOVIX_SHAPE_SINGLE, "one pan-tilt-zoom screen"}, 1, "0123"},
+    {{"dome", FOVIX_SHAPE_DOME, "the hemisphere as a dome"}, 1, "0"},
+    {{"bowl", FOVIX_SHAPE_BOWL, "the hemisphere as a bowl"}, 1, "01"},
+    {{"cylinder", FOVIX_SHAPE_CYLINDER, "a cylinder, seen from outside"}, 1, "0"},
+    {{"cylinder-inside", FOVIX_SHAPE_CYLINDER_INSIDE, "a cylinder, seen from inside and so mirrored"},
+     1,
+     "0"},
+    {{"strip", FOVIX_SHAPE_STRIP, "all the way round, unrolled"}, 1, "01"},
+    {{"two-strips", FOVIX_SHAPE_TWO_STRIPS, "two strips, half a turn apart"}, 1, "01"},
+    {{"four-screens", FOVIX_SHAPE_FOUR_SCREENS, "two by two pan-tilt-zoom screens"}, 4, "0"},
+    {{"overview-five", FOVIX_SHAPE_OVERVIEW_FIVE, "overview (screen 0) and five screens"}, 6, "01"},
+    {{"two-and-strip", FOVIX_SHAPE_TWO_AND_STRIP, "two screens above the strip"}, 2, "0"},
+};
+
+constexpr NamedShape shape180Table[] = {
+    {{"disc", FOVIX_SHAPE_SINGLE, "the lens disc"}},
+    {{"cylinder", FOVIX_SHAPE_CYLINDER, "round a full cylinder, mirrored"}},
+    {{"stretch", FOVIX_SHAPE_STRIP, "stretched flat"}},
+    {{"four-screens", FOVIX_SHAPE_FOUR_SCREENS, "two by two screens"}, 4},
+    {{"large-and-two", FOVIX_SHAPE_LARGE_AND_TWO, "a large screen above two small ones"}, 3},
+};
+
+constexpr NamedCode drawMode180Table[] = {
+    {"disc", FOVIX_180_DISC, "the lens disc"},
+    {"stretch", FOVIX_180_STRETCH, "stretched flat"},
+    {"cylinder", FOVIX_180_CYLINDER, "round a full cylinder, mirrored"},
+    {"curved", FOVIX_180_CURVED, "on a shallow curved screen"},
+};
+
+constexpr NamedCode insetTable[] = {
+    {"plain", 0, "without the inset"},
+    {"inset", 3, "with the inset, on a square surface"},
+};
+
+constexpr NamedCode twoLensesTable[] = {
+    {"by-zoom", FOVIX_TWO_LENSES_BY_ZOOM, "upper picture, and the lower one from a zoom threshold on"},
+    {"both", FOVIX_TWO_LENSES_BOTH, "side by side, or the one screen named after a comma"},
+    {"upper", FOVIX_TWO_LENSES_UPPER, "the upper picture alone"},
+    {"lower", FOVIX_TWO_LENSES_LOWER, "the lower picture alone"},
+};
+
+constexpr NamedCode twoLensesScreenTable[] = {
+    {"both", FOVIX_TWO_LENSES_SCREEN_BOTH, "both pictures"},
+    {"first", FOVIX_TWO_LENSES_SCREEN_FIRST, "the upper picture fills a wide surface"},
+    {"second", FOVIX_TWO_LENSES_SCREEN_SECOND, "the lower picture fills a wide surface"},
+};
+
+template <typename Table>
+void list(std::ostream& text, std::string_view heading, const Table& table) {
+    text << heading << '\n';
+    for (const auto& row : table)
+        text << "  " << std::setw(3) << std::right << row.code << "  " << std::setw(16) << std::left
+             << row.name << row.meaning << '\n';
+}
+
+}  // namespace
+
+std::span<const NamedCode> viewTypes() {
+    return typeTable;
+}
+std::span<const NamedCode> cameraMounts() {
+    return mountTable;
+}
+std::span<const NamedShape> shapesOf360() {
+    return shape360Table;
+}
+std::span<const NamedShape> shapesOf180() {
+    return shape180Table;
+}
+std::span<const NamedCode> drawModesOf180() {
+    return drawMode180Table;
+}
+std::span<const NamedCode> drawModesOfInset() {
+    return insetTable;
+}
+std::span<const NamedCode> twoLensesModes() {
+    return twoLensesTable;
+}
+std::span<const NamedCode> twoLensesScreens() {
+    return twoLensesScreenTable;
+}
+
+std::string viewTypeName(int type) {
+    for (const NamedCode& row : typeTable)
+        if (row.code == type) return std::string(row.name);
+    return std::to_string(type);
+}
+
+std::string namesToList() {
+    std::ostringstream text;
+    list(text, "Display types (--type); any other number shows the picture as it comes", typeTable);
+    list(text, "Camera mounts (--mount, type 360)", mountTable);
+    list(text, "Shapes of type 360 (--shape)", shape360Table);
+    list(text, "Shapes of type 180 (--shape)", shape180Table);
+    list(text, "Draw modes of type 180 (--draw-mode)", drawMode180Table);
+    list(text, "Draw modes of type pip (--draw-mode)", insetTable);
+    list(text, "Draw modes of type two-lenses (--two-lenses)", twoLensesTable);
+    list(text, "Screens of the draw mode both (--two-lenses both,SCREEN)", twoLensesScreenTable);
+    return text.str();
+}
+
+}  // namespace fovix_host
