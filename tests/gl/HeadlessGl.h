@@ -7,6 +7,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "Fovix.h"
 #include "Image.h"
@@ -14,34 +15,34 @@
 namespace fovix_test {
 
 /// One context of the compatibility profile and its surface; current on the thread that made it. There may be
-/// several: makeCurrent() switches. Whichever is current when it is destroyed leaves none current.
+/// several: the newest is current. Whichever is current when it is destroyed leaves none current.
 class HeadlessGl {
   public:
     HeadlessGl(int width, int height);
-    ~HeadlessGl();
-    HeadlessGl(const HeadlessGl&) = delete;
-    HeadlessGl& operator=(const HeadlessGl&) = delete;
 
-    void makeCurrent() const;
-    void releaseCurrent() const;  ///< another thread can take the context
-    Image readPixels() const;     ///< the whole surface
+    Image readPixels() const;  ///< the whole surface
     int width() const { return width_; }
     int height() const { return height_; }
 
   private:
-    struct Handles;
-    std::unique_ptr<Handles> egl_;
+    using Resource = std::unique_ptr<void, void (*)(void*)>;
+    Resource surface_, context_;
     int width_, height_;
 };
 
 /// What a call prints on standard output.
 std::string printedBy(const std::function<void()>& call);
 
+template <class... Parameters, class... Arguments>
+std::string printedBy(void (*function)(Parameters...), const Arguments&... arguments) {
+    return printedBy([&] { function(arguments...); });
+}
+
 /// A handle that is released at the end of its scope; made quietly.
 class View {
   public:
     explicit View(void (*create)(VRHANDLE*) = Fovix_CreateNoTouchEvent);
-    ~View();
+    ~View() { release(); }
     View(const View&) = delete;
     View& operator=(const View&) = delete;
 
@@ -61,6 +62,8 @@ class Stage {
 
     Image draw();             ///< one frame, read back; what it printed is in lines
     void show(const Image&);  ///< hands an RGBA picture in
+    void show(int pixelFmt, const std::vector<std::uint8_t>& bytes, int width, int height);
+    void show(int slot, const Image&);  ///< for a cell or a lens
 
     HeadlessGl gl;
     View view;

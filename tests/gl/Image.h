@@ -39,6 +39,9 @@ struct Image {
 
     int width = 0, height = 0;
     std::vector<std::uint8_t> bytes;
+
+  private:
+    std::size_t offset(int x, int y) const;
 };
 
 /// One place and the colour that belongs there.

@@ -71,6 +71,8 @@ Place seen(const Vec& p, double fieldOfView, double scale, double aspect) {
 }
 
 struct LandmarkPicture::Spot {
+    static Spot within(const Places& outline);
+
     double x, y, reach, area;
     bool sure;
     double sumX = 0, sumY = 0;
@@ -79,10 +81,10 @@ struct LandmarkPicture::Spot {
 
 LandmarkPicture::LandmarkPicture(int width, int height, std::vector<PicturePoint> landmarks, double radius)
     : landmarks_(std::move(landmarks)), radius_(radius), image_(width, height, kGround) {
-    for (int y = 0; y < height; ++y) {
-        for (int x = 0; x < width; ++x) {
-            for (std::size_t i = 0; i < landmarks_.size(); ++i) {
-                const PicturePoint& centre = landmarks_[i];
+    for (std::size_t i = 0; i < landmarks_.size(); ++i) {
+        const PicturePoint& centre = landmarks_[i];
+        for (int y = static_cast<int>(centre.y - radius); y <= centre.y + radius; ++y) {
+            for (int x = static_cast<int>(centre.x - radius); x <= centre.x + radius; ++x) {
                 if (std::hypot(x + 0.5 - centre.x, y + 0.5 - centre.y) < radius)
                     image_.set(x, y, colourOf(i));
             }
@@ -90,42 +92,48 @@ LandmarkPicture::LandmarkPicture(int width, int height, std::vector<PicturePoint
     }
 }
 
+/// The centre of gravity of what an outline in pixels encloses.
+LandmarkPicture::Spot LandmarkPicture::Spot::within(const Places& outline) {
+    Spot spot = {0, 0, 0, 0, true};
+    for (std::size_t i = 0; i < outline.size(); ++i) {
+        const Place &a = outline[i], &b = outline[(i + 1) % outline.size()];
+        const double cross = a.x * b.y - b.x * a.y;
+        spot.area += cross / 2;
+        spot.x += (a.x + b.x) * cross / 6;
+        spot.y += (a.y + b.y) * cross / 6;
+        spot.sure = spot.sure && a.sure;
+    }
+    spot.x /= spot.area;
+    spot.y /= spot.area;
+    spot.area = std::abs(spot.area);
+    for (const Place& place : outline) {
+        spot.reach = std::max(spot.reach, std::hypot(place.x - spot.x, place.y - spot.y) + 3.0);
+    }
+    return spot;
+}
+
 std::vector<LandmarkPicture::Spot> LandmarkPicture::spotsOf(const PicturePoint& landmark,
                                                             const Projection& projection,
                                                             const Viewport& viewport,
                                                             int surfaceHeight) const {
-    const double bottom = surfaceHeight - viewport.y;
-    std::vector<Places> outline;
+    constexpr double kMargin = 2.0;  // pixels inside the viewport, so that all of the landmark counts
+    const double halfWidth = viewport.width / 2.0, halfHeight = viewport.height / 2.0;
+    std::vector<Places> outlines;
     for (int i = 0; i < kOutline; ++i) {
         const double angle = 2.0 * std::numbers::pi * i / kOutline;
-        outline.push_back(
-            projection({landmark.x + radius_ * std::cos(angle), landmark.y + radius_ * std::sin(angle)}));
+        const Places places =
+            projection({landmark.x + radius_ * std::cos(angle), landmark.y + radius_ * std::sin(angle)});
+        outlines.resize(places.size());
+        for (std::size_t copy = 0; copy < places.size(); ++copy) {
+            const auto [x, y, sure] = places[copy];
+            const bool isInside =
+                (1 - std::abs(x)) * halfWidth > kMargin && (1 - std::abs(y)) * halfHeight > kMargin;
+            outlines[copy].push_back({viewport.x + (1 + x) * halfWidth,
+                                      surfaceHeight - viewport.y - (1 + y) * halfHeight, sure && isInside});
+        }
     }
     std::vector<Spot> spots;
-    for (std::size_t copy = 0; copy < outline[0].size(); ++copy) {
-        Places border;
-        bool sure = true;
-        for (const Places& places : outline) {
-            const Place& place = places.at(copy);
-            border.push_back({viewport.x + (place.x + 1) / 2 * viewport.width,
-                              bottom - (place.y + 1) / 2 * viewport.height});
-            const auto [x, y, any] = border.back();
-            sure = sure && place.sure && x > viewport.x + 2 && x < viewport.x + viewport.width - 2 &&
-                   y < bottom - 2 && y > bottom - viewport.height + 2;
-        }
-        double area = 0, x = 0, y = 0, reach = 0;
-        for (std::size_t i = 0; i < border.size(); ++i) {  // centre of gravity of the outline's inside
-            const Place &a = border[i], &b = border[(i + 1) % border.size()];
-            const double cross = a.x * b.y - b.x * a.y;
-            area += cross / 2;
-            x += (a.x + b.x) * cross / 6;
-            y += (a.y + b.y) * cross / 6;
-        }
-        x /= area;
-        y /= area;
-        for (const Place& place : border) reach = std::max(reach, std::hypot(place.x - x, place.y - y));
-        spots.push_back({x, y, reach + 3.0, std::abs(area), sure});
-    }
+    for (const Places& outline : outlines) spots.push_back(Spot::within(outline));
     return spots;
 }
 
@@ -179,7 +187,7 @@ LandmarkPicture Lens::picture() const {
                               yCenter + angle / 85.0 * ry * std::sin(azimuth)});
         }
     }
-    return {width, height, places, rx * 0.022};
+    return {width, height, places, rx * 0.03};
 }
 
 testing::AssertionResult showsLoops(const Image& surface, const std::vector<Places>& loops, Rgba colour) {

@@ -9,30 +9,11 @@
 
 namespace fovix_test {
 
+using Bytes = std::vector<std::uint8_t>;
+
 /// Red, green, blue, 0 to 255, at u and v from 0 to 1 across the picture.
 using Sampler = std::function<std::array<double, 3>(double u, double v)>;
-
-/// One value per pixel, packed rows.
-struct Plane {
-    int width, height;
-    std::vector<std::uint8_t> bytes;
-
-    /// Bilinear between the centres of the pixels, the edge pixels going on outwards.
-    double at(double u, double v) const;
-};
-
-/// A picture in planes; chroma planes have half the size, rounded down.
-struct YuvPicture {
-    Plane y, u, v;
-
-    /// Smooth chroma and lively luma, so that each plane's place in memory shows.
-    static YuvPicture sample(int width, int height);
-    /// The bytes in one of the library's layouts (codes 3, 9, 10); each chroma plane takes W * H / 4 bytes.
-    std::vector<std::uint8_t> packed(int pixelFmt) const;
-};
-
 Sampler sampled(const Image& picture);
-Sampler sampled(const YuvPicture& picture);  ///< BT.601, limited range
 
 struct FlatSight {
     double heightOverWidth;     ///< proportions in which the picture is to be shown
@@ -42,9 +23,19 @@ struct FlatSight {
 
 /// The picture on a surface of width by height pixels, its border left open where it meets the centre of a
 /// pixel.
-Image flatPicture(const Sampler& picture, const FlatSight& sight, int width, int height, Rgba background);
+Image flatPicture(const Sampler& picture, const FlatSight& sight, int width, int height,
+                  Rgba background = rgb(0));
+
+/// The whole picture in its own proportions.
+Image letterboxed(const Image& picture, int width, int height, Rgba background = rgb(0));
 
 /// Four quadrants (red, green / blue, yellow) on a dark frame, a white marker in the top left one.
 Image quadrants(int width, int height);
+
+/// A picture of lively luma in four fields of chroma in one of the library's layouts (codes 3, 9, 10); each
+/// chroma plane takes width * height / 4 bytes.
+Bytes yuvBytes(int pixelFmt, int width, int height);
+/// What it looks like pixel by pixel, BT.601 in limited range; open where the fields meet.
+Image yuvColours(int width, int height);
 
 }  // namespace fovix_test

@@ -8,6 +8,7 @@
 #include <iterator>
 #include <map>
 #include <set>
+#include <sstream>
 
 #include "FovixContext.h"
 #include "HeadlessGl.h"
@@ -21,8 +22,10 @@ alignas(double) std::array<char, 64> memory;
 
 template <class Argument>
 Argument anyArgument() {
-    if constexpr (std::is_pointer_v<Argument>) return reinterpret_cast<Argument>(memory.data());
-    return Argument{1};
+    if constexpr (std::is_pointer_v<Argument>)
+        return reinterpret_cast<Argument>(memory.data());
+    else
+        return Argument{1};
 }
 
 using Call = std::function<double(VRHANDLE)>;
@@ -37,89 +40,49 @@ Call calling(Result (*function)(VRHANDLE, Arguments...)) {
     };
 }
 
-#define CALL(name) \
-    { #name, calling(name) }
+template <class... Functions>
+std::map<std::string, Call> callsOf(const char* names, Functions... functions) {
+    std::map<std::string, Call> calls;
+    std::istringstream list(names);
+    std::string name;
+    ((std::getline(list >> std::ws, name, ','), calls[name] = calling(functions)), ...);
+    return calls;
+}
 
-const std::map<std::string, Call> kExports = {CALL(Fovix_AutoAdjust),
-                                              CALL(Fovix_CleanUp),
-                                              CALL(Fovix_DisplayRect),
-                                              CALL(Fovix_DisplayTarget),
-                                              CALL(Fovix_Drawself),
-                                              CALL(Fovix_GetCameraMount),
-                                              CALL(Fovix_GetLogicZoom),
-                                              CALL(Fovix_GetPTZ),
-                                              CALL(Fovix_GetPTZFor180VR),
-                                              CALL(Fovix_GetPTZ_SubScreen),
-                                              CALL(Fovix_GetRelativeXOffset),
-                                              CALL(Fovix_GetRotateZoom),
-                                              CALL(Fovix_GetRotateZoom_SubScreen),
-                                              CALL(Fovix_GetShape),
-                                              CALL(Fovix_GetTwoLensesScreen),
-                                              CALL(Fovix_GetType),
-                                              CALL(Fovix_Init),
-                                              CALL(Fovix_Multi_GetLensCount),
-                                              CALL(Fovix_Multi_GetLensIndex),
-                                              CALL(Fovix_Multi_SetLens),
-                                              CALL(Fovix_Multi_SetRGBTexture),
-                                              CALL(Fovix_Multi_SetScreenNumber),
-                                              CALL(Fovix_Multi_SetTexture),
-                                              CALL(Fovix_Multi_SetYUV420PTexture),
-                                              CALL(Fovix_Multi_SwitchLens),
-                                              CALL(Fovix_OnAccelerometer),
-                                              CALL(Fovix_OnOrientation),
-                                              CALL(Fovix_OnTouchDown),
-                                              CALL(Fovix_OnTouchFling),
-                                              CALL(Fovix_OnTouchMove),
-                                              CALL(Fovix_OnTouchPinch),
-                                              CALL(Fovix_OnTouchPinchScale),
-                                              CALL(Fovix_OnTouchUp),
-                                              CALL(Fovix_Prepare),
-                                              CALL(Fovix_Release),
-                                              CALL(Fovix_ResetPosition),
-                                              CALL(Fovix_SetBackground),
-                                              CALL(Fovix_SetCameraMount),
-                                              CALL(Fovix_SetDrawMode),
-                                              CALL(Fovix_SetDrawModeCartoon),
-                                              CALL(Fovix_SetFecParams),
-                                              CALL(Fovix_SetLogicZoom),
-                                              CALL(Fovix_SetPTZ),
-                                              CALL(Fovix_SetPTZFor180VR),
-                                              CALL(Fovix_SetPTZ_SubScreen),
-                                              CALL(Fovix_SetRGBTexture),
-                                              CALL(Fovix_SetRotateZoom),
-                                              CALL(Fovix_SetRotateZoomRecoverMode),
-                                              CALL(Fovix_SetRotateZoom_SubScreen),
-                                              CALL(Fovix_SetRotationFor180VR),
-                                              CALL(Fovix_SetShape),
-                                              CALL(Fovix_SetTexture),
-                                              CALL(Fovix_SetTwoLensesDrawMode),
-                                              CALL(Fovix_SetTwoLensesScreen),
-                                              CALL(Fovix_SetType),
-                                              CALL(Fovix_SetYUV420PTexture),
-                                              CALL(Fovix_StartAutoCruise),
-                                              CALL(Fovix_StopAutoCruise),
-                                              CALL(Fovix_getViewSize)};
+#define CALLS_OF(...) callsOf(#__VA_ARGS__, __VA_ARGS__)
+
+const std::map<std::string, Call> kExports = CALLS_OF(
+    Fovix_AutoAdjust, Fovix_CleanUp, Fovix_DisplayRect, Fovix_DisplayTarget, Fovix_Drawself,
+    Fovix_GetCameraMount, Fovix_GetLogicZoom, Fovix_GetPTZ, Fovix_GetPTZFor180VR, Fovix_GetPTZ_SubScreen,
+    Fovix_GetRelativeXOffset, Fovix_GetRotateZoom, Fovix_GetRotateZoom_SubScreen, Fovix_GetShape,
+    Fovix_GetTwoLensesScreen, Fovix_GetType, Fovix_Init, Fovix_Multi_GetLensCount, Fovix_Multi_GetLensIndex,
+    Fovix_Multi_SetLens, Fovix_Multi_SetRGBTexture, Fovix_Multi_SetScreenNumber, Fovix_Multi_SetTexture,
+    Fovix_Multi_SetYUV420PTexture, Fovix_Multi_SwitchLens, Fovix_OnAccelerometer, Fovix_OnOrientation,
+    Fovix_OnTouchDown, Fovix_OnTouchFling, Fovix_OnTouchMove, Fovix_OnTouchPinch, Fovix_OnTouchPinchScale,
+    Fovix_OnTouchUp, Fovix_Prepare, Fovix_Release, Fovix_ResetPosition, Fovix_SetBackground,
+    Fovix_SetCameraMount, Fovix_SetDrawMode, Fovix_SetDrawModeCartoon, Fovix_SetFecParams, Fovix_SetLogicZoom,
+    Fovix_SetPTZ, Fovix_SetPTZFor180VR, Fovix_SetPTZ_SubScreen, Fovix_SetRGBTexture, Fovix_SetRotateZoom,
+    Fovix_SetRotateZoomRecoverMode, Fovix_SetRotateZoom_SubScreen, Fovix_SetRotationFor180VR, Fovix_SetShape,
+    Fovix_SetTexture, Fovix_SetTwoLensesDrawMode, Fovix_SetTwoLensesScreen, Fovix_SetType,
+    Fovix_SetYUV420PTexture, Fovix_StartAutoCruise, Fovix_StopAutoCruise, Fovix_getViewSize);
 
 void expectRefused(VRHANDLE handle, const std::string& line) {
-    const std::map<std::string, double> failures = {{"Fovix_GetType", 1.0},
-                                                    {"Fovix_GetCameraMount", 4.0},
-                                                    {"Fovix_GetShape", -1.0},
-                                                    {"Fovix_GetTwoLensesScreen", 3.0}};
-    const std::map<std::string, std::string> ownLines = {
-        {"Fovix_SetType", "Fovix_SetType() Error! handle is NULL!\n"},
-        {"Fovix_DisplayRect", "Fovix_DisplayRect Error, handle is NULL!"},
-        {"Fovix_DisplayTarget", "Fovix_DisplayRect Error, handle is NULL!"}};
-    const auto find = [](const auto& map, const std::string& name) {
-        const auto found = map.find(name);
-        return found == map.end() ? decltype(found->second){} : found->second;
-    };
-    for (const auto& [name, call] : kExports) {
-        SCOPED_TRACE(name);
+    std::map<std::string, double> failures;
+    failures["Fovix_GetType"] = 1.0;
+    failures["Fovix_GetCameraMount"] = 4.0;
+    failures["Fovix_GetShape"] = -1.0;
+    failures["Fovix_GetTwoLensesScreen"] = 3.0;
+    std::map<std::string, std::string> ownLines;
+    ownLines["Fovix_SetType"] = "Fovix_SetType() Error! handle is NULL!\n";
+    ownLines["Fovix_DisplayRect"] = "Fovix_DisplayRect Error, handle is NULL!";
+    ownLines["Fovix_DisplayTarget"] = "Fovix_DisplayRect Error, handle is NULL!";
+    for (const auto& entry : kExports) {
         memory.fill('m');
         double result = 0.0;
-        EXPECT_EQ(printedBy([&, &refused = call] { result = refused(handle); }), line + find(ownLines, name));
-        EXPECT_EQ(result, find(failures, name));
-        EXPECT_EQ(std::count(memory.begin(), memory.end(), 'm'), 64);
+        EXPECT_EQ(printedBy([&] { result = entry.second(handle); }), line + ownLines[entry.first])
+            << entry.first;
+        EXPECT_EQ(result, failures[entry.first]) << entry.first;
+        EXPECT_EQ(std::count(memory.begin(), memory.end(), 'm'), 64) << entry.first;
     }
 }
 
