@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <numbers>
 #include <string>
 #include <vector>
@@ -34,30 +35,39 @@ inline FishEyeConfig lensOf(int displayType, int width, int height, const Fec& f
 }
 
 struct Vertex {
-    double x, y, z, u, v;
+    double x, y, z, u = 0.0, v = 0.0;
     bool operator==(const Vertex&) const = default;
 };
 
-inline std::vector<Vertex> verticesOf(const GridMesh& mesh) {
-    std::vector<Vertex> vertices;
-    for (auto at = mesh.triangles.begin(); at != mesh.triangles.end(); at += 5) {
-        vertices.push_back({at[0], at[1], at[2], at[3], at[4]});
-    }
-    return vertices;
+inline std::ostream& operator<<(std::ostream& out, const Vertex& p) {
+    return out << p.x << ", " << p.y << ", " << p.z << " shows " << p.u << ", " << p.v;
 }
 
-/// Corners A to D of the cells, in the order of the mesh: triangles A, B, D and B, C, D.
+/// Whether a vertex stands at a place.
+inline bool isAt(const Vertex& vertex, const Vertex& place, double tolerance) {
+    return std::hypot(vertex.x - place.x, vertex.y - place.y, vertex.z - place.z) <= tolerance;
+}
+
+/// The same, with what it shows there.
+inline bool shows(const Vertex& vertex, const Vertex& expected, double tolerance) {
+    return isAt(vertex, expected, tolerance) &&
+           std::hypot(vertex.u - expected.u, vertex.v - expected.v) <= tolerance;
+}
+
+/// Corners A to D of a cell; its triangles are A, B, D and B, C, D.
 struct MeshCell {
     Vertex a, b, c, d;
 };
 
+/// In the order of the mesh.
 inline std::vector<MeshCell> cellsOf(const GridMesh& mesh) {
-    const std::vector<Vertex> vertices = verticesOf(mesh);
     std::vector<MeshCell> cells;
-    for (std::size_t at = 0; at < vertices.size(); at += 6) {
-        cells.push_back({vertices[at], vertices[at + 1], vertices[at + 4], vertices[at + 2]});
-        EXPECT_EQ(vertices[at + 3], vertices[at + 1]) << "cell " << at / 6;
-        EXPECT_EQ(vertices[at + 5], vertices[at + 2]) << "cell " << at / 6;
+    for (auto at = mesh.triangles.begin(); at != mesh.triangles.end(); at += 30) {
+        const auto vertex = [at](int k) {
+            return Vertex{at[5 * k], at[5 * k + 1], at[5 * k + 2], at[5 * k + 3], at[5 * k + 4]};
+        };
+        cells.push_back({vertex(0), vertex(1), vertex(4), vertex(2)});
+        EXPECT_TRUE(vertex(3) == vertex(1) && vertex(5) == vertex(2)) << "cell " << cells.size();
     }
     return cells;
 }
