@@ -97,6 +97,10 @@ TEST_F(TwoLenses, MovesBetweenBothAndOne) {
     ops.setRotateZoom(*model, 0, 18.0, 36.0, 5.0, 4.0);
     drawFrames(1);
     EXPECT_LT(drawn.at(1)[0], 1.0) << "only a picture that fills the surface follows the zoom";
+    drawFrames(1000);
+    ops.setRotateZoom(*model, 0, 18.0, 36.0, 5.0, 0.5);
+    drawFrames(1);
+    expectDrawn(1, 0.0, 0.0, 1.0);
     takeLines();
     ops.setTwoLensesDrawMode(*model, 1);
     EXPECT_EQ(takeLines(), "tow lenses setDrawMode: 1");
