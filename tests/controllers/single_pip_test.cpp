@@ -33,7 +33,6 @@ TEST(SinglePipTouch, GesturesEndInTheirView) {
         {"spread 0 1", {0, 0, kDepth, 5}},
         {"size 0 800 spread 10 20 up 0 0 down 0 0 move 100 0 move 100 100", {0, -0.01195313, kDepth, 2}},
         {"cruise 1 down 600 700 frames 999", {0.3575, 0, kDepth, 1}},
-        {"down 520 600 frames 999", {0, 0, kDepth, 1}},
         {"mode 1 down 200 799 frames 999", {-0.715, 0, kDepth, 1}},
         {"down 790 700 frames 999", {0.715, 0, kDepth, 1}},
         {"size 0 0 down 5 5 frames 999", {0, 0, kDepth, 1}},

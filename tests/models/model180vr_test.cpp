@@ -30,7 +30,8 @@ TEST_F(Model180VR, ShapesChooseTheMesh) {
     const struct {
         int shape, mode;
         bool morphs;
-    } cases[] = {{5, 1, true}, {3, 2, false}, {10, 3, false}, {0, 0, true}, {0, 0, false}, {5, 1, true}};
+    } cases[] = {{5, 1, true},  {3, 2, false}, {10, 3, false}, {0, 0, true},
+                 {3, 2, false}, {0, 0, false}, {5, 1, true}};
     for (const auto& [shape, mode, morphs] : cases) {
         ops.setShape(*model, shape);
         EXPECT_EQ(params.mDrawMode, mode) << "shape " << shape;

@@ -147,6 +147,8 @@ TEST_F(Model360VR, TouchesSelectScreensButNotOverviews) {
         EXPECT_EQ(ops.selectScreen(*model, x, y), found);
         EXPECT_EQ(ops.getSelectedScreen(*model), selected) << "shape " << shape;
     }
+    ops.setShape(*model, FOVIX_SHAPE_FOUR_SCREENS);
+    EXPECT_EQ(ops.getSelectedScreen(*model), 0);
 }
 
 TEST_F(Model360VR, StripsScrollWithinTheirViews) {

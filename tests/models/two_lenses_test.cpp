@@ -113,6 +113,8 @@ TEST_F(TwoLenses, MovesBetweenBothAndOne) {
 TEST_F(TwoLenses, KeepsBothMeshesUntilSurfaceOrLensChange) {
     const VertexCachePtr upper = fetch();
     ops.setTwoLensesDrawMode(*model, 1);
+    ops.setRotateZoom(*model, 0, 1.0, 2.0, 3.0, 5.0);
+    EXPECT_EQ(rotateZoomOf(0), (View{0, 0, 0, 5})) << "side by side drops the pan";
     const VertexCachePtr lower = ops.getOverlayVerticesCache(*model, 0);
     EXPECT_TRUE(fetch() == upper && lower != upper && !ops.getOverlayVerticesCache(*model, 1));
     ops.setTwoLensesDrawMode(*model, 3);
