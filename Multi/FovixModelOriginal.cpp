@@ -26,17 +26,6 @@ VertexCachePtr createVertices(FovixModel& model) {
     return cache;
 }
 
-VertexCachePtr getVerticesCache(FovixModel& model) {
-    OriginalParams& p = params(model);
-    if (!p.mVerticesCache) p.mVerticesCache = createVertices(model);
-    if (!p.mVerticesCache) printLine("error pCtxt = NULL\n");
-    return p.mVerticesCache;
-}
-
-void onConfigChanged(FovixModel& model) {
-    params(model).mVerticesCache = nullptr;
-}
-
 void drawSelf(FovixModel& model, int mvpMatrixUniform, int verticalOffsetUniform) {
     const OriginalParams& p = params(model);
     const RotateZoomView view = p.mView;
@@ -59,8 +48,8 @@ constexpr FovixModelOperations kFlatPictureOperations = {
     .setViewSize = FovixModel_SetViewSize,
     .needContinue = FovixModel_NeedContinue,
     .getTextureScale = FovixModel_GetTextureScale,
-    .getVerticesCache = getVerticesCache,
-    .onConfigChanged = onConfigChanged,
+    .getVerticesCache = FlatMesh_GetVerticesCache<createVertices>,
+    .onConfigChanged = FlatMesh_OnConfigChanged,
     .drawSelf = drawSelf,
     .resetPosition = reset,
     .setRotateZoom = setRotateZoom,
@@ -78,6 +67,10 @@ Mat4 flatPictureMatrix(double zoom, double rotateX, double rotateY, int width, i
     Mat4_Translate(m, 0.0, 0.0, -1.0);
     Mat4_Perspective(m, fieldOfViewForZoom(zoom), kNearPlane, kFarPlane, width, height, 1.0);
     return m;
+}
+
+void FlatMesh_OnConfigChanged(FovixModel& model) {
+    paramsOf<FlatMeshParams>(model).mVerticesCache = nullptr;
 }
 
 ModelPtr FlatPicture_Create(const FishEyeConfig& lens, const FlatPictureKind& kind) {

@@ -5,6 +5,7 @@
 // its own.
 #pragma once
 
+#include "Diagnostics.h"
 #include "FovixModel.h"
 #include "GridMesh.h"
 #include "Mat4.h"
@@ -19,15 +20,31 @@ struct FlatPictureKind {
     const char* source;       ///< name of the kind's source in GL error lines
 };
 
-struct OriginalParams : ModelParams {
-    OriginalParams(const FishEyeConfig& lens, const FlatPictureKind& kind)
-        : ModelParams(lens), mKind(&kind) {}
+/// A kind with one flat mesh.
+struct FlatMeshParams : ModelParams {
+    using ModelParams::ModelParams;
 
-    RotateZoomView mView;           ///< zoom 1.0: the picture fills the surface's width
     VertexCachePtr mVerticesCache;  ///< built on first use
     Cell<int> mNumTriangles = 0;
+};
+
+struct OriginalParams : FlatMeshParams {
+    OriginalParams(const FishEyeConfig& lens, const FlatPictureKind& kind)
+        : FlatMeshParams(lens), mKind(&kind) {}
+
+    RotateZoomView mView;  ///< zoom 1.0: the picture fills the surface's width
     const FlatPictureKind* mKind;
 };
+
+// Operations of the kinds with one flat mesh, which create builds.
+template <VertexCachePtr (*create)(FovixModel& model)>
+VertexCachePtr FlatMesh_GetVerticesCache(FovixModel& model) {
+    VertexCachePtr& cache = paramsOf<FlatMeshParams>(model).mVerticesCache;
+    if (!cache) cache = create(model);
+    if (!cache) printLine("error pCtxt = NULL\n");
+    return cache;
+}
+void FlatMesh_OnConfigChanged(FovixModel& model);
 
 /// Model-view-projection matrix of a flat picture on a surface of width × height pixels.
 Mat4 flatPictureMatrix(double zoom, double rotateX, double rotateY, int width, int height);

@@ -2,7 +2,6 @@
 
 #include "Diagnostics.h"
 #include "DrawMesh.h"
-#include "FovixModelOriginal.h"
 
 namespace fovix {
 
@@ -38,17 +37,6 @@ VertexCachePtr createVertices(FovixModel& model) {
     printLine("FovixModelSinglePIP.createVertices(numTriangles=%d)\n", mesh.triangleCount);
     p.mNumTriangles = mesh.triangleCount;
     return VertexCache_FromFlatMesh(mesh);
-}
-
-VertexCachePtr getVerticesCache(FovixModel& model) {
-    SinglePIPParams& p = params(model);
-    if (!p.mVerticesCache) p.mVerticesCache = createVertices(model);
-    if (!p.mVerticesCache) printLine("error pCtxt = NULL\n");
-    return p.mVerticesCache;
-}
-
-void onConfigChanged(FovixModel& model) {
-    params(model).mVerticesCache = nullptr;
 }
 
 void drawSelf(FovixModel& model, int mvpMatrixUniform, int verticalOffsetUniform) {
@@ -89,8 +77,8 @@ constexpr FovixModelOperations kOperations = {
     .setViewSize = FovixModel_SetViewSize,
     .needContinue = FovixModel_NeedContinue,
     .getTextureScale = FovixModel_GetTextureScale,
-    .getVerticesCache = getVerticesCache,
-    .onConfigChanged = onConfigChanged,
+    .getVerticesCache = FlatMesh_GetVerticesCache<createVertices>,
+    .onConfigChanged = FlatMesh_OnConfigChanged,
     .drawSelf = drawSelf,
     .getOverlayCount = getOverlayCount,
     .resetPosition = resetPosition,

@@ -2,7 +2,7 @@
 // surface an inset in the lower part that always shows the whole picture. Both draw the same flat mesh.
 #pragma once
 
-#include "FovixModel.h"
+#include "FovixModelOriginal.h"
 #include "Mat4.h"
 
 namespace fovix {
@@ -11,15 +11,13 @@ namespace fovix {
 /// precision.
 inline constexpr double kSinglePipDistance = 0.715f;
 
-struct SinglePIPParams : ModelParams {
-    using ModelParams::ModelParams;
+struct SinglePIPParams : FlatMeshParams {
+    using FlatMeshParams::FlatMeshParams;
 
     Cell<double> mZoom = 1.0;
     Cell<double> mOffsetX = 0.0;  ///< moves the picture left, model units
     Cell<double> mOffsetY = 0.0;  ///< moves the picture up
     Cell<double> mDistance = kSinglePipDistance;
-    VertexCachePtr mVerticesCache;  ///< built on first use; GL thread, as the count
-    int mNumTriangles = 0;
     Cell<int> mDrawMode = 3;  ///< 0: no inset
 };
 
