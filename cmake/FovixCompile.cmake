@@ -9,7 +9,12 @@ function(fovix_compile target)
         $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict> $<$<BOOL:${CMAKE_COMPILE_WARNING_AS_ERROR}>:-Werror>)
     if(FOVIX_SANITIZE)
         target_compile_options(${target} PRIVATE -fsanitize=${FOVIX_SANITIZE} -fno-sanitize-recover=all
-                                                 -fno-omit-frame-pointer)
+                                                 -fno-omit-frame-pointer
+                                                 -g1)  # the lines of a report, in a third less time
         target_link_options(${target} PRIVATE -fsanitize=${FOVIX_SANITIZE})
+    endif()
+    get_target_property(type ${target} TYPE)
+    if(FOVIX_SANITIZE MATCHES "address" AND type STREQUAL "EXECUTABLE")
+        target_sources(${target} PRIVATE ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/SanitizerOptions.c)
     endif()
 endfunction()
