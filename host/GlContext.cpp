@@ -4,10 +4,11 @@
 #include <EGL/eglext.h>
 #include <GL/gl.h>
 
-#include <algorithm>
 #include <cstdlib>
 #include <stdexcept>
 #include <string_view>
+
+#include "SurfacePixels.h"
 
 namespace fovix_host {
 
@@ -118,14 +119,7 @@ GlContext::GlContext(int width, int height)
 GlContext::~GlContext() = default;
 
 RgbaImage GlContext::readPixels() const {
-    RgbaImage image(_width, _height);
-    glPixelStorei(GL_PACK_ALIGNMENT, 1);
-    glReadPixels(0, 0, _width, _height, GL_RGBA, GL_UNSIGNED_BYTE, image.pixels.data());
-    // GL's first row is the lowest one.
-    const auto rowBytes = static_cast<std::ptrdiff_t>(_width) * 4;
-    for (int y = 0; y < _height / 2; ++y)
-        std::swap_ranges(image.at(0, y), image.at(0, y) + rowBytes, image.at(0, _height - 1 - y));
-    return image;
+    return readSurface(_width, _height);
 }
 
 void GlContext::setDrawnPart(int width, int height) const {

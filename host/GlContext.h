@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "RgbaImage.h"
+#include "media/RgbaImage.h"
 
 namespace fovix_host {
 

@@ -2,28 +2,38 @@
 // standard output too: from now on those go to standard error or nowhere.
 #pragma once
 
-#include <cstdio>
-#include <memory>
+#include <cstddef>
 #include <string>
 
 namespace fovix_host {
 
 enum class Diagnostics { hidden, toStandardError };
+enum class Lines { toStandardOutput, toStandardError };
+
+// Thrown when whoever reads standard output has closed it: not worth a word to the user. Needs SIGPIPE
+// ignored.
+struct ReaderGone {};
 
 class OwnOutput {
   public:
     // Redirects descriptor 1 for the rest of the process.
-    explicit OwnOutput(Diagnostics diagnostics);
+    explicit OwnOutput(Diagnostics diagnostics, Lines lines = Lines::toStandardOutput);
+    ~OwnOutput();
+    OwnOutput(const OwnOutput&) = delete;
+    OwnOutput& operator=(const OwnOutput&) = delete;
 
-    // Writes a line where standard output was directed at the start; throws std::runtime_error when
-    // that fails.
+    // Both write where standard output was directed at the start, lines only where they go there; they throw
+    // std::runtime_error or ReaderGone when that fails.
     void line(const std::string& text);
+    void bytes(const void* bytes, std::size_t count);
+    bool isTerminal() const;
 
   private:
-    struct Closer {
-        void operator()(std::FILE* file) const { std::fclose(file); }
-    };
-    std::unique_ptr<std::FILE, Closer> _file;
+    [[noreturn]] static void fail();
+    void write(const void* bytes, std::size_t count);
+
+    int _own = -1;  // descriptor of what standard output was at the start; -1 where it was closed
+    Lines _lines;
 };
 
 }  // namespace fovix_host

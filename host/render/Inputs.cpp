@@ -3,97 +3,72 @@
 #include <Fovix.h>
 
 #include <algorithm>
-#include <cmath>
-#include <cstdio>
+#include <filesystem>
 #include <stdexcept>
+#include <utility>
+
+#include "SampleInputs.h"
+#include "ViewLayout.h"
+#include "lens/LensInMedia.h"
+#include "lens/PictureLuma.h"
 
 namespace fovix_host {
-namespace {
-
-constexpr int sampleSize = 1280;
-constexpr int smallSampleSize = 640;  // one of several
-constexpr int samples = 4;            // where nothing tells how many
-
-using Camera = SampleScene::Camera;
-
-Camera otherThan(Camera camera) {
-    return camera == Camera::ceiling ? Camera::wall : Camera::ceiling;
-}
-
-ViewOptions::Grid gridFor(int pictures) {
-    const int columns = static_cast<int>(std::ceil(std::sqrt(pictures)));
-    return {(pictures + columns - 1) / columns, columns};
-}
-
-int sampleCount(const ViewOptions& view) {
-    if (view.grid) return view.grid->rows * view.grid->columns;
-    return std::max(samples, view.lensShown.value_or(0) + 1);
-}
-
-std::string sizeText(int width, int height) {
-    return std::to_string(width) + "x" + std::to_string(height);
-}
-
-}  // namespace
-
-Inputs::Inputs(const Options& options) : _options(options) {
-    open();
+Inputs::Inputs(const Options& options, const MediaDemands& demands)
+    : _options(options), _notify(demands.notify), _interrupted(demands.interrupted) {
+    open(demands);
     for (std::size_t i = 0; i < _sources.size(); ++i) {
         _pictures.push_back(_sources[i]->next());
-        if (!_pictures.back()) throw std::runtime_error("'" + options.inputs.at(i) + "' holds no picture");
+        if (!_pictures.back())
+            throw std::runtime_error("'" + options.input.inputs.at(i) + "' holds no picture");
     }
-    if (_pictures.empty()) return;
-    _width = _pictures.front()->width;
-    _height = _pictures.front()->height;
+    if (!_pictures.empty()) {
+        _width = _pictures.front()->width;
+        _height = _pictures.front()->height;
+    }
+    _lens = chooseLens();
 }
 
-void Inputs::open() {
+void Inputs::open(MediaDemands demands) {
     const ViewOptions& view = _options.view;
     // The lenses take RGBA only, and the grid shows either RGBA or YUV in all of its cells.
-    const PackedFormats formats = view.takesSeveralInputs() ? PackedFormats::rgba : PackedFormats::all;
-    for (const std::string& input : _options.inputs) _sources.push_back(openMedia(input, formats));
-    if (!_options.sample) return;
-    const Camera camera = *_options.sample;
-    if (view.type == FOVIX_TYPE_TWO_LENSES)
-        _sources.push_back(openStackedSample(camera, otherThan(camera), sampleSize, sampleSize * 9 / 16));
-    else if (!view.takesSeveralInputs())
-        _sources.push_back(openSample(camera, sampleSize, sampleSize));
-    else
-        for (int i = 0; i < sampleCount(view); ++i) {
-            constexpr int framesApart = 40;
-            const Camera from = _options.samplesDiffer && i % 2 == 1 ? otherThan(camera) : camera;
-            _sources.push_back(openSample(from, smallSampleSize, smallSampleSize, i * framesApart));
-        }
+    demands.formats = view.takesSeveralInputs() ? PackedFormats::rgba : PackedFormats::all;
+    for (const std::string& input : _options.input.inputs) _sources.push_back(openMedia(input, demands));
+    if (_options.start && motion() == Motion::still)
+        throw UsageError("--start goes with a video, and '" + _options.input.inputs.front() +
+                         "' is a single picture");
+    for (auto& sample : openSamples(_options.input, view)) _sources.push_back(std::move(sample));
 }
 
-ViewOptions::Grid Inputs::grid() const {
-    return _options.view.grid.value_or(gridFor(std::max(count(), 1)));
-}
-
-std::optional<LensCircle> Inputs::lens() const {
-    if (_options.lens || _sources.empty()) return _options.lens;
-    const int type = _options.view.type;
-    if (const auto lens = _sources.front()->lens(); lens && type != FOVIX_TYPE_MULTI_IMAGE) return lens;
-    if (type == FOVIX_TYPE_TWO_LENSES && _height > 1)
-        return LensCircle{std::max(_width / 2, 1), std::max(_height / 4, 1),
-                          std::max(std::min(_width, _height / 2) / 2, 1), _width, _height / 2};
-    if (type == FOVIX_TYPE_MULTI_IMAGE) {
-        // A cell has its own proportions; these undo what it does to the picture's.
-        const auto [rows, columns] = grid();
-        return LensCircle{1, 1, 1, _width * columns, _height * rows};
+std::optional<LensCircle> Inputs::chooseLens() const {
+    const auto& [inputs, sample, samplesDiffer, given, camera] = _options.input;
+    if (!camera.empty() || (!given && !inputs.empty() && _options.view.showsLensCircle())) {
+        const LensChoice choice = askForLens();
+        _notify(choice.remark);
+        return choice.lens;
     }
-    return std::nullopt;
+    if (given || _sources.empty()) return given;
+    if (const auto lens = _sources.front()->lens(); lens && _options.view.type != FOVIX_TYPE_MULTI_IMAGE)
+        return lens;
+    return lensOfType(_options.view, count(), _width, _height);
 }
 
-void Inputs::handIn(VRHANDLE view, int maxTextureSize) const {
+LensChoice Inputs::askForLens() const {
+    const LensRequest request{_options.input.lens, _options.input.camera};
+    if (const auto choice = lensAtHand(request)) return *choice;
+    // A stream or a device cannot be opened a second time, so that its first picture must do.
+    const std::string& input = _options.input.inputs.front();
+    std::error_code ignored;
+    if (std::filesystem::is_regular_file(input, ignored))
+        return lensAfterSearch(request, findLens(input, _interrupted));
+    LensFinder finder;
+    finder.add(lumaOf(*_pictures.front()));
+    return lensAfterSearch(request, finder.result());
+}
+
+void Inputs::handIn(VRHANDLE view) const {
     for (int slot = 0; slot < count(); ++slot) {
         const auto& picture = _pictures[static_cast<std::size_t>(slot)];
-        if (!picture) continue;
-        if (picture->width > maxTextureSize || picture->height > maxTextureSize)
-            throw std::runtime_error("the picture of " + sizeText(picture->width, picture->height) +
-                                     " pixels is larger than the textures of this GL, " +
-                                     sizeText(maxTextureSize, maxTextureSize));
-        setPicture(view, slot, *picture);
+        if (picture) setPicture(view, slot, *picture);
     }
 }
 
@@ -105,16 +80,50 @@ void Inputs::setPicture(VRHANDLE view, int slot, const PackedPicture& picture) c
                          picture.height);
 }
 
-void Inputs::advance(int framesDrawn, int framesLeft) {
+bool Inputs::advance(int framesDrawn, int framesLeft) {
+    std::vector<std::size_t> ended;
+    bool anyMoves = false;
     for (std::size_t i = 0; i < _sources.size(); ++i) {
         if (!_pictures[i]) continue;
         _pictures[i] = _sources[i]->next();
+        if (_pictures[i]) anyMoves = true;
         // A still picture is meant to stay; a video that ends early is worth a word.
-        if (!_pictures[i] && framesDrawn > 1)
-            std::fprintf(stderr,
-                         "fovix-render: '%s' has %d pictures; the last one stays for the other %d frames\n",
-                         _options.inputs[i].c_str(), framesDrawn, framesLeft);
+        if (!_pictures[i] && framesDrawn > 1) ended.push_back(i);
     }
+    const std::size_t clock = leader();
+    _seconds =
+        clock < _sources.size() && _pictures[clock] ? _sources[clock]->seconds() : _seconds + 1 / frameRate();
+    if (anyMoves || framesLeft > 0)
+        for (const std::size_t slot : ended) sayEnded(slot, framesDrawn, framesLeft);
+    return anyMoves || motion() == Motion::still;
+}
+
+void Inputs::sayEnded(std::size_t slot, int framesDrawn, int framesLeft) const {
+    if (!_notify) return;
+    const std::string rest = framesLeft > 0 ? " for the other " + std::to_string(framesLeft) + " frames" : "";
+    _notify("'" + _options.input.inputs[slot] + "' ends after " + std::to_string(framesDrawn) +
+            " pictures; the last one stays" + rest);
+}
+
+Motion Inputs::motion() const {
+    Motion motion = Motion::still;
+    for (const auto& source : _sources) motion = std::max(motion, source->motion());
+    return motion;
+}
+
+// The first source that moves, else the first of all.
+std::size_t Inputs::leader() const {
+    const auto moves = [](const auto& source) { return source->motion() != Motion::still; };
+    const auto found = std::find_if(_sources.begin(), _sources.end(), moves);
+    return found == _sources.end() ? 0 : static_cast<std::size_t>(found - _sources.begin());
+}
+
+double Inputs::frameRate() const {
+    return _sources.empty() ? 25 : _sources[leader()]->frameRate();
+}
+
+std::optional<double> Inputs::duration() const {
+    return _sources.empty() ? std::nullopt : _sources[leader()]->duration();
 }
 
 }  // namespace fovix_host

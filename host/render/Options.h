@@ -3,34 +3,30 @@
 
 #include <optional>
 #include <string>
-#include <vector>
 
-#include "LensCircle.h"
-#include "UsageError.h"
-#include "ViewOptions.h"
-#include "sample/SampleScene.h"
+#include "OutputOptions.h"
+#include "options/InputOptions.h"
+#include "options/OptionValues.h"
+#include "options/ViewOptions.h"
 
 namespace fovix_host {
 
-struct Options {
-    std::vector<std::string> inputs;  // empty with a sample
-    std::optional<SampleScene::Camera> sample;
-    bool samplesDiffer = false;  // no camera was named: where several are shown they take turns
-    std::string output = "fovix.png";
-    std::optional<LensCircle> lens;
-    ViewOptions view;
-    int width = 1280;
-    int height = 720;
-    std::string script;           // file with a timeline of calls; empty without
-    int frames = 0;               // 0: one, or as many as the script has
-    int every = 1;                // write each frame of this many; 0: only the last one
-    unsigned int background = 0;  // 0xRRGGBB
-    bool verbose = false;
-};
+constexpr int mostFrames = 1000000;
 
-// What --help and --version ask for instead of a picture.
-struct TextWanted {
-    std::string text;
+struct Options {
+    InputOptions input;
+    ViewOptions view;
+    bool findLens = false;  // and print it, instead of drawing
+    OutputOptions output;
+    SurfaceSize surface{1280, 720};
+    std::string script;              // file with a timeline of calls; empty without
+    int frames = 0;                  // 0: not said
+    std::optional<double> start;     // in seconds of the inputs
+    std::optional<double> duration;  // in seconds, from there on
+    int every = 1;                   // write each frame of this many; 0: only the last one
+    unsigned int background = 0;     // 0xRRGGBB
+    bool verbose = false;
+    bool quiet = false;
 };
 
 // Throws UsageError or TextWanted.

@@ -1,39 +1,84 @@
 #include "RenderJob.h"
 
 #include <Fovix.h>
+#include <unistd.h>
 
 #include <algorithm>
-#include <cstdio>
+#include <cmath>
+#include <limits>
+#include <memory>
+#include <stdexcept>
+#include <string>
 
+#include "FrameOutput.h"
 #include "GlContext.h"
 #include "Inputs.h"
-#include "PngWriter.h"
+#include "Reporter.h"
 #include "ScriptPlayer.h"
+#include "StopSignals.h"
 #include "View.h"
 #include "ViewSetup.h"
 
 namespace fovix_host {
 namespace {
 
-std::string sizeText(int width, int height) {
-    return std::to_string(width) + "x" + std::to_string(height);
+// How much is drawn: so many frames, or until a time of the inputs or their end.
+struct Extent {
+    int frames = 0;  // 0: not known before
+    double seconds = std::numeric_limits<double>::infinity();
+    bool settled = false;  // animations have ended before the first frame
+};
+
+std::string nameOf(const InputOptions& input) {
+    if (input.sample) return "the sample";
+    return input.inputs.size() == 1 ? "'" + input.inputs.front() + "'" : "one of the inputs";
 }
 
-// view.png, or view-0001.png and so on where several are written.
-std::string fileOf(const Options& options, int frame) {
-    if (options.frames == 1 || options.every == 0) return options.output;
-    const std::string number = std::to_string(frame + 1);
-    const std::size_t digits = std::max<std::size_t>(4, std::to_string(options.frames).size());
-    std::string numbered = options.output.substr(0, options.output.rfind('.')) + '-';
-    return numbered.append(digits - number.size(), '0') + number + ".png";
+std::string nothingWritten(int every, int frames) {
+    return "--every " + std::to_string(every) + " writes none of " + std::to_string(frames) +
+           (frames == 1 ? " frame" : " frames") + "; a smaller number or last does";
 }
 
-bool isWritten(const Options& options, int frame) {
-    return options.every == 0 ? frame + 1 == options.frames : (frame + 1) % options.every == 0;
+Extent knownExtent(const Options& options, const Script& script, const Inputs& inputs) {
+    Extent extent;
+    extent.frames = options.frames;
+    extent.settled = options.frames == 0 && options.script.empty();
+    if (options.frames > 0) return extent;
+    if (options.duration) {
+        extent.seconds = *options.duration;
+        return extent;
+    }
+    const bool takesAll = options.output.kind != OutputKind::pictures && options.script.empty();
+    const bool isPicture = options.output.kind == OutputKind::pipe && inputs.motion() == Motion::still;
+    if (!takesAll || isPicture) {
+        extent.frames = script.lastFrame();
+    } else if (inputs.motion() != Motion::ends) {
+        throw UsageError(nameOf(options.input) +
+                         (inputs.motion() == Motion::still ? " is a single picture" : " has no end") +
+                         "; say with --frames or --duration how much of it to draw");
+    }
+    return extent;
 }
 
-void report(const Options& options, const std::string& text) {
-    if (options.verbose) std::fprintf(stderr, "fovix-render: %s\n", text.c_str());
+Extent extentOf(const Options& options, const Script& script, const Inputs& inputs) {
+    const Extent extent = knownExtent(options, script, inputs);
+    if (extent.frames > 0 && options.every > extent.frames)
+        throw UsageError(nothingWritten(options.every, extent.frames));
+    return extent;
+}
+
+// For the progress bar; 0 where nobody knows.
+int expectedFrames(const Extent& extent, const Inputs& inputs) {
+    if (extent.frames > 0) return extent.frames;
+    const bool ends = inputs.motion() == Motion::ends;
+    const double seconds =
+        ends ? std::min(extent.seconds, inputs.duration().value_or(extent.seconds)) : extent.seconds;
+    const double frames = std::round(seconds * inputs.frameRate());
+    return frames <= mostFrames ? std::max(1, static_cast<int>(frames)) : 0;
+}
+
+bool isWritten(const Options& options, int frame, bool isLast) {
+    return options.every == 0 ? isLast : (frame + 1) % options.every == 0;
 }
 
 // Draws until nothing moves by itself any more; the frames are not seen, so a corner of them is enough.
@@ -46,39 +91,120 @@ void settle(VRHANDLE handle, const ViewOptions& options, const GlContext& gl) {
     gl.setDrawnPart(gl.width(), gl.height());
 }
 
+Reporter::Amount amountOf(const Options& options) {
+    return options.quiet     ? Reporter::Amount::nothing
+           : options.verbose ? Reporter::Amount::all
+                             : Reporter::Amount::notices;
+}
+
+// Files and answers of scripts are listed while frames are drawn.
+bool listsMuch(const Options& options) {
+    return options.output.kind == OutputKind::pictures || !options.script.empty();
+}
+
+void describe(Reporter& reporter, const GlContext& gl, const Inputs& inputs) {
+    reporter.detail("drawing with " + gl.description());
+    if (inputs.count() == 0) return;
+    const auto& picture = inputs.firstPicture();
+    reporter.detail("pictures of " + sizeText(picture->width, picture->height) + " in format " +
+                    std::to_string(picture->pixelFormat));
+}
+
+class RenderJob {
+  public:
+    RenderJob(const Options& options, OwnOutput& out, Reporter& reporter)
+        : _options(options),
+          _reporter(reporter),
+          _script(options.script.empty() ? Script{} : readScript(options.script)),
+          _gl(options.surface.width, options.surface.height),
+          _inputs(options, demands(options.start.value_or(0))),
+          _extent(extentOf(options, _script, _inputs)),
+          _output(openOutput(options, _extent.frames, _inputs.frameRate(), out)),
+          _view(creatorFor(options)),
+          _player(_script, _view, out, demands(0)) {
+        describe(reporter, _gl, _inputs);
+        setUpView(_view.handle(), options, _inputs);
+    }
+
+    void run() {
+        const int expected = expectedFrames(_extent, _inputs);
+        int frames = 0, written = 0;
+        for (bool isLast = false; !isLast && stopSignal() == 0;) {
+            const double seconds = _inputs.seconds();
+            draw(frames++);
+            isLast = !goesOn(frames);
+            if (isWritten(_options, frames - 1, isLast)) {
+                _output->write(_gl.readPixels(), frames - 1, seconds);
+                ++written;
+            }
+            _reporter.progress(frames, expected);
+        }
+        _reporter.hideBar();
+        _output->finish();
+        if (stopSignal() != 0)
+            sayStopped(written);
+        else if (written == 0)
+            throw std::runtime_error(nothingWritten(_options.every, frames));
+        _reporter.summary(frames);
+    }
+
+  private:
+    MediaDemands demands(double start) {
+        MediaDemands demands;
+        demands.mostAcross = _gl.maxTextureSize();
+        demands.start = start;
+        // What breaks off then is not the input's fault.
+        demands.notify = [this](const std::string& text) {
+            if (stopSignal() == 0) _reporter.notice(text);
+        };
+        demands.interrupted = [] { return stopSignal() != 0; };
+        return demands;
+    }
+
+    void draw(int frame) {
+        const VRHANDLE handle = _view.handle();
+        _inputs.handIn(handle);
+        if (frame == 0 && _extent.settled) settle(handle, _options.view, _gl);
+        _player.playBefore(frame + 1);
+        setViews(_view.handle(), _options.view);
+        Fovix_Drawself(_view.handle());
+    }
+
+    // Reads the next pictures, where there is another frame.
+    bool goesOn(int frames) {
+        if (_extent.frames == 0) {
+            constexpr double rounding = 0.0005;
+            return _inputs.advance(frames, 0) && _inputs.seconds() < _extent.seconds - rounding;
+        }
+        if (frames == _extent.frames) return false;
+        _inputs.advance(frames, _extent.frames - frames);
+        return true;
+    }
+
+    void sayStopped(int written) {
+        const std::string count = std::to_string(written) + (written == 1 ? " frame" : " frames");
+        const bool isVideo = _options.output.kind == OutputKind::video && written > 0;
+        _reporter.notice(stopText() + "; " +
+                         (isVideo ? "'" + _options.output.name + "' holds " + count : "wrote " + count));
+    }
+
+    const Options& _options;
+    Reporter& _reporter;
+    Script _script;
+    GlContext _gl;
+    Inputs _inputs;
+    Extent _extent;
+    std::unique_ptr<FrameOutput> _output;
+    View _view;
+    ScriptPlayer _player;
+};
+
 }  // namespace
 
-void render(const Options& asked, OwnOutput& out) {
-    Options options = asked;
-    const Script script = options.script.empty() ? Script{} : readScript(options.script);
-    const bool settled = options.frames == 0 && options.script.empty();
-    if (options.frames == 0) options.frames = script.lastFrame();
-    Inputs inputs(options);
-    const GlContext gl(options.width, options.height);
-    const int maxTextureSize = gl.maxTextureSize();
-    report(options, "drawing with " + gl.description());
-    if (inputs.count() > 0) {
-        const auto& picture = inputs.firstPicture();
-        report(options, "pictures of " + sizeText(picture->width, picture->height) + " in format " +
-                            std::to_string(picture->pixelFormat));
-    }
-
-    View view(creatorFor(options));
-    setUpView(view.handle(), options, inputs);
-    ScriptPlayer player(script, view, out);
-    for (int frame = 0; frame < options.frames; ++frame) {
-        inputs.handIn(view.handle(), maxTextureSize);
-        if (settled) settle(view.handle(), options.view, gl);
-        player.playBefore(frame + 1);
-        setViews(view.handle(), options.view);
-        Fovix_Drawself(view.handle());
-        if (isWritten(options, frame)) {
-            const std::string file = fileOf(options, frame);
-            writePng(file, gl.readPixels());
-            out.line(file);
-        }
-        if (frame + 1 < options.frames) inputs.advance(frame + 1, options.frames - frame - 1);
-    }
+void render(const Options& options, OwnOutput& out) {
+    const bool listIsSeen = listsMuch(options) && out.isTerminal();
+    Reporter reporter(amountOf(options), !listIsSeen);
+    RenderJob(options, out, reporter).run();
 }
 
 }  // namespace fovix_host

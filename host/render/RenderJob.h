@@ -1,4 +1,4 @@
-// What fovix-render does with its options: reads pictures, has the library draw them, writes PNG files.
+// What fovix-render does with its options: reads pictures, has the library draw them, writes the frames.
 #pragma once
 
 #include "Options.h"
@@ -6,7 +6,8 @@
 
 namespace fovix_host {
 
-// Names every file it has written on out. Throws std::runtime_error with a sentence for the user.
+// Names every file it has written on out. A stop signal ends it early, with whole files. Throws UsageError,
+// std::runtime_error with a sentence for the user, and ReaderGone.
 void render(const Options& options, OwnOutput& out);
 
 }  // namespace fovix_host

@@ -1,20 +1,23 @@
 #include "Script.h"
 
 #include <algorithm>
+#include <array>
 #include <cfloat>
 #include <cmath>
 #include <fstream>
 #include <iomanip>
 #include <optional>
 #include <sstream>
+#include <stdexcept>
+#include <string_view>
+#include <utility>
 
-#include "OptionValues.h"
-#include "ViewTypes.h"
+#include "Options.h"
+#include "options/OptionValues.h"
+#include "options/ViewTypes.h"
 
 namespace fovix_host {
 namespace {
-
-constexpr int mostFrames = 1000000;
 
 // What is wrong with a line, still without its place.
 struct LineError {
@@ -167,9 +170,10 @@ Script readScript(const std::string& file) {
     if (!text || text.peek() == std::ifstream::traits_type::eof())
         throw std::runtime_error("the script '" + file + "' cannot be read or is empty");
     Script script{file, {}};
-    std::string line;
-    for (int number = 1; std::getline(text, line); ++number) {
-        const std::vector<std::string> words = wordsOf(line);
+    std::array<char, 4096> line{};
+    int number = 1;
+    for (; text.getline(line.data(), line.size()); ++number) {
+        const std::vector<std::string> words = wordsOf(line.data());
         if (words.empty()) continue;
         try {
             ScriptLine parsed = parseLine(words, number);
@@ -179,6 +183,9 @@ Script readScript(const std::string& file) {
             throw UsageError(file + ":" + std::to_string(number) + ": " + error.reason);
         }
     }
+    if (!text.eof())
+        throw UsageError(file + ":" + std::to_string(number) +
+                         ": this is not a line of a script; it is too long");
     return script;
 }
 

@@ -2,20 +2,19 @@
 
 #include <Fovix.h>
 
+#include <algorithm>
 #include <array>
 #include <stdexcept>
 
 namespace fovix_host {
 namespace {
 
-constexpr int sampleSize = 1280;
-
-std::unique_ptr<PictureSource> open(const std::string& name) {
+std::unique_ptr<PictureSource> open(const std::string& name, const MediaDemands& demands) {
     using enum SampleScene::Camera;
     if (name == "sample") return openSample(ceiling, sampleSize, sampleSize);
     if (name == "sample=wall") return openSample(wall, sampleSize, sampleSize);
     if (name == "sample=two-lenses") return openStackedSample(wall, ceiling, sampleSize, sampleSize);
-    return openMedia(name);
+    return openMedia(name, demands);
 }
 
 AVPixelFormat mediaFormat(int pixelFormat) {
@@ -31,25 +30,29 @@ AVPixelFormat mediaFormat(int pixelFormat) {
     }
 }
 
-// Where the planes of a packed picture begin and how long their rows are.
-template <typename Byte>
-struct Planes {
-    std::array<Byte*, 4> data{};
-    std::array<int, 4> rowBytes{};
-
-    Planes(int pixelFormat, Byte* first, int width, int height) : data{first} {
-        const std::size_t luma = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
-        if (pixelFormat == FOVIX_FORMAT_RGBA)
-            rowBytes = {4 * width};
-        else if (pixelFormat == FOVIX_FORMAT_YUV420P) {
-            data = {first, first + luma, first + luma + luma / 4};
-            rowBytes = {width, width / 2, width / 2};
-        } else {
-            data = {first, first + luma};
-            rowBytes = {width, width / 2 * 2};
-        }
-    }
-};
+// A frame whose planes are those of a packed picture.
+AVFrame frameOver(int pixelFormat, const unsigned char* bytes, int width, int height) {
+    AVFrame frame{};
+    frame.format = mediaFormat(pixelFormat);
+    frame.width = width;
+    frame.height = height;
+    frame.colorspace = AVCOL_SPC_UNSPECIFIED;
+    auto* first = const_cast<unsigned char*>(bytes);  // a frame that is read has no type of its own
+    const std::size_t luma = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
+    const std::array<std::uint8_t*, 3> planes{first, first + luma, first + luma + luma / 4};
+    const int pairs = width / 2 * 2;
+    const auto set = [&](std::size_t count, const std::array<int, 3>& rowBytes) {
+        std::copy_n(planes.begin(), count, frame.data);
+        std::copy_n(rowBytes.begin(), count, frame.linesize);
+    };
+    if (pixelFormat == FOVIX_FORMAT_RGBA)
+        set(1, {4 * width});
+    else if (pixelFormat == FOVIX_FORMAT_YUV420P)
+        set(3, {width, width / 2, width / 2});
+    else
+        set(2, {width, pairs});
+    return frame;
+}
 
 }  // namespace
 
@@ -57,7 +60,7 @@ PackedPicture ScriptPictures::next(const std::string& name) {
     std::unique_ptr<PictureSource>& source = _sources[name];
     if (source)
         if (const auto picture = source->next()) return *picture;
-    source = open(name);
+    source = open(name, _demands);
     if (const auto picture = source->next()) return *picture;
     throw std::runtime_error("'" + name + "' holds no picture");
 }
@@ -67,16 +70,13 @@ PackedPicture ScriptPictures::next(const std::string& name, int pixelFormat) {
     if (picture.pixelFormat == pixelFormat) return picture;
 
     const int width = picture.width / 2 * 2, height = picture.height / 2 * 2;
-    _scaler.reset(sws_getCachedContext(_scaler.release(), width, height, mediaFormat(picture.pixelFormat),
-                                       width, height, mediaFormat(pixelFormat),
-                                       SWS_BILINEAR | SWS_ACCURATE_RND, nullptr, nullptr, nullptr));
-    if (!_scaler) throw std::runtime_error("'" + name + "' cannot be converted to another pixel format");
-    constexpr std::size_t slack = 64;  // swscale's vector code may write a little past the last pixel
+    constexpr std::size_t slack = 64;  // see PictureScaler
     _converted.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 4 + slack);
-    const Planes from(picture.pixelFormat, picture.data, picture.width, picture.height);
-    const Planes to(pixelFormat, _converted.data(), width, height);
-    sws_scale(_scaler.get(), from.data.data(), from.rowBytes.data(), 0, height, to.data.data(),
-              to.rowBytes.data());
+    AVFrame from = frameOver(picture.pixelFormat, picture.data, picture.width, picture.height);
+    from.width = width;
+    from.height = height;
+    AVFrame to = frameOver(pixelFormat, _converted.data(), width, height);
+    _scaler.scale(from, to);
     const int size = pixelFormat == FOVIX_FORMAT_RGBA ? 4 * width * height : width * height * 3 / 2;
     return {pixelFormat, _converted.data(), size, width, height};
 }

@@ -5,15 +5,18 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
-#include "MediaOwners.h"
-#include "PictureSource.h"
+#include "media/PictureScaler.h"
+#include "media/PictureSource.h"
 
 namespace fovix_host {
 
 class ScriptPictures {
   public:
+    explicit ScriptPictures(MediaDemands demands) : _demands(std::move(demands)) {}
+
     // The next picture of a source, from the first again after the last; valid until the next call. Throws
     // std::runtime_error with a sentence that names the source.
     PackedPicture next(const std::string& name);
@@ -23,8 +26,9 @@ class ScriptPictures {
     PackedPicture next(const std::string& name, int pixelFormat);
 
   private:
+    MediaDemands _demands;
     std::map<std::string, std::unique_ptr<PictureSource>> _sources;
-    ScalerOwner _scaler;
+    PictureScaler _scaler;
     std::vector<unsigned char> _converted;
 };
 

@@ -2,6 +2,8 @@
 
 #include <Fovix.h>
 
+#include "ViewLayout.h"
+
 namespace fovix_host {
 namespace {
 
@@ -38,22 +40,6 @@ void setScreenView(VRHANDLE handle, int type, const ScreenView& view) {
         Fovix_SetRotateZoom_SubScreen(handle, view.screen, a, b, c, d);
 }
 
-void setLayout(VRHANDLE handle, const ViewOptions& view, const Inputs& inputs) {
-    if (view.mount) Fovix_SetCameraMount(handle, *view.mount);
-    if (view.shape) Fovix_SetShape(handle, *view.shape);
-    if (view.drawMode) Fovix_SetDrawMode(handle, *view.drawMode);
-    if (view.twoLensesMode) Fovix_SetTwoLensesDrawMode(handle, *view.twoLensesMode);
-    if (view.twoLensesScreen) Fovix_SetTwoLensesScreen(handle, *view.twoLensesScreen);
-    if (const auto& zoom = view.logicZoom)
-        Fovix_SetLogicZoom(handle, zoom->min, zoom->max, zoom->div, zoom->zoom);
-    if (view.type == FOVIX_TYPE_MULTI_IMAGE)
-        Fovix_Multi_SetScreenNumber(handle, inputs.grid().rows, inputs.grid().columns);
-    if (view.type == FOVIX_TYPE_MULTI_LENS && inputs.count() > 0) {
-        Fovix_Multi_SetLens(handle, inputs.count());
-        Fovix_Multi_SwitchLens(handle, view.lensShown.value_or(0));
-    }
-}
-
 }  // namespace
 
 View::Creator creatorFor(const Options& options) {
@@ -64,14 +50,14 @@ View::Creator creatorFor(const Options& options) {
 
 void setUpView(VRHANDLE handle, const Options& options, const Inputs& inputs) {
     Fovix_Prepare(handle);
-    Fovix_Init(handle, options.width, options.height);
+    Fovix_Init(handle, options.surface.width, options.surface.height);
     Fovix_SetType(handle, options.view.type);
     Fovix_SetBackground(handle, options.background);
     // A change of type forgets the lens, so it is set last.
     if (const auto lens = inputs.lens())
         Fovix_SetFecParams(handle, lens->xCenter, lens->yCenter, lens->radius, lens->imageWidth,
                            lens->imageHeight);
-    setLayout(handle, options.view, inputs);
+    setLayout(handle, options.view, inputs.count());
     for (const auto& point : options.view.select) {
         Fovix_OnTouchDown(handle, point.x, point.y);
         Fovix_OnTouchUp(handle, point.x, point.y);

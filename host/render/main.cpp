@@ -1,19 +1,48 @@
-// fovix-render: draws views of fisheye pictures without a window and writes them as PNG files.
+// fovix-render: draws views of fisheye pictures without a window and writes them as PNG files or video.
 
+#include <unistd.h>
+
+#include <csignal>
 #include <cstdio>
 #include <exception>
+#include <string>
 
+#include "FindLens.h"
 #include "Options.h"
 #include "RenderJob.h"
+#include "StopSignals.h"
+#include "options/CommandLine.h"
 
 namespace {
 
 constexpr int runTimeFailure = 1;
 constexpr int usageFailure = 2;
+constexpr int stopped = 128;  // and the signal, as shells have it
 
 int complain(const std::exception& problem, int status) {
-    std::fprintf(stderr, "fovix-render: %s\n", problem.what());
-    return status;
+    const int signal = fovix_host::stopSignal();
+    const std::string why = signal != 0 ? fovix_host::stopText() + ": " : "";
+    std::fprintf(stderr, "fovix-render: %s%s\n", why.c_str(), problem.what());
+    return signal != 0 ? stopped + signal : status;
+}
+
+int run(const fovix_host::Options& options) {
+    using namespace fovix_host;
+    const bool isPipe = options.output.kind == OutputKind::pipe;
+    if (isPipe && isatty(STDOUT_FILENO))
+        throw UsageError(
+            "standard output is a terminal; send the raw pictures of -o - into a pipe or a file");
+    // Without a reader, or at a limit of the file size, writing shall fail instead.
+    std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
+    catchStopSignals();
+    OwnOutput out(options.verbose ? Diagnostics::toStandardError : Diagnostics::hidden,
+                  isPipe ? Lines::toStandardError : Lines::toStandardOutput);
+    if (options.findLens)
+        printLens(options, out);
+    else
+        render(options, out);
+    return stopSignal() != 0 ? stopped + stopSignal() : 0;
 }
 
 }  // namespace
@@ -21,12 +50,11 @@ int complain(const std::exception& problem, int status) {
 int main(int argc, char** argv) {
     using namespace fovix_host;
     try {
-        const Options options = parseOptions(argc, argv);
-        OwnOutput out(options.verbose ? Diagnostics::toStandardError : Diagnostics::hidden);
-        render(options, out);
-        return 0;
+        return run(parseOptions(argc, argv));
     } catch (const TextWanted& wanted) {
         return std::fputs(wanted.text.c_str(), stdout) < 0 || std::fflush(stdout) != 0 ? runTimeFailure : 0;
+    } catch (const ReaderGone&) {
+        return runTimeFailure;
     } catch (const UsageError& problem) {
         return complain(problem, usageFailure);
     } catch (const std::exception& problem) {

@@ -117,20 +117,25 @@ void SampleScene::drawStill() {
 void SampleScene::drawMoving(const Sphere& part) {
     const Area area = areaOf(part);
     if (area.left >= area.right || area.top >= area.bottom) return;
-    const auto concerned = [&](int x, int y) {
-        const auto ray = rayThrough(middleOf(x, y));
-        return ray && passes(*ray, part);
-    };
     RgbaImage centres(area.right - area.left, area.bottom - area.top);
+    std::vector<std::uint8_t> concerned(centres.pixels.size() / 4);
+    const auto mark = [&](int column, int row) -> std::uint8_t& {
+        return concerned[static_cast<std::size_t>(row) * static_cast<std::size_t>(centres.width) +
+                         static_cast<std::size_t>(column)];
+    };
     forEachRow(area.top, area.bottom, [&](int y) {
         std::copy_n(_stillCentres.at(area.left, y), centres.width * 4, centres.at(0, y - area.top));
-        for (int x = area.left; x < area.right; ++x)
-            if (concerned(x, y)) store(centres.at(x - area.left, y - area.top), lookAt(middleOf(x, y)));
+        for (int x = area.left; x < area.right; ++x) {
+            const auto ray = rayThrough(middleOf(x, y));
+            if (!ray || !passes(*ray, part)) continue;
+            mark(x - area.left, y - area.top) = 1;
+            store(centres.at(x - area.left, y - area.top), _carPark.look(*ray));
+        }
     });
     forEachRow(area.top, area.bottom, [&](int y) {
         for (int x = area.left; x < area.right; ++x) {
-            if (!concerned(x, y)) continue;
             const int column = x - area.left, row = y - area.top;
+            if (!mark(column, row)) continue;
             if (onEdge(centres, column, row))
                 store(_picture.at(x, y), smoothed(x, y));
             else

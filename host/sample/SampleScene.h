@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "CarPark.h"
-#include "LensCircle.h"
-#include "RgbaImage.h"
+#include "lens/LensCircle.h"
+#include "media/RgbaImage.h"
 
 namespace fovix_host {
 

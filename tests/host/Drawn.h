@@ -6,13 +6,12 @@
 #include <string>
 
 #include "MediaFiles.h"
-#include "MediaReader.h"
 #include "TestFiles.h"
+#include "media/MediaReader.h"
 
 class Drawn {
   public:
-    explicit Drawn(const std::string& name)
-        : _reader((testFolder() / name).string()), _frame(_reader.next()) {}
+    explicit Drawn(const std::string& name) : _reader(fileInTest(name)), _frame(_reader.next()) {}
     int width() const { return _frame->width; }
     int height() const { return _frame->height; }
     Rgb at(double x, double y) const {
@@ -30,4 +29,16 @@ inline void expectColour(Rgb seen, Rgb expected, int tolerance, const std::strin
     EXPECT_NEAR(seen.r, expected.r, tolerance) << "red, " << where;
     EXPECT_NEAR(seen.g, expected.g, tolerance) << "green, " << where;
     EXPECT_NEAR(seen.b, expected.b, tolerance) << "blue, " << where;
+}
+
+// That at(x, y) has the colours of a quadrant frame in the middle of each.
+template <typename At>
+void expectQuadrants(At at, int width, int height, bool full, int tolerance, int number = 0) {
+    for (std::size_t q = 0; q < quadrants.size(); ++q) {
+        Yuv colour = quadrants[q];
+        colour.y += lumaStep * number;
+        expectColour(at((q % 2 ? 3 : 1) * width / 4, (q / 2 ? 3 : 1) * height / 4),
+                     full ? fromFullRange(colour) : fromLimitedRange(colour), tolerance,
+                     "quadrant " + std::to_string(q));
+    }
 }

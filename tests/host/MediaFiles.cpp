@@ -72,15 +72,18 @@ FrameOwner quadrantFrame(AVPixelFormat format, int width, int height, int number
                 const bool right = (x << acrossShift) >= width / 2, low = (y << downShift) >= height / 2;
                 const Yuv colour = quadrants[(low ? 2u : 0u) + (right ? 1u : 0u)];
                 const int value = part == 0 ? colour.y + lumaStep * number : part == 1 ? colour.u : colour.v;
-                frame->data[at.plane][y * frame->linesize[at.plane] + x * at.step + at.offset] =
-                    static_cast<std::uint8_t>(value);
+                std::uint8_t* to =
+                    frame->data[at.plane] + y * frame->linesize[at.plane] + x * at.step + at.offset;
+                const int stored = value << (at.depth - 8);
+                to[0] = static_cast<std::uint8_t>(stored);
+                if (at.depth > 8) to[1] = static_cast<std::uint8_t>(stored >> 8);
             }
     }
     return frame;
 }
 
 void writeMedia(const std::string& file, const char* encoderName, AVPixelFormat format, int width, int height,
-                int frames) {
+                int frames, const FrameMaker& frameOf) {
     av_log_set_level(AV_LOG_QUIET);
     AVFormatContext* made = nullptr;
     must(avformat_alloc_output_context2(&made, nullptr, nullptr, file.c_str()), "container");
@@ -106,7 +109,7 @@ void writeMedia(const std::string& file, const char* encoderName, AVPixelFormat 
     av_opt_set(made->priv_data, "update", "1", 0);
     must(avformat_write_header(made, nullptr), "header");
     for (int number = 0; number < frames; ++number) {
-        const FrameOwner frame = quadrantFrame(format, width, height, number);
+        const FrameOwner frame = frameOf(format, width, height, number);
         frame->quality = encoder->global_quality;
         must(avcodec_send_frame(encoder.get(), frame.get()), "encode");
         writePackets(made, encoder.get());

@@ -3,9 +3,10 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <string>
 
-#include "MediaOwners.h"
+#include "media/MediaOwners.h"
 
 struct Yuv {
     int y, u, v;
@@ -24,9 +25,10 @@ constexpr int lumaStep = 5;
 Rgb fromLimitedRange(Yuv colour);
 Rgb fromFullRange(Yuv colour);
 
-// A frame of 8-bit planes, all memory its own; quadrants cover it.
+// A frame of 8-bit planes, or deeper ones, all memory its own; quadrants cover it.
 fovix_host::FrameOwner quadrantFrame(AVPixelFormat format, int width, int height, int number = 0);
 
-// Writes quadrant frames with an encoder by name; the name of the file chooses the container.
+// Writes frames with an encoder by name; the name of the file chooses the container.
+using FrameMaker = std::function<fovix_host::FrameOwner(AVPixelFormat, int width, int height, int number)>;
 void writeMedia(const std::string& file, const char* encoder, AVPixelFormat format, int width, int height,
-                int frames);
+                int frames, const FrameMaker& frameOf = quadrantFrame);

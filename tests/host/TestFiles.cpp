@@ -20,6 +20,10 @@ std::filesystem::path testFolder() {
     return folder;
 }
 
+std::string fileInTest(const std::string& name) {
+    return (testFolder() / name).string();
+}
+
 void writeText(const std::filesystem::path& file, const std::string& text) {
     std::ofstream(file, std::ios::binary) << text;
 }

@@ -5,5 +5,6 @@
 #include <string>
 
 std::filesystem::path testFolder();
+std::string fileInTest(const std::string& name);
 void writeText(const std::filesystem::path& file, const std::string& text);
 std::string readText(const std::filesystem::path& file);

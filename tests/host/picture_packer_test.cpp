@@ -1,7 +1,7 @@
 // PicturePacker against the layouts written out by hand: every sample of every plane, padded rows, odd
 // sizes, and colours worked out from the definition of luma and colour differences.
 
-#include "PicturePacker.h"
+#include "media/PicturePacker.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@
 #include <cstdlib>
 #include <vector>
 
-#include "MediaFiles.h"
+#include "Drawn.h"
 
 using namespace fovix_host;
 
@@ -48,15 +48,10 @@ struct TightFrame {
 };
 
 TightFrame tightFrame(AVPixelFormat format, int width, int height, int padding) {
-    const int chromaWidth = (width + 1) / 2, chromaHeight = (height + 1) / 2;
-    if (format == AV_PIX_FMT_RGBA) return {format, width, height, padding, {{{4 * width, height}}}};
-    if (format == AV_PIX_FMT_YUV420P)
-        return {format,
-                width,
-                height,
-                padding,
-                {{{width, height}}, {{chromaWidth, chromaHeight}}, {{chromaWidth, chromaHeight}}}};
-    return {format, width, height, padding, {{{width, height}}, {{2 * chromaWidth, chromaHeight}}}};
+    const std::array<int, 2> luma{width, height}, quarter{(width + 1) / 2, (height + 1) / 2};
+    if (format == AV_PIX_FMT_RGBA) return {format, width, height, padding, {{4 * width, height}}};
+    if (format == AV_PIX_FMT_YUV420P) return {format, width, height, padding, {luma, quarter, quarter}};
+    return {format, width, height, padding, {luma, {2 * quarter[0], quarter[1]}}};
 }
 
 void expectRows(const PackedPicture& packed, int from, int rows, int rowBytes, int plane) {
@@ -160,16 +155,12 @@ struct Conversion {
 };
 
 void expectQuadrants(const PackedPicture& packed, bool full) {
-    for (std::size_t q = 0; q < quadrants.size(); ++q) {
-        const Rgb expected = full ? fromFullRange(quadrants[q]) : fromLimitedRange(quadrants[q]);
-        const int x = packed.width / 4 + static_cast<int>(q % 2) * packed.width / 2;
-        const int y = packed.height / 4 + static_cast<int>(q / 2) * packed.height / 2;
+    const auto at = [&](int x, int y) {
         const unsigned char* pixel = packed.data + (y * packed.width + x) * 4;
-        EXPECT_NEAR(pixel[0], expected.r, 2) << "red of quadrant " << q;
-        EXPECT_NEAR(pixel[1], expected.g, 2) << "green of quadrant " << q;
-        EXPECT_NEAR(pixel[2], expected.b, 2) << "blue of quadrant " << q;
-        EXPECT_EQ(pixel[3], 255) << "alpha of quadrant " << q;
-    }
+        EXPECT_EQ(pixel[3], 255);
+        return Rgb{pixel[0], pixel[1], pixel[2]};
+    };
+    ::expectQuadrants(at, packed.width, packed.height, full, 2);
 }
 
 TEST(PicturePacker, ConvertsOtherFormatsAndFullRangeToRgba) {
@@ -180,6 +171,7 @@ TEST(PicturePacker, ConvertsOtherFormatsAndFullRangeToRgba) {
                                               Conversion{AV_PIX_FMT_YUVJ444P, AVCOL_RANGE_JPEG, true},
                                               Conversion{AV_PIX_FMT_YUV422P, AVCOL_RANGE_UNSPECIFIED, false},
                                               Conversion{AV_PIX_FMT_YUV444P, AVCOL_RANGE_MPEG, false},
+                                              Conversion{AV_PIX_FMT_YUV420P10, AVCOL_RANGE_MPEG, false},
                                               Conversion{AV_PIX_FMT_YUV411P, AVCOL_RANGE_MPEG, false}})
         for (const auto& [width, height] : {std::pair{64, 48}, std::pair{61, 45}}) {
             SCOPED_TRACE(testing::Message() << "format " << format << " range " << range << " " << width);
@@ -192,7 +184,31 @@ TEST(PicturePacker, ConvertsOtherFormatsAndFullRangeToRgba) {
         }
 }
 
-TEST(PicturePacker, ConvertsGreyPalettesAndColoursOfOtherDepth) {
+TEST(PicturePacker, ScalesPicturesThatAreTooLargeDown) {
+    struct Scaled {
+        AVPixelFormat format;
+        int width, height, newWidth, newHeight, packedFormat;
+    };
+    for (const Scaled& s : {Scaled{AV_PIX_FMT_YUV420P, 64, 48, 32, 24, planar},
+                            Scaled{AV_PIX_FMT_YUV420P, 45, 61, 22, 32, planar},
+                            Scaled{AV_PIX_FMT_NV12, 64, 40, 32, 20, pairsUFirst},
+                            Scaled{AV_PIX_FMT_YUVJ422P, 33, 33, 32, 32, rgba},
+                            Scaled{AV_PIX_FMT_YUV420P, 32, 31, 32, 31, planar},
+                            Scaled{AV_PIX_FMT_YUV420P, 900, 2, 32, 2, planar},
+                            Scaled{AV_PIX_FMT_YUV444P, 1, 90, 1, 32, rgba}}) {
+        SCOPED_TRACE(testing::Message() << s.format << " " << s.width << "x" << s.height);
+        const FrameOwner frame = quadrantFrame(s.format, s.width, s.height);
+        const PackedPicture packed = PicturePacker(PackedFormats::all, 32).pack(*frame);
+        EXPECT_EQ(packed.pixelFormat, s.packedFormat);
+        EXPECT_EQ(packed.width, s.newWidth);
+        EXPECT_EQ(packed.height, s.newHeight);
+        PicturePacker toRgba(PackedFormats::rgba, 32);
+        if (s.width > 20 && s.height > 20)
+            expectQuadrants(toRgba.pack(*frame), s.format == AV_PIX_FMT_YUVJ422P);
+    }
+}
+
+TEST(PicturePacker, ConvertsGreyPalettesAndColours) {
     PicturePacker packer;
     struct Shade {
         AVPixelFormat format;
@@ -216,18 +232,6 @@ TEST(PicturePacker, ConvertsGreyPalettesAndColoursOfOtherDepth) {
                 << "format " << shade.format;
     }
 
-    const FrameOwner deep = quadrantFrame(AV_PIX_FMT_YUV420P, 32, 32);
-    const FrameOwner tenBit(av_frame_alloc());
-    tenBit->format = AV_PIX_FMT_YUV420P10;
-    tenBit->width = tenBit->height = 32;
-    ASSERT_EQ(av_frame_get_buffer(tenBit.get(), 0), 0);
-    for (int plane = 0; plane < 3; ++plane)
-        for (int y = 0; y < (plane ? 16 : 32); ++y)
-            for (int x = 0; x < (plane ? 16 : 32); ++x)
-                reinterpret_cast<std::uint16_t*>(tenBit->data[plane] + y * tenBit->linesize[plane])[x] =
-                    static_cast<std::uint16_t>(4 * deep->data[plane][y * deep->linesize[plane] + x]);
-    expectQuadrants(packer.pack(*tenBit), false);
-
     const FrameOwner indexed(av_frame_alloc());
     indexed->format = AV_PIX_FMT_PAL8;
     indexed->width = indexed->height = 8;
@@ -243,13 +247,9 @@ TEST(PicturePacker, UsesTheMatrixOfThePicture) {
     frame->colorspace = AVCOL_SPC_BT709;
     PicturePacker packer;
     const PackedPicture packed = packer.pack(*frame);
-    // BT.709 in limited range for the first quadrant (81, 90, 200).
-    const double y = (81 - 16) / 219.0, pb = (90 - 128) / 224.0, pr = (200 - 128) / 224.0;
-    const double red = y + 1.5748 * pr, blue = y + 1.8556 * pb;
-    const double green = (y - 0.2126 * red - 0.0722 * blue) / 0.7152;
-    ASSERT_LT(blue, 0.0);
-    EXPECT_NEAR(packed.data[0], red * 255, 2);
-    EXPECT_NEAR(packed.data[1], green * 255, 2);
+    // Luma 81 and colour differences -38 and 72 in limited range, by the weights of BT.709.
+    EXPECT_NEAR(packed.data[0], 1.1644 * 65 + 1.7927 * 72, 2);
+    EXPECT_NEAR(packed.data[1], 1.1644 * 65 - 0.2132 * -38 - 0.5329 * 72, 2);
     EXPECT_EQ(packed.data[2], 0);
 }
 

@@ -8,9 +8,9 @@
 #include <sstream>
 
 #include "MediaFiles.h"
-#include "MediaReader.h"
 #include "ProgramRun.h"
 #include "TestFiles.h"
+#include "media/MediaReader.h"
 
 namespace {
 
@@ -92,7 +92,7 @@ TEST(Script, HasAVerbForEveryExport) {
     EXPECT_EQ(called, exports);
 
     // Each of them can be called, with a live view and with one that was released.
-    writeMedia((testFolder() / "in.mkv").string(), "ffv1", AV_PIX_FMT_YUV420P, 21, 17, 2);
+    writeMedia(fileInTest("in.mkv"), "ffv1", AV_PIX_FMT_YUV420P, 21, 17, 2);
     const ProgramRun run = play(script + "1 release\n1 get-rotate-zoom\n");
     ASSERT_EQ(run.status, 0) << run.errors;
     for (const char* answer : {"version 1.2.1_dbg", "get-view-size 1 1", "get-type 1", "need-continue 0",
@@ -103,7 +103,7 @@ TEST(Script, HasAVerbForEveryExport) {
 }
 
 TEST(Script, DragTurnsThePictureWithTheFinger) {
-    writeMedia((testFolder() / "in.mkv").string(), "ffv1", AV_PIX_FMT_YUV420P, 64, 64, 1);
+    writeMedia(fileInTest("in.mkv"), "ffv1", AV_PIX_FMT_YUV420P, 64, 64, 1);
     const ProgramRun run = play(
         "1 type 360\n1 lens 32 32 32 64 64\n1 picture in.mkv\n"
         "2 get-ptz\n2 touch-down 40 10 # near the top\n"
@@ -113,7 +113,7 @@ TEST(Script, DragTurnsThePictureWithTheFinger) {
     EXPECT_NE(run.output.find("frame 2: get-ptz 90 0 90 0\n"), std::string::npos) << run.output;
     EXPECT_NE(run.output.find("frame 6: get-ptz 180 0 90 0\n"), std::string::npos) << run.output;
     const auto colours = [](const std::string& file) {
-        fovix_host::MediaReader reader((testFolder() / file).string());
+        fovix_host::MediaReader reader(fileInTest(file));
         const AVFrame* frame = reader.next();
         std::vector<int> greens;  // of the quadrants, from the top left to the bottom right
         for (const int y : {20, 44})
@@ -143,7 +143,8 @@ TEST(Script, PlaysEveryExampleToItsLastFrame) {
         for (const std::string& line : linesOf(readText(file.path())))
             if (int first = 0, end = 0; (dots = std::sscanf(line.c_str(), "%d..%d", &first, &end)) > 0)
                 last = std::max(last, dots == 2 ? end : first);
-        const ProgramRun run = runFovixRender({"--script", file.path(), "--size", "48x48", "-o", "v.png"});
+        const ProgramRun run =
+            runFovixRender({"--script", file.path(), "--size", "48x48", "-o", "v.png", "--quiet"});
         EXPECT_EQ(run.status, 0);
         EXPECT_EQ(run.errors, "");
         const auto lines = linesOf(run.output);

@@ -1,13 +1,16 @@
 // Turns decoded pictures into what libfovix takes. Limited-range 4:2:0 (planar or with interleaved
 // chroma), limited-range grey and RGBA keep the decoder's own bytes, copied row by row only where the
-// planes are padded or apart; every other format is converted to RGBA with its own range and matrix.
+// planes are padded or apart; every other format is converted to RGBA with its own range and matrix. Pictures
+// too large for a texture are scaled down.
 #pragma once
 
+#include <climits>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
 
-#include "MediaOwners.h"
+#include "media/MediaOwners.h"
+#include "media/PictureScaler.h"
 
 namespace fovix_host {
 
@@ -28,12 +31,16 @@ enum class PackedFormats {
 
 class PicturePacker {
   public:
-    explicit PicturePacker(PackedFormats formats = PackedFormats::all) : _formats(formats) {}
+    explicit PicturePacker(PackedFormats formats = PackedFormats::all, int mostAcross = INT_MAX)
+        : _formats(formats), _mostAcross(mostAcross) {}
 
-    // Throws std::runtime_error when the picture cannot be converted or is too large for the library.
+    // Neither side of the packed picture is longer than mostAcross. Throws std::runtime_error when the
+    // picture cannot be converted or is too large for the library.
     PackedPicture pack(const AVFrame& frame);
 
   private:
+    PackedPicture packFitting(const AVFrame& frame);
+    const AVFrame& shrink(const AVFrame& frame);
     PackedPicture packRgba(const AVFrame& frame);
     PackedPicture packPlanar(const AVFrame& frame);
     PackedPicture packGrey(const AVFrame& frame);
@@ -43,8 +50,10 @@ class PicturePacker {
     PackedPicture buffered(const AVFrame& frame, int pixelFormat) const;
 
     PackedFormats _formats;
+    int _mostAcross;
     std::vector<unsigned char> _buffer;
-    ScalerOwner _scaler;
+    FrameOwner _small;
+    PictureScaler _scaler;
 };
 
 }  // namespace fovix_host

@@ -1,10 +1,11 @@
-#include "ViewOptions.h"
+#include "options/ViewOptions.h"
 
 #include <algorithm>
 #include <string_view>
 
-#include "OptionValues.h"
-#include "ViewTypes.h"
+#include "options/CommandLine.h"
+#include "options/OptionValues.h"
+#include "options/ViewTypes.h"
 
 namespace fovix_host {
 namespace {
@@ -92,6 +93,18 @@ ViewOptions::ScreenView parseView(const char* option, const std::string& text, s
     return view;
 }
 
+std::vector<ViewOptions::ScreenView> parseViews(const char* option, const std::vector<std::string>& texts,
+                                                std::size_t least, const char* wanted, int screens) {
+    std::vector<ViewOptions::ScreenView> views;
+    for (const std::string& text : texts) {
+        const auto view = parseView(option, text, least, wanted, screens);
+        for (const auto& before : views)
+            if (before.screen == view.screen) refuse(option, text, "another screen each time it is given");
+        views.push_back(view);
+    }
+    return views;
+}
+
 void parseTwoLenses(const std::string& text, ViewOptions& view) {
     const std::size_t comma = text.find(',');
     view.twoLensesMode = parseCode("--two-lenses", text.substr(0, comma), twoLensesModes());
@@ -105,9 +118,11 @@ void parseTwoLenses(const std::string& text, ViewOptions& view) {
 
 ViewOptions::LogicZoom parseLogicZoom(const std::string& text) {
     const auto numbers = numbersIn<double>(text);
-    if (!numbers || numbers->size() != 4 || *std::min_element(numbers->begin(), numbers->end()) <= 0.0)
+    if (!numbers || numbers->size() != 4 || *std::min_element(numbers->begin(), numbers->end()) <= 0.0 ||
+        numbers->at(0) > numbers->at(1))
         refuse("--logic-zoom", text,
-               "four numbers above 0: lowest and highest zoom, the zoom from which the lower picture is "
+               "four numbers above 0: lowest and highest zoom, in this order, the zoom from which the lower "
+               "picture is "
                "shown, and the zoom to show");
     const auto& n = *numbers;
     return {n[0], n[1], n[2], n[3]};
@@ -136,6 +151,26 @@ int parseLens(const std::string& text) {
 
 }  // namespace
 
+void describeViewOptions(CommandLine& line, ViewTexts& texts, ViewOptionSet set) {
+    line.addText("--type", "TYPE",
+                 set == ViewOptionSet::all ? "360, 180, original, korvel, grid, ... [original]"
+                                           : "360, 180, original, korvel, grid, ... [360]",
+                 texts.type);
+    line.addText("--mount", "MOUNT", "360: ceiling, wall, wall-inverted, floor", texts.mount);
+    line.addText("--shape", "SHAPE", "360, 180: layout, such as four-screens", texts.shape);
+    line.addText("--draw-mode", "MODE", "180: projection; pip: plain or inset", texts.drawMode);
+    line.addText("--two-lenses", "MODE[,SCREEN]", "by-zoom, both, upper, lower", texts.twoLenses);
+    line.addText("--logic-zoom", "MIN,MAX,DIV,Z", "two lenses: limits, threshold and zoom", texts.logicZoom);
+    if (set == ViewOptionSet::all) {
+        line.addTexts("--ptz", "VIEW", "360: SCREEN:PAN,TILT,ZOOM[,ROLL]; repeatable", texts.ptz);
+        line.addTexts("--rotate-zoom", "VIEW", "other types: SCREEN:X,Y,Z,ZOOM; repeatable",
+                      texts.rotateZoom);
+        line.addTexts("--select", "X,Y", "360: tap this pixel of the surface; repeatable", texts.select);
+    }
+    line.addText("--grid", "RxC", "rows and columns of the grid [as few as do]", texts.grid);
+    line.addText("--show-lens", "N", "lenses: the input to show, from 0 on [0]", texts.showLens);
+}
+
 ViewOptions readViewOptions(const ViewTexts& texts) {
     ViewOptions view;
     view.type = parseType(texts.type);
@@ -152,12 +187,10 @@ ViewOptions readViewOptions(const ViewTexts& texts) {
     for (const std::string& text : texts.select) view.select.push_back(parsePoint(text));
     const bool hasScreens = is180 || view.type == FOVIX_TYPE_360VR;
     const int screens = hasScreens ? shapeRow(view).screens : 1;
-    for (const std::string& text : texts.ptz)
-        view.ptz.push_back(
-            parseView("--ptz", text, 3, "SCREEN:PAN,TILT,ZOOM[,ROLL], for example 0:90,45,40", screens));
-    for (const std::string& text : texts.rotateZoom)
-        view.rotateZoom.push_back(
-            parseView("--rotate-zoom", text, 4, "SCREEN:X,Y,Z,ZOOM, for example 0:0,30,0,2", screens));
+    view.ptz =
+        parseViews("--ptz", texts.ptz, 3, "SCREEN:PAN,TILT,ZOOM[,ROLL], for example 0:90,45,40", screens);
+    view.rotateZoom = parseViews("--rotate-zoom", texts.rotateZoom, 4,
+                                 "SCREEN:X,Y,Z,ZOOM, for example 0:0,30,0,2", screens);
     return view;
 }
 

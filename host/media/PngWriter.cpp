@@ -1,20 +1,14 @@
-#include "PngWriter.h"
+#include "media/PngWriter.h"
 
-#include <cerrno>
-#include <cstdio>
 #include <cstring>
-#include <memory>
 #include <new>
 #include <stdexcept>
 
-#include "MediaOwners.h"
+#include "media/MediaOwners.h"
+#include "media/OutputFile.h"
 
 namespace fovix_host {
 namespace {
-
-void must(int result, const char* what) {
-    if (result < 0) throw std::runtime_error(std::string(what) + ": " + mediaErrorText(result));
-}
 
 FrameOwner rgbFrame(const RgbaImage& image) {
     FrameOwner frame(av_frame_alloc());
@@ -49,24 +43,14 @@ PacketOwner encode(const RgbaImage& image) {
     return packet;
 }
 
-struct FileCloser {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-
-[[noreturn]] void failWriting(const std::string& file) {
-    throw std::runtime_error("cannot write '" + file + "': " + std::strerror(errno));
-}
-
 }  // namespace
 
 void writePng(const std::string& file, const RgbaImage& image) {
     av_log_set_level(AV_LOG_QUIET);
     const PacketOwner packet = encode(image);
-    std::unique_ptr<std::FILE, FileCloser> out(std::fopen(file.c_str(), "wb"));
-    if (!out) failWriting(file);
-    const auto size = static_cast<std::size_t>(packet->size);
-    if (std::fwrite(packet->data, 1, size, out.get()) != size) failWriting(file);
-    if (std::fclose(out.release()) != 0) failWriting(file);
+    OutputFile out(file);
+    out.write(packet->data, static_cast<std::size_t>(packet->size));
+    out.keep();
 }
 
 }  // namespace fovix_host

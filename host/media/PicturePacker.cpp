@@ -1,14 +1,14 @@
-#include "PicturePacker.h"
+#include "media/PicturePacker.h"
 
 extern "C" {
 #include <libavutil/imgutils.h>
-#include <libavutil/pixdesc.h>
 }
 
 #include <Fovix.h>
 
 #include <algorithm>
 #include <climits>
+#include <new>
 #include <stdexcept>
 #include <string>
 
@@ -30,35 +30,6 @@ struct Layout420 {
     bool even() const { return width % 2 == 0 && height % 2 == 0; }
 };
 
-// The "yuvj" formats are the plain ones with full range built into their name.
-AVPixelFormat plainFormat(int format) {
-    switch (format) {
-        case AV_PIX_FMT_YUVJ420P:
-            return AV_PIX_FMT_YUV420P;
-        case AV_PIX_FMT_YUVJ411P:
-            return AV_PIX_FMT_YUV411P;
-        case AV_PIX_FMT_YUVJ422P:
-            return AV_PIX_FMT_YUV422P;
-        case AV_PIX_FMT_YUVJ440P:
-            return AV_PIX_FMT_YUV440P;
-        case AV_PIX_FMT_YUVJ444P:
-            return AV_PIX_FMT_YUV444P;
-        default:
-            return static_cast<AVPixelFormat>(format);
-    }
-}
-
-bool isGrey(AVPixelFormat format) {
-    const AVPixFmtDescriptor* description = av_pix_fmt_desc_get(format);
-    return description && description->nb_components <= 2 && !(description->flags & AV_PIX_FMT_FLAG_PAL);
-}
-
-bool isFullRange(const AVFrame& frame) {
-    const AVPixelFormat plain = plainFormat(frame.format);
-    if (plain != frame.format || frame.color_range == AVCOL_RANGE_JPEG) return true;
-    return frame.color_range == AVCOL_RANGE_UNSPECIFIED && isGrey(plain);
-}
-
 bool liesInOneBlock(const AVFrame& frame) {
     return frame.buf[1] == nullptr;
 }
@@ -73,10 +44,36 @@ void checkSize(const AVFrame& frame) {
         throw std::runtime_error("the picture of " + size + " pixels is too large");
 }
 
+// At least two where there were two, and even: planes with a chroma sample for two pixels end there.
+int shrunk(int pixels, int most, int longest) {
+    const auto exact = static_cast<int>(std::int64_t{pixels} * most / longest);
+    return std::max(exact / 2 * 2, std::min(pixels, 2));
+}
+
 }  // namespace
 
 PackedPicture PicturePacker::pack(const AVFrame& frame) {
     checkSize(frame);
+    return std::max(frame.width, frame.height) > _mostAcross ? packFitting(shrink(frame))
+                                                             : packFitting(frame);
+}
+
+const AVFrame& PicturePacker::shrink(const AVFrame& frame) {
+    const int longest = std::max(frame.width, frame.height);
+    const AVPixelFormat format = plainFormat(frame.format);
+    _small.reset(av_frame_alloc());
+    if (!_small) throw std::bad_alloc();
+    _small->format = sws_isSupportedOutput(format) ? format : AV_PIX_FMT_RGBA;
+    _small->width = shrunk(frame.width, _mostAcross, longest);
+    _small->height = shrunk(frame.height, _mostAcross, longest);
+    _small->colorspace = frame.colorspace;
+    _small->color_range = isFullRange(frame) ? AVCOL_RANGE_JPEG : AVCOL_RANGE_MPEG;
+    if (av_frame_get_buffer(_small.get(), 0) < 0) throw std::bad_alloc();
+    _scaler.scale(frame, *_small);
+    return *_small;
+}
+
+PackedPicture PicturePacker::packFitting(const AVFrame& frame) {
     if (frame.format == AV_PIX_FMT_RGBA) return packRgba(frame);
     // A picture one pixel wide or high has no chroma samples in the library's layout.
     if (_formats == PackedFormats::all && !isFullRange(frame) && frame.width > 1 && frame.height > 1) {
@@ -152,22 +149,15 @@ PackedPicture PicturePacker::packSemiPlanar(const AVFrame& frame, int pixelForma
 }
 
 PackedPicture PicturePacker::convert(const AVFrame& frame) {
-    const AVPixelFormat from = plainFormat(frame.format);
-    constexpr int quality = SWS_BILINEAR | SWS_ACCURATE_RND | SWS_FULL_CHR_H_INT;
-    _scaler.reset(sws_getCachedContext(_scaler.release(), frame.width, frame.height, from, frame.width,
-                                       frame.height, AV_PIX_FMT_RGBA, quality, nullptr, nullptr, nullptr));
-    if (!_scaler) {
-        const char* name = av_get_pix_fmt_name(from);
-        throw std::runtime_error(std::string("pictures in the pixel format '") + (name ? name : "unknown") +
-                                 "' cannot be converted");
-    }
-    constexpr int unit = 1 << 16;  // contrast and saturation 1.0
-    sws_setColorspaceDetails(_scaler.get(), sws_getCoefficients(frame.colorspace), isFullRange(frame) ? 1 : 0,
-                             sws_getCoefficients(SWS_CS_DEFAULT), 1, 0, unit, unit);
-    unsigned char* to = room(Layout420(frame).luma * 4);
-    const int rowBytes = frame.width * 4;
-    if (sws_scale(_scaler.get(), frame.data, frame.linesize, 0, frame.height, &to, &rowBytes) != frame.height)
-        throw std::runtime_error("the picture cannot be converted to RGBA");
+    AVFrame to{};
+    to.format = AV_PIX_FMT_RGBA;
+    to.width = frame.width;
+    to.height = frame.height;
+    to.colorspace = AVCOL_SPC_UNSPECIFIED;
+    to.color_range = AVCOL_RANGE_JPEG;
+    to.data[0] = room(Layout420(frame).luma * 4);
+    to.linesize[0] = frame.width * 4;
+    _scaler.scale(frame, to);
     return buffered(frame, FOVIX_FORMAT_RGBA);
 }
 

@@ -8,14 +8,11 @@
 #include <string_view>
 #include <vector>
 
-#include "UsageError.h"
+#include "options/UsageError.h"
 
 namespace fovix_host {
 
-[[noreturn]] inline void refuse(std::string_view option, std::string_view value, std::string_view wanted) {
-    throw UsageError(std::string(option) + " cannot be '" + std::string(value) + "'; it wants " +
-                     std::string(wanted));
-}
+[[noreturn]] void refuse(std::string_view option, std::string_view value, std::string_view wanted);
 
 // The whole text as a number, or nothing.
 template <typename Number, typename... Base>
@@ -41,5 +38,15 @@ std::optional<std::vector<Number>> numbersIn(std::string_view text, char separat
         text.remove_prefix(end + 1);
     }
 }
+
+struct SurfaceSize {
+    int width, height;
+};
+
+// The values of --size and --background (0xRRGGBB).
+SurfaceSize parseSize(const std::string& text);
+unsigned int parseBackground(const std::string& text);
+// Seconds: "90", "1:30" or "0:01:30.5".
+double parseTime(std::string_view option, const std::string& text);
 
 }  // namespace fovix_host

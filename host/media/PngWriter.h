@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "RgbaImage.h"
+#include "media/RgbaImage.h"
 
 namespace fovix_host {
 

@@ -10,6 +10,8 @@
 
 namespace fovix_host {
 
+class CommandLine;
+
 constexpr int mostInputs = 36;  // of the grid and of the lenses
 
 // As the command line has them; empty where they are not given.
@@ -44,8 +46,18 @@ struct ViewOptions {
     bool takesSeveralInputs() const {
         return type == FOVIX_TYPE_MULTI_IMAGE || type == FOVIX_TYPE_MULTI_LENS;
     }
+    // Other types show the whole picture, wherever its lens circle lies.
+    bool showsLensCircle() const { return type == FOVIX_TYPE_360VR || type == FOVIX_TYPE_180VR; }
     bool setsViews() const { return !ptz.empty() || !rotateZoom.empty() || logicZoom; }
 };
+
+enum class ViewOptionSet {
+    all,
+    layout  // without those that aim the view, where a person does that
+};
+
+// The texts outlive the parsing.
+void describeViewOptions(CommandLine& line, ViewTexts& texts, ViewOptionSet set = ViewOptionSet::all);
 
 // Throws UsageError.
 ViewOptions readViewOptions(const ViewTexts& texts);

@@ -1,4 +1,4 @@
-#include "ViewTypes.h"
+#include "options/ViewTypes.h"
 
 #include <Fovix.h>
 

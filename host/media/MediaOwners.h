@@ -10,6 +10,7 @@ extern "C" {
 }
 
 #include <memory>
+#include <stdexcept>
 #include <string>
 
 namespace fovix_host {
@@ -32,6 +33,10 @@ inline std::string mediaErrorText(int code) {
     char text[AV_ERROR_MAX_STRING_SIZE] = {};
     av_strerror(code, text, sizeof text);
     return text;
+}
+
+inline void must(int result, const std::string& what) {
+    if (result < 0) throw std::runtime_error(what + ": " + mediaErrorText(result));
 }
 
 }  // namespace fovix_host

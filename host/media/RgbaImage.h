@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <vector>
 
 namespace fovix_host {
@@ -25,5 +26,10 @@ struct RgbaImage {
                4;
     }
 };
+
+// "1280x720", for messages.
+inline std::string sizeText(int width, int height) {
+    return std::to_string(width) + "x" + std::to_string(height);
+}
 
 }  // namespace fovix_host

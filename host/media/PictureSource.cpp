@@ -1,0 +1,156 @@
+#include "media/PictureSource.h"
+
+#include <Fovix.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <stdexcept>
+#include <utility>
+
+#include "media/MediaReader.h"
+
+namespace fovix_host {
+namespace {
+
+// Times are rounded to the input's time base: half a millisecond early is not early.
+constexpr double rounding = 0.0005;
+
+class MediaSource final : public PictureSource {
+  public:
+    MediaSource(const std::string& input, const MediaDemands& demands)
+        : _demands(demands), _packer(demands.formats, demands.mostAcross) {
+        openReader(input);
+        if (demands.start > 0 && motion() != Motion::still) goToStart(input);
+    }
+
+    std::optional<PackedPicture> next() override {
+        const AVFrame* frame = _first ? _first : _reader->next();
+        _first = nullptr;
+        if (!frame) {
+            if (_reader->isLost())
+                notify("broke off after " + std::to_string(_reader->picturesRead()) + " pictures");
+            return std::nullopt;
+        }
+        if (!_begin) _begin = _reader->seconds();
+        return packed(*frame);
+    }
+
+    Motion motion() const override {
+        return _reader->isStill() ? Motion::still : _reader->isLive() ? Motion::endless : Motion::ends;
+    }
+    double frameRate() const override { return _reader->frameRate(); }
+    double seconds() const override { return _reader->seconds() - _begin.value_or(0); }
+    std::optional<double> duration() const override {
+        const auto whole = _reader->duration();
+        return whole ? std::optional(*whole - _begin.value_or(0)) : std::nullopt;
+    }
+
+  private:
+    void openReader(const std::string& input) {
+        _reader = std::make_unique<MediaReader>(input, _demands.interrupted);
+    }
+
+    // Some inputs only seek to about a time. Where no picture is found right there, all before it are read.
+    void goToStart(const std::string& input) {
+        if (_reader->seek(_demands.start)) {
+            _first = _reader->next();
+            if (_first && _reader->seconds() < _demands.start + 1 / frameRate() - rounding) return;
+            if (!_first && _reader->picturesRead() > 0) refuseStart();
+        }
+        // A failed attempt may have moved it, too.
+        if (motion() == Motion::ends) openReader(input);
+        do _first = _reader->next();
+        while (_first && _reader->seconds() < _demands.start - rounding);
+        if (!_first) refuseStart();
+    }
+
+    [[noreturn]] void refuseStart() const {
+        char end[32];
+        std::snprintf(end, sizeof end, "%.3f", _reader->seconds());
+        throw std::runtime_error("--start is beyond the end of '" + _reader->input() +
+                                 "'; its last picture is due at " + end + " seconds");
+    }
+
+    PackedPicture packed(const AVFrame& frame) {
+        try {
+            const PackedPicture picture = _packer.pack(frame);
+            if (picture.width != frame.width && !std::exchange(_saidScaled, true))
+                notify("has pictures of " + sizeText(frame.width, frame.height) +
+                       ", larger than the textures of this GL; they are scaled down to " +
+                       sizeText(picture.width, picture.height));
+            return picture;
+        } catch (const std::runtime_error& problem) {
+            throw std::runtime_error("'" + _reader->input() + "' cannot be shown: " + problem.what());
+        }
+    }
+
+    void notify(const std::string& what) const {
+        if (_demands.notify) _demands.notify("'" + _reader->input() + "' " + what);
+    }
+
+    MediaDemands _demands;
+    std::unique_ptr<MediaReader> _reader;
+    PicturePacker _packer;
+    const AVFrame* _first = nullptr;  // already read
+    std::optional<double> _begin;     // when the first picture is due
+    bool _saidScaled = false;
+};
+
+PackedPicture packed(const RgbaImage& picture) {
+    return {FOVIX_FORMAT_RGBA, picture.pixels.data(), static_cast<int>(picture.pixels.size()), picture.width,
+            picture.height};
+}
+
+class SampleSource final : public PictureSource {
+  public:
+    SampleSource(SampleScene::Camera camera, int width, int height, int firstFrame)
+        : _scene(camera, width, height), _firstFrame(firstFrame), _frame(firstFrame) {}
+
+    std::optional<PackedPicture> next() override { return packed(_scene.picture(_frame++)); }
+
+    std::optional<LensCircle> lens() const override { return _scene.lens(); }
+    double seconds() const override { return (_frame - 1 - _firstFrame) / frameRate(); }
+
+  private:
+    SampleScene _scene;
+    int _firstFrame;
+    int _frame;
+};
+
+class StackedSample final : public PictureSource {
+  public:
+    StackedSample(SampleScene::Camera upper, SampleScene::Camera lower, int width, int height)
+        : _upper(upper, width, height), _lower(lower, width, height), _picture(width, 2 * height) {}
+
+    std::optional<PackedPicture> next() override {
+        const auto& upper = _upper.picture(_frame).pixels;
+        const auto& lower = _lower.picture(_frame++).pixels;
+        std::copy(lower.begin(), lower.end(), std::copy(upper.begin(), upper.end(), _picture.pixels.begin()));
+        return packed(_picture);
+    }
+
+    std::optional<LensCircle> lens() const override { return _upper.lens(); }
+    double seconds() const override { return (_frame - 1) / frameRate(); }
+
+  private:
+    SampleScene _upper, _lower;
+    RgbaImage _picture;
+    int _frame = 0;
+};
+
+}  // namespace
+
+std::unique_ptr<PictureSource> openMedia(const std::string& input, const MediaDemands& demands) {
+    return std::make_unique<MediaSource>(input, demands);
+}
+
+std::unique_ptr<PictureSource> openSample(SampleScene::Camera camera, int width, int height, int firstFrame) {
+    return std::make_unique<SampleSource>(camera, width, height, firstFrame);
+}
+
+std::unique_ptr<PictureSource> openStackedSample(SampleScene::Camera upper, SampleScene::Camera lower,
+                                                 int width, int height) {
+    return std::make_unique<StackedSample>(upper, lower, width, height);
+}
+
+}  // namespace fovix_host

@@ -1,0 +1,75 @@
+#include "options/InputOptions.h"
+
+#include "lens/CameraFile.h"
+#include "lens/LensText.h"
+#include "options/CommandLine.h"
+#include "options/OptionValues.h"
+#include "options/ViewTypes.h"
+
+namespace fovix_host {
+namespace {
+
+SampleScene::Camera parseCamera(const std::string& text) {
+    if (text.empty() || text == "ceiling") return SampleScene::Camera::ceiling;
+    if (text == "wall") return SampleScene::Camera::wall;
+    refuse("--sample", text, "ceiling or wall, and no input besides");
+}
+
+LensCircle parseLens(const std::string& text) {
+    const auto lens = lensIn(text);
+    if (!lens) refuse("--lens", text, lensWanted);
+    return *lens;
+}
+
+std::string parseCameraName(const std::string& text) {
+    if (!isCameraName(text)) refuse("--camera", text, cameraNameWanted);
+    return text;
+}
+
+// A lens circle is kept of cameras that show one.
+void checkCamera(const InputOptions& options, const ViewOptions& view) {
+    if (options.camera.empty()) return;
+    if (options.sample) throw UsageError("--camera does not go with --sample, which knows its lens");
+    if (view.takesSeveralInputs() || view.type == FOVIX_TYPE_TWO_LENSES)
+        throw UsageError("--camera does not fit --type " + viewTypeName(view.type) +
+                         "; it goes with types that show one lens");
+    if (options.inputs.empty()) throw UsageError("--camera wants a picture or video of that camera");
+}
+
+}  // namespace
+
+void describeInputOptions(CommandLine& line, InputOptions& options) {
+    line.addInputs(options.inputs);
+    line.addText(
+        "--sample", "[=ceiling|wall]", "draw a car park instead, seen from there",
+        [&](const std::string& value) {
+            options.sample = parseCamera(value);
+            options.samplesDiffer = value.empty();
+        },
+        CommandLine::Value::optional);
+    line.addText("--lens", "CX,CY,RADIUS,W,H", "lens circle and the size of its image [found]",
+                 [&](const std::string& value) { options.lens = parseLens(value); });
+    line.addText("--camera", "NAME", "keep the lens for next time, by this name",
+                 [&](const std::string& value) { options.camera = parseCameraName(value); });
+}
+
+void checkInputOptions(const InputOptions& options, const ViewOptions& view) {
+    const auto& inputs = options.inputs;
+    if (options.sample && !inputs.empty())
+        throw UsageError("--sample makes the input itself; give either '" + inputs.front() + "' or --sample");
+    const int count = static_cast<int>(inputs.size());
+    const int most = view.grid ? view.grid->rows * view.grid->columns : mostInputs;
+    if (count > 1 && !view.takesSeveralInputs())
+        throw UsageError("'" + inputs[1] + "' is one input too many for --type " + viewTypeName(view.type) +
+                         "; grid and lenses take several");
+    if (count > most)
+        throw UsageError(std::to_string(count) + " inputs are too many; there is room for " +
+                         std::to_string(most));
+    if (count > 0 && view.lensShown.value_or(0) >= count)
+        throw UsageError(
+            "--show-lens cannot be " + std::to_string(*view.lensShown) +
+            (count == 1 ? "; the only input is 0" : "; the inputs are 0 to " + std::to_string(count - 1)));
+    checkCamera(options, view);
+}
+
+}  // namespace fovix_host

@@ -1,0 +1,28 @@
+#include "FindLens.h"
+
+#include <cstdio>
+#include <stdexcept>
+
+#include "StopSignals.h"
+#include "lens/LensChoice.h"
+#include "lens/LensInMedia.h"
+#include "lens/LensText.h"
+
+namespace fovix_host {
+
+void printLens(const Options& options, OwnOutput& out) {
+    const std::string& input = options.input.inputs.front();
+    const auto found = findLens(input, [] { return stopSignal() != 0; });
+    if (!found) throw std::runtime_error("'" + input + "' shows no lens circle");
+    if (!found->isSure())
+        throw std::runtime_error("'" + input + "' shows no clear lens circle; the best guess is " +
+                                 textOf(found->circle) + " with " + found->inWords());
+    if (!options.input.camera.empty()) {
+        const auto choice = lensAtHand({found->circle, options.input.camera});
+        if (!options.quiet) std::fprintf(stderr, "fovix-render: %s\n", choice->remark.c_str());
+    }
+    out.line(textOf(found->circle));
+    out.line(found->inWords());
+}
+
+}  // namespace fovix_host

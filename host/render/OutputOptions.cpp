@@ -1,0 +1,89 @@
+#include "OutputOptions.h"
+
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+#include <utility>
+
+#include "options/CommandLine.h"
+#include "options/OptionValues.h"
+
+namespace fovix_host {
+namespace {
+
+// In lower case, with its dot; empty for names that are nothing but an ending.
+std::string endingOf(const std::string& name) {
+    std::string ending = std::filesystem::path(name).extension().string();
+    std::transform(ending.begin(), ending.end(), ending.begin(),
+                   [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
+    return ending;
+}
+
+OutputKind parseKind(const std::string& name) {
+    const std::string ending = endingOf(name);
+    if (name == "-") return OutputKind::pipe;
+    if (ending == ".png") return OutputKind::pictures;
+    if (ending != ".mp4" && ending != ".mkv")
+        refuse("--output", name,
+               "a name that ends in .png, .mp4 or .mkv, or - for raw RGBA on standard output");
+    return OutputKind::video;
+}
+
+VideoCodec parseCodec(const std::string& text) {
+    if (text != "h264" && text != "ffv1") refuse("--codec", text, "h264 or ffv1");
+    return text == "h264" ? VideoCodec::h264 : VideoCodec::ffv1;
+}
+
+int parseQuality(const std::string& text) {
+    const auto quality = numberIn<int>(text);
+    if (!quality || *quality < 0 || *quality > 51)
+        refuse("--quality", text, "a number from 0, the best, to 51");
+    return *quality;
+}
+
+double parseFrameRate(const std::string& text) {
+    const auto rate = numberIn<double>(text);
+    if (!rate || *rate < 0.01 || *rate > 1000)
+        refuse("--fps", text, "a number of frames per second from 0.01 to 1000");
+    return *rate;
+}
+
+}  // namespace
+
+void describeOutputOptions(CommandLine& line, OutputOptions& options) {
+    line.addText("-o,--output", "FILE", ".png [fovix.png], .mp4, .mkv, or - for raw RGBA",
+                 [&](const std::string& value) {
+                     options.kind = parseKind(value);
+                     options.name = value;
+                 });
+    line.addText("--codec", "h264|ffv1", "video: ffv1 is lossless, in .mkv only [h264]",
+                 [&](const std::string& value) { options.codec = parseCodec(value); });
+    line.addText("--quality", "N", "video in h264: from 0, the best, to 51 [20]",
+                 [&](const std::string& value) { options.quality = parseQuality(value); });
+    line.addText("--fps", "N", "video: frames per second [as the input]",
+                 [&](const std::string& value) { options.frameRate = parseFrameRate(value); });
+}
+
+void checkOutputOptions(const OutputOptions& options, int width, int height) {
+    if (options.kind != OutputKind::video) {
+        for (const auto& [option, given] : {std::pair{"--codec", options.codec.has_value()},
+                                            std::pair{"--quality", options.quality.has_value()},
+                                            std::pair{"--fps", options.frameRate.has_value()}})
+            if (given)
+                throw UsageError(std::string(option) + " does not fit -o " + options.name +
+                                 "; it goes with a video, .mp4 or .mkv");
+        return;
+    }
+    if (options.codec == VideoCodec::ffv1) {
+        if (endingOf(options.name) == ".mp4")
+            throw UsageError("--codec ffv1 does not fit -o " + options.name + "; it goes with .mkv");
+        if (options.quality)
+            throw UsageError("--quality does not fit --codec ffv1, which loses nothing; it goes with h264");
+    } else if (width % 2 != 0 || height % 2 != 0) {
+        throw UsageError("--size " + sizeText(width, height) +
+                         " does not fit H.264 video; even numbers do, as " +
+                         sizeText(width + width % 2, height + height % 2) + ", or --codec ffv1 in .mkv");
+    }
+}
+
+}  // namespace fovix_host
