@@ -1,0 +1,67 @@
+#include "player/Feed.h"
+
+#include <utility>
+
+#include "media/MediaReader.h"
+
+namespace fovix_host {
+namespace {
+
+class MediaFeed final : public Feed {
+  public:
+    MediaFeed(const std::string& input, PicturePacker packer, MediaReader::Interrupted interrupted)
+        : _reader(input, std::move(interrupted)), _packer(std::move(packer)) {}
+
+    std::optional<double> next() override {
+        _frame = _reader.next();
+        return _frame ? std::optional(_reader.seconds()) : std::nullopt;
+    }
+    PackedPicture pack() override { return _packer.pack(*_frame); }
+    double pictureLength() const override { return 1 / _reader.frameRate(); }
+    std::optional<double> duration() const override {
+        return isStill() || _reader.isLive() ? std::nullopt : _reader.duration();
+    }
+    bool isStill() const override { return _reader.isStill(); }
+    bool isRealTime() const override { return _reader.isRealTime(); }
+    bool isLost() const override { return _reader.isLost(); }
+    bool isSeekable() const override { return duration().has_value(); }
+    bool seek(double seconds) override { return _reader.seek(seconds); }
+    void setHurry(bool hurry) override { _reader.setHurry(hurry); }
+
+  private:
+    MediaReader _reader;
+    PicturePacker _packer;
+    const AVFrame* _frame = nullptr;
+};
+
+class SourceFeed final : public Feed {
+  public:
+    explicit SourceFeed(PictureSource& source) : _source(source) {}
+
+    std::optional<double> next() override {
+        const auto picture = _source.next();
+        if (!picture) return std::nullopt;
+        _picture = *picture;
+        return pictureLength() * _number++;
+    }
+    PackedPicture pack() override { return _picture; }
+    double pictureLength() const override { return 1.0 / 25; }
+
+  private:
+    PictureSource& _source;
+    PackedPicture _picture;
+    double _number = 0;
+};
+
+}  // namespace
+
+std::unique_ptr<Feed> openMediaFeed(const std::string& input, PicturePacker packer,
+                                    std::function<bool()> interrupted) {
+    return std::make_unique<MediaFeed>(input, std::move(packer), std::move(interrupted));
+}
+
+std::unique_ptr<Feed> makeSourceFeed(PictureSource& source) {
+    return std::make_unique<SourceFeed>(source);
+}
+
+}  // namespace fovix_host

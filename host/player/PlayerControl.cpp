@@ -1,0 +1,107 @@
+#include "player/PlayerControl.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace fovix_host {
+namespace {
+
+constexpr double rateWindow = 1;  // seconds
+
+void forgetBefore(std::deque<double>& times, double start) {
+    while (!times.empty() && times.front() < start) times.pop_front();
+}
+
+}  // namespace
+
+void PlayerControl::wake() {
+    _wished = true;
+    _woken.notify_all();
+}
+
+void PlayerControl::pause(bool paused) {
+    const std::lock_guard lock(_mutex);
+    _paused = paused;
+    wake();
+}
+
+void PlayerControl::step() {
+    const std::lock_guard lock(_mutex);
+    _paused = _step = true;
+    wake();
+}
+
+bool PlayerControl::seekLocked(double seconds) {
+    if (!_status.seekable || std::isnan(seconds)) return false;
+    _seek = std::clamp(seconds, 0.0, _status.duration.value_or(0.0));
+    wake();
+    return true;
+}
+
+bool PlayerControl::seekTo(double seconds) {
+    const std::lock_guard lock(_mutex);
+    return seekLocked(seconds);
+}
+
+bool PlayerControl::seekBy(double seconds) {
+    const std::lock_guard lock(_mutex);
+    return seekLocked(_seek.value_or(_status.position) + seconds);
+}
+
+PlayerStatus PlayerControl::status() const {
+    const std::lock_guard lock(_mutex);
+    forgetBefore(_shownAt, now() - rateWindow);
+    PlayerStatus status = _status;
+    status.picturesPerSecond = static_cast<double>(_shownAt.size()) / rateWindow;
+    status.position = _seek.value_or(status.position);
+    if (_paused && status.state == PlayerState::playing) status.state = PlayerState::paused;
+    return status;
+}
+
+void PlayerControl::end() {
+    const std::lock_guard lock(_mutex);
+    _ending = true;
+    wake();
+}
+
+bool PlayerControl::isEnding() const {
+    const std::lock_guard lock(_mutex);
+    return _ending;
+}
+
+PlayerControl::Wishes PlayerControl::takeWishes() {
+    const std::lock_guard lock(_mutex);
+    const Wishes wishes{_paused, _step, _seek};
+    if (_seek) _status.position = *_seek;
+    _seek.reset();
+    _step = _wished = false;
+    return wishes;
+}
+
+bool PlayerControl::wait(double seconds) {
+    std::unique_lock lock(_mutex);
+    return _woken.wait_for(lock, _clock.real(seconds), [this] { return _wished || _ending; });
+}
+
+void PlayerControl::sleep(double seconds) {
+    std::unique_lock lock(_mutex);
+    _woken.wait_for(lock, _clock.real(seconds), [this] { return _ending; });
+}
+
+void PlayerControl::update(const std::function<void(PlayerStatus&)>& change) {
+    const std::lock_guard lock(_mutex);
+    change(_status);
+}
+
+void PlayerControl::countShown(const PackedPicture& picture, double position) {
+    const std::lock_guard lock(_mutex);
+    ++_status.shown;
+    _status.state = PlayerState::playing;
+    _status.width = picture.width;
+    _status.height = picture.height;
+    _status.position = position;
+    _shownAt.push_back(now());
+    forgetBefore(_shownAt, _shownAt.back() - rateWindow);
+}
+
+}  // namespace fovix_host

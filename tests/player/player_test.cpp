@@ -1,0 +1,291 @@
+// The player on files, on a server that comes and goes, and on what cannot be played. Its clock runs a
+// hundred times as fast, so that tests need not wait.
+#include "player/Player.h"
+
+#include <arpa/inet.h>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <chrono>
+#include <cmath>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+#include "MediaFiles.h"
+#include "TestFiles.h"
+
+using namespace fovix_host;
+using namespace std::chrono_literals;
+using std::chrono::steady_clock;
+
+namespace {
+
+PlayerSettings fast(double speed = 100) {
+    PlayerSettings settings;
+    settings.speed = speed;
+    settings.stall = 60;
+    return settings;
+}
+
+// A player with what it said and showed.
+class Stage {
+  public:
+    explicit Stage(Player::Input input, const PlayerSettings& settings = fast(),
+                   std::function<void()> onShow = {})
+        : _onShow(std::move(onShow)),
+          player(std::move(input), settings,
+                 {[this](const PackedPicture& picture) { shown(picture); },
+                  [this](const std::string& message) {
+                      const std::lock_guard lock(_mutex);
+                      _said += message + "\n";
+                  }}) {}
+
+    std::string said() const {
+        const std::lock_guard lock(_mutex);
+        return _said;
+    }
+    // Waits for something to come true.
+    template <typename Condition>
+    bool comes(Condition condition) const {
+        for (const auto end = steady_clock::now() + 20s; steady_clock::now() < end;
+             std::this_thread::sleep_for(1ms))
+            if (condition()) return true;
+        return false;
+    }
+    bool reaches(PlayerState state) const {
+        return comes([&] { return player.status().state == state; });
+    }
+    bool says(const std::string& words) const {
+        return comes([&] { return said().find(words) != std::string::npos; });
+    }
+
+  private:
+    void shown(const PackedPicture& picture) {
+        if (_onShow) _onShow();
+        const int luma = picture.data[picture.width * (picture.height * 3 / 4) + picture.width * 3 / 4];
+        lastNumber = static_cast<int>(std::lround((luma - quadrants[3].y) / double{lumaStep}));
+    }
+
+    mutable std::mutex _mutex;
+    std::function<void()> _onShow;
+    std::string _said;
+
+  public:
+    std::atomic<int> lastNumber = -1;  // of the picture shown last, of the first dozen that writeMedia makes
+    Player player;                     // last: it calls back
+};
+
+std::string video(const std::string& name, int pictures, int width = 64, int height = 48,
+                  const char* encoder = "mpeg4") {
+    const std::string file = (testFolder() / name).string();
+    writeMedia(file, encoder, AV_PIX_FMT_YUV420P, width, height, pictures);
+    return file;
+}
+
+TEST(Player, PlaysAFileToItsEndAtItsPace) {
+    const std::string file = video("short.mp4", 12);
+    const auto start = steady_clock::now();
+    Stage stage(file, fast(1));
+    ASSERT_TRUE(stage.reaches(PlayerState::ended));
+    EXPECT_GE(steady_clock::now() - start, 470ms) << "each stays for its length, the last one too";
+    const PlayerStatus status = stage.player.status();
+    EXPECT_EQ(status.width, 64);
+    EXPECT_EQ(status.height, 48);
+    EXPECT_EQ(status.decoded, 12);
+    EXPECT_EQ(status.shown + status.dropped, 12);
+    EXPECT_GT(status.shown, 0);
+    EXPECT_NEAR(*status.duration, 12 / 25.0, .001);
+    EXPECT_EQ(stage.said(), "");
+    EXPECT_TRUE(stage.player.seekTo(0.2));
+    EXPECT_TRUE(stage.comes([&] { return stage.player.status().decoded == 12 + 7; })) << "goes on from there";
+}
+
+TEST(Player, DropsPicturesThatCannotBeShownInTime) {
+    Stage stage(video("long.mp4", 100), fast(1), [] { std::this_thread::sleep_for(90ms); });
+    ASSERT_TRUE(stage.comes([&] { return stage.player.status().decoded > 40; }));
+    const PlayerStatus status = stage.player.status();
+    EXPECT_GT(status.dropped, 10);
+    EXPECT_GT(status.shown, 5);
+    EXPECT_LE(status.picturesPerSecond, 12);
+}
+
+TEST(Player, BeginsAnewInALoop) {
+    for (const char* name : {"one.mp4", "few.ts", "raw.m4v"}) {
+        PlayerSettings settings = fast();
+        settings.loop = true;
+        Stage stage(video(name, name[0] == 'o' ? 1 : 5), settings);
+        EXPECT_TRUE(stage.comes([&] { return stage.player.status().decoded > 23; })) << name;
+        EXPECT_EQ(stage.said(), "") << name;
+    }
+}
+
+TEST(Player, SeeksStepsAndPauses) {
+    PlayerSettings settings = fast();
+    settings.paused = true;
+    settings.start = 0.12;
+    Stage stage(video("long.mp4", 50), settings);
+    ASSERT_TRUE(stage.comes([&] { return stage.lastNumber == 3; })) << "the first picture, paused or not";
+    EXPECT_EQ(stage.player.status().state, PlayerState::paused);
+    for (int i = 0; i < 200; ++i) EXPECT_TRUE(stage.player.seekTo(i * 0.01));
+    EXPECT_TRUE(stage.player.seekTo(0.2));
+    EXPECT_TRUE(stage.player.seekBy(0.04));
+    EXPECT_NEAR(stage.player.position(), 0.24, 1e-9) << "at once, wherever the decoder is";
+    EXPECT_TRUE(stage.comes([&] { return stage.lastNumber == 6; }));
+    const long before = stage.player.status().shown;
+    EXPECT_LT(before, 200) << "fast seeks collapse";
+    stage.player.step();
+    EXPECT_TRUE(stage.comes([&] { return stage.lastNumber == 7; }));
+    EXPECT_EQ(stage.player.status().shown, before + 1);
+    EXPECT_TRUE(stage.player.seekBy(1e9));
+    EXPECT_TRUE(stage.comes([&] { return stage.player.position() == 49 / 25.0; })) << stage.player.position();
+    EXPECT_TRUE(stage.player.seekTo(-5));
+    EXPECT_TRUE(stage.comes([&] { return stage.lastNumber == 0; }));
+    EXPECT_FALSE(stage.player.seekTo(std::nan("")));
+    stage.player.pause(false);
+    EXPECT_TRUE(stage.reaches(PlayerState::ended));
+}
+
+TEST(Player, ShowsAStillOnceAndTheSampleOnAndOn) {
+    writeMedia((testFolder() / "still.jpg").string(), "mjpeg", AV_PIX_FMT_YUVJ420P, 64, 48, 1);
+    Stage still((testFolder() / "still.jpg").string());
+    ASSERT_TRUE(still.reaches(PlayerState::still));
+    EXPECT_EQ(still.player.status().shown, 1);
+    EXPECT_FALSE(still.player.seekTo(0));
+    Stage sample(openSample(SampleScene::Camera::ceiling, 64, 64), fast());
+    EXPECT_TRUE(sample.comes([&] { return sample.player.status().decoded > 9; }));
+    EXPECT_FALSE(sample.player.seekBy(1));
+}
+
+TEST(Player, FailsWithASentence) {
+    writeText(testFolder() / "letter.txt", "Dear reader,\nthis is no picture.\n");
+    for (const auto& [input, words] : {std::pair{"missing.mp4", "cannot be opened: No such file"},
+                                       std::pair{"letter.txt", "is not a picture or video"},
+                                       std::pair{"nothing://here", "cannot be opened: Protocol not found"}}) {
+        const bool isFile = std::string(input).find("://") == std::string::npos;
+        Stage stage(isFile ? (testFolder() / input).string() : input);
+        EXPECT_TRUE(stage.reaches(PlayerState::failed)) << input;
+        EXPECT_NE(stage.player.status().message.find(words), std::string::npos) << stage.said();
+    }
+    Stage stage(video("short.mp4", 3), fast(), [] { throw std::runtime_error("no room for pictures"); });
+    EXPECT_TRUE(stage.reaches(PlayerState::failed));
+    EXPECT_EQ(stage.said(), "no room for pictures\n");
+}
+
+// Times jump back and the size changes in the middle, where two recordings were joined; then comes damage.
+TEST(Player, PlaysWhatWasJoinedAndDamaged) {
+    std::string joined = readText(video("small.ts", 30, 64, 48, "mpeg2video")) +
+                         readText(video("large.ts", 30, 160, 120, "mpeg2video"));
+    joined.replace(joined.size() - 3000, 400, 400, '\x55');
+    writeText(testFolder() / "joined.ts", joined);
+    Stage stage((testFolder() / "joined.ts").string());
+    ASSERT_TRUE(stage.reaches(PlayerState::ended));
+    EXPECT_EQ(stage.player.status().width, 160);
+    EXPECT_GT(stage.player.status().decoded, 50);
+}
+
+// Serves the same bytes to one caller after the other, once it listens; the last one waits for more in vain.
+class Server {
+  public:
+    Server() : _socket(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+        sockaddr_in address{};
+        address.sin_family = AF_INET;
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        socklen_t size = sizeof address;
+        bind(_socket, reinterpret_cast<sockaddr*>(&address), size);
+        getsockname(_socket, reinterpret_cast<sockaddr*>(&address), &size);
+        _name = "tcp://127.0.0.1:" + std::to_string(ntohs(address.sin_port));
+    }
+    ~Server() {
+        shutdown(_socket, SHUT_RDWR);
+        if (_thread.joinable()) _thread.join();
+        for (const int caller : _held) close(caller);
+        close(_socket);
+    }
+    void listenFor(int callers, const std::string& bytes) {
+        listen(_socket, 5);
+        _thread = std::thread([this, callers, bytes] {
+            for (int left = callers; left > 0; --left) {
+                const int caller = accept(_socket, nullptr, nullptr);
+                if (caller < 0) return;
+                send(caller, bytes.data(), bytes.size(), MSG_NOSIGNAL);
+                if (left == 1)
+                    _held.push_back(caller);
+                else
+                    close(caller);
+            }
+        });
+    }
+    const std::string& name() const { return _name; }
+
+  private:
+    int _socket;
+    std::string _name;
+    std::vector<int> _held;
+    std::thread _thread;
+};
+
+TEST(Player, OpensALostStreamAgain) {
+    const std::string bytes = readText(video("stream.ts", 60, 64, 48, "mpeg2video"));
+    Server server;
+    const std::string name = "'" + server.name() + "'";
+    Stage stage(server.name());
+    ASSERT_TRUE(stage.says("trying again in 2 s"));
+    EXPECT_EQ(stage.said().find(name + " cannot be opened: Connection refused; trying again in 1 s\n"), 0u);
+    server.listenFor(3, bytes);
+    ASSERT_TRUE(
+        stage.says(name + " is there now\n" + name + " is lost; trying again in 1 s\n" + name + " is back\n"))
+        << stage.said();
+    EXPECT_FALSE(stage.player.seekTo(0)) << "it is live";
+    EXPECT_TRUE(stage.says(name + " sends nothing; trying again in ")) << "the last caller gets no end";
+}
+
+TEST(Player, EndsAtOnceWhateverItWaitsFor) {
+    Server silent, closed;
+    silent.listenFor(1, "");
+    const std::string slow = video("slow.mp4", 5);
+    const std::string unopened = (testFolder() / "unopened").string(),
+                      idle = (testFolder() / "idle").string();
+    for (const std::string& pipe : {unopened, idle}) ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    const int writer = open(idle.c_str(), O_RDWR | O_CLOEXEC);
+    PlayerSettings crawling = fast(0.01);
+    for (const auto& [input, state] :
+         {std::pair{silent.name(), PlayerState::opening}, std::pair{closed.name(), PlayerState::reconnecting},
+          std::pair{unopened, PlayerState::opening}, std::pair{idle, PlayerState::opening},
+          std::pair{slow, PlayerState::playing}}) {
+        std::optional<Stage> stage(std::in_place, input, crawling);
+        EXPECT_TRUE(stage->reaches(state)) << input;
+        std::this_thread::sleep_for(20ms);
+        const auto start = steady_clock::now();
+        stage.reset();
+        EXPECT_LT(steady_clock::now() - start, 500ms) << input;
+    }
+    close(writer);
+}
+
+TEST(Player, TakesCallsFromAnyThread) {
+    PlayerSettings settings = fast();
+    settings.loop = true;
+    Stage stage(video("long.mp4", 60), settings);
+    std::atomic<bool> ending = false;
+    const auto call = [&] {
+        for (int i = 0; !ending; ++i) {
+            stage.player.pause(i % 3 == 0);
+            stage.player.seekBy(i % 2 ? 0.7 : -0.5);
+            if (i % 5 == 0) stage.player.step();
+            EXPECT_LE(stage.player.status().shown, stage.player.status().decoded);
+            std::this_thread::sleep_for(200us);
+        }
+    };
+    std::thread one(call), other(call);
+    EXPECT_TRUE(stage.comes([&] { return stage.player.status().shown > 100; }));
+    ending = true;
+    one.join();
+    other.join();
+}
+
+}  // namespace
