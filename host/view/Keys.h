@@ -1,0 +1,50 @@
+// What the keys do: one table for the keyboard and for the help on the screen.
+#pragma once
+
+#include <span>
+#include <string_view>
+#include <vector>
+
+namespace fovix_host {
+
+enum class Action {
+    setType,  // amount: the number of the key
+    nextType,
+    nextMount,
+    nextShape,
+    nextMode,
+    nextLens,
+    cruise,
+    cruiseSpeed,
+    reset,
+    pause,
+    seek,  // amount: seconds
+    step,
+    background,
+    fullScreen,
+    screenshot,
+    statistics,
+    help,
+    leave,  // what is open: the help, the full screen, the program
+    quit
+};
+
+struct Key {
+    std::string_view name;  // a character as typed, or the name that SDL has for the key
+    Action action;
+    int amount;                // as Action says; else 1, and -1 for the other way
+    bool repeats;              // while it is held
+    std::string_view shown;    // in the help; empty where the line before covers it
+    std::string_view meaning;  // likewise
+};
+
+std::span<const Key> keyTable();
+
+const Key* keyNamed(std::string_view name);
+
+struct HelpLine {
+    std::string_view keys, meaning;
+};
+std::vector<HelpLine> helpLines();  // those of the mouse first
+
+}  // namespace fovix_host

@@ -1,0 +1,58 @@
+// The state that a person gave the view: type, mount, shape and the like, cruise and background; brings the
+// library's view into it, the lens circle included, which a change of type forgets.
+#pragma once
+
+#include <Fovix.h>
+
+#include <optional>
+#include <string>
+
+#include "lens/LensCircle.h"
+#include "options/ViewOptions.h"
+#include "view/Playback.h"
+
+namespace fovix_host {
+
+class ShownView {
+  public:
+    // The playback is the one shown at the time of a call.
+    ShownView(VRHANDLE handle, const ViewerOptions& options, const std::unique_ptr<Playback>& playback);
+
+    // Everything that the options ask for.
+    void apply();
+    // For a picture of another size, or another playback.
+    void applyLens();
+    void setLens(const std::optional<LensCircle>& lens);
+
+    // The library changes some of it itself; this is what it shows now.
+    ViewOptions options() const;
+    // Gives whether anything changes.
+    bool change(const ViewOptions& wanted);
+    void reset();
+
+    bool toggleCruise();  // false where the view cannot cruise
+    void changeCruiseSpeed(int steps);
+    void stopCruise();
+    void nextBackground();
+    unsigned int background() const { return _background; }
+
+    std::string words() const;
+    std::string cruiseWords() const;
+
+  private:
+    std::optional<LensCircle> lens() const;
+    void setType(int type) const;
+    void startCruise() const;
+    int pictures() const { return _playback->pictures().count(); }
+
+    VRHANDLE _handle;
+    const ViewerOptions& _options;
+    const std::unique_ptr<Playback>& _playback;
+    ViewOptions _view;
+    std::optional<LensCircle> _lens;  // as told, kept or found
+    unsigned int _background;
+    double _cruiseSpeed = 1;
+    bool _cruising = false;
+};
+
+}  // namespace fovix_host
