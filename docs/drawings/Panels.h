@@ -1,0 +1,45 @@
+// The three panels of a drawing: the patches of a mesh where they lie in the picture, in space with the eye
+// that looks at them, and on the screen after the matrix.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "Mat4.h"
+#include "MeshPatches.h"
+#include "SvgFile.h"
+
+namespace fovix::drawings {
+
+/// Pixels from the top left.
+struct Box {
+    double x, y, width, height;
+};
+
+/// One pass of drawing: patches through a matrix, on a part of the surface (shares of it, from the top left).
+struct Pass {
+    const std::vector<Patch>* patches;
+    Mat4 matrix;
+    Box part = {0.0, 0.0, 1.0, 1.0};
+    bool showsEye = true;  ///< in the space panel
+};
+
+enum class UpAxis { Y, Z, MinusZ };
+
+/// From where the space panel looks: turned about the upright axis and lifted, degrees.
+struct Outlook {
+    UpAxis up = UpAxis::Y;
+    double turn = 30.0, lift = 20.0;
+};
+
+struct Picture {
+    double width, height;  ///< pixels of the texture
+    std::vector<LensDisc> discs;
+};
+
+void drawPicturePanel(SvgFile& svg, const Box& box, const Picture& picture, const std::vector<Pass>& passes);
+void drawSpacePanel(SvgFile& svg, const Box& box, const Outlook& outlook, const std::vector<Pass>& passes);
+void drawScreenPanel(SvgFile& svg, const Box& box, const std::vector<Pass>& passes);
+
+}  // namespace fovix::drawings

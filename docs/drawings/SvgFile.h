@@ -1,0 +1,39 @@
+// A small SVG writer. Lengths are quarters of a pixel, written as whole numbers and relative steps, which
+// keeps thousands of corners small.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace fovix::drawings {
+
+inline constexpr double kUnitsPerPixel = 4.0;
+
+struct SvgPoint {
+    double x, y;  ///< pixels from the top left
+};
+
+class SvgFile {
+  public:
+    /// Sizes in pixels; the picture has a white ground, so that it reads on dark pages too.
+    SvgFile(int width, int height);
+
+    /// attributes are SVG's own, e.g. `fill="none" stroke="#333"`.
+    void polygon(const std::vector<SvgPoint>& corners, std::string_view attributes);
+    void polyline(const std::vector<SvgPoint>& points, std::string_view attributes);
+    void circle(SvgPoint centre, double radius, std::string_view attributes);
+    void text(SvgPoint middle, std::string_view words);
+    void openGroup(std::string_view attributes);
+    void closeGroup();
+
+    /// Writes the file; throws std::runtime_error when that fails.
+    void save(const std::string& path) const;
+
+  private:
+    void path(const std::vector<SvgPoint>& corners, bool isClosed, std::string_view attributes);
+
+    std::string _body;
+};
+
+}  // namespace fovix::drawings
