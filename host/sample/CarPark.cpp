@@ -72,6 +72,18 @@ std::vector<Sphere> CarPark::movingParts() const {
     return parts;
 }
 
+bool CarPark::mayShowTraffic(const Ray& ray) const {
+    const bool falls = ray.direction.z < 0.0;
+    const Vec3 floor = falls ? ray.at(-ray.origin.z / ray.direction.z) : Vec3{};
+    Sight nearest;
+    const auto seen = [&](const auto& mover) {
+        return passes(ray, mover.boundsWithShadow()) &&
+               (mover.meets(ray, nearest) || (falls && mover.floorLight(floor.x, floor.y) < 1.0));
+    };
+    return std::any_of(_moving.begin(), _moving.end(), seen) ||
+           std::any_of(_walkers.begin(), _walkers.end(), seen);
+}
+
 void CarPark::meetBlocks(const Ray& ray, Sight& sight) const {
     for (const Block& block : _blocks) {
         const bool above = ray.direction.z <= 0.0 && block.foot > ray.origin.z;

@@ -21,6 +21,8 @@ class CarPark {
 
     // Around everything that moves in this frame, shadows included.
     std::vector<Sphere> movingParts() const;
+    // Whether any of it may be seen along the ray: what hides it is not considered.
+    bool mayShowTraffic(const Ray& ray) const;
 
   private:
     struct Block {

@@ -118,24 +118,27 @@ void SampleScene::drawMoving(const Sphere& part) {
     const Area area = areaOf(part);
     if (area.left >= area.right || area.top >= area.bottom) return;
     RgbaImage centres(area.right - area.left, area.bottom - area.top);
-    std::vector<std::uint8_t> concerned(centres.pixels.size() / 4);
-    const auto mark = [&](int column, int row) -> std::uint8_t& {
-        return concerned[static_cast<std::size_t>(row) * static_cast<std::size_t>(centres.width) +
-                         static_cast<std::size_t>(column)];
-    };
-    forEachRow(area.top, area.bottom, [&](int y) {
-        std::copy_n(_stillCentres.at(area.left, y), centres.width * 4, centres.at(0, y - area.top));
-        for (int x = area.left; x < area.right; ++x) {
-            const auto ray = rayThrough(middleOf(x, y));
-            if (!ray || !passes(*ray, part)) continue;
-            mark(x - area.left, y - area.top) = 1;
-            store(centres.at(x - area.left, y - area.top), _carPark.look(*ray));
+    // Which pixels show traffic in their middle, with a border of pixels that do not.
+    const int columns = centres.width + 2;
+    std::vector<std::uint8_t> shows(static_cast<std::size_t>(columns * (centres.height + 2)));
+    const auto at = [&](int column, int row) { return shows.begin() + (row + 1) * columns + column + 1; };
+    forEachRow(0, centres.height, [&](int row) {
+        std::copy_n(_stillCentres.at(area.left, area.top + row), centres.width * 4, centres.at(0, row));
+        for (int column = 0; column < centres.width; ++column) {
+            const auto ray = rayThrough(middleOf(area.left + column, area.top + row));
+            if (!ray || !_carPark.mayShowTraffic(*ray)) continue;
+            *at(column, row) = 1;
+            store(centres.at(column, row), _carPark.look(*ray));
         }
     });
-    forEachRow(area.top, area.bottom, [&](int y) {
-        for (int x = area.left; x < area.right; ++x) {
-            const int column = x - area.left, row = y - area.top;
-            if (!mark(column, row)) continue;
+    const auto concerns = [&](int column, int row) {
+        return *at(column, row) || *at(column - 1, row) || *at(column + 1, row) || *at(column, row - 1) ||
+               *at(column, row + 1);
+    };
+    forEachRow(0, centres.height, [&](int row) {
+        for (int column = 0; column < centres.width; ++column) {
+            if (!concerns(column, row)) continue;
+            const int x = area.left + column, y = area.top + row;
             if (onEdge(centres, column, row))
                 store(_picture.at(x, y), smoothed(x, y));
             else
