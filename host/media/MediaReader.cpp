@@ -15,6 +15,8 @@ extern "C" {
 #include <stdexcept>
 #include <utility>
 
+#include "media/InputName.h"
+
 namespace fovix_host {
 namespace {
 
@@ -76,7 +78,7 @@ MediaReader::MediaReader(const std::string& input, Interrupted interrupted)
 }
 
 void MediaReader::fail(const std::string& what, int code) const {
-    throw std::runtime_error("'" + _input + "' " + what + (code < 0 ? ": " + mediaErrorText(code) : ""));
+    throw std::runtime_error(quotedName(_input) + " " + what + (code < 0 ? ": " + mediaErrorText(code) : ""));
 }
 
 void MediaReader::failOpening(const std::string& what, int code) const {

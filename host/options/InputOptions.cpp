@@ -2,6 +2,7 @@
 
 #include "lens/CameraFile.h"
 #include "lens/LensText.h"
+#include "media/InputName.h"
 #include "options/CommandLine.h"
 #include "options/OptionValues.h"
 #include "options/ViewTypes.h"
@@ -56,12 +57,13 @@ void describeInputOptions(CommandLine& line, InputOptions& options) {
 void checkInputOptions(const InputOptions& options, const ViewOptions& view) {
     const auto& inputs = options.inputs;
     if (options.sample && !inputs.empty())
-        throw UsageError("--sample makes the input itself; give either '" + inputs.front() + "' or --sample");
+        throw UsageError("--sample makes the input itself; give either " + quotedName(inputs.front()) +
+                         " or --sample");
     const int count = static_cast<int>(inputs.size());
     const int most = view.grid ? view.grid->rows * view.grid->columns : mostInputs;
     if (count > 1 && !view.takesSeveralInputs())
-        throw UsageError("'" + inputs[1] + "' is one input too many for --type " + viewTypeName(view.type) +
-                         "; grid and lenses take several");
+        throw UsageError(quotedName(inputs[1]) + " is one input too many for --type " +
+                         viewTypeName(view.type) + "; grid and lenses take several");
     if (count > most)
         throw UsageError(std::to_string(count) + " inputs are too many; there is room for " +
                          std::to_string(most));

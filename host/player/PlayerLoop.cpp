@@ -9,6 +9,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "media/InputName.h"
 #include "media/MediaReader.h"
 
 namespace fovix_host {
@@ -37,7 +38,7 @@ PlayerLoop::PlayerLoop(Player::Input input, const PlayerSettings& settings, Play
       _control(control),
       _paused(settings.paused) {
     if (const auto* name = std::get_if<std::string>(&_input)) {
-        _name = "'" + *name + "'";
+        _name = quotedName(*name);
         _isStream = MediaReader::isStream(*name);
     }
     _thread = std::thread([this] {

@@ -7,15 +7,16 @@
 #include "lens/LensChoice.h"
 #include "lens/LensInMedia.h"
 #include "lens/LensText.h"
+#include "media/InputName.h"
 
 namespace fovix_host {
 
 void printLens(const Options& options, OwnOutput& out) {
     const std::string& input = options.input.inputs.front();
     const auto found = findLens(input, [] { return stopSignal() != 0; });
-    if (!found) throw std::runtime_error("'" + input + "' shows no lens circle");
+    if (!found) throw std::runtime_error(quotedName(input) + " shows no lens circle");
     if (!found->isSure())
-        throw std::runtime_error("'" + input + "' shows no clear lens circle; the best guess is " +
+        throw std::runtime_error(quotedName(input) + " shows no clear lens circle; the best guess is " +
                                  textOf(found->circle) + " with " + found->inWords());
     if (!options.input.camera.empty()) {
         const auto choice = lensAtHand({found->circle, options.input.camera});

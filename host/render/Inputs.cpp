@@ -11,6 +11,7 @@
 #include "ViewLayout.h"
 #include "lens/LensInMedia.h"
 #include "lens/PictureLuma.h"
+#include "media/InputName.h"
 
 namespace fovix_host {
 Inputs::Inputs(const Options& options, const MediaDemands& demands)
@@ -34,8 +35,8 @@ void Inputs::open(MediaDemands demands) {
     demands.formats = view.takesSeveralInputs() ? PackedFormats::rgba : PackedFormats::all;
     for (const std::string& input : _options.input.inputs) _sources.push_back(openMedia(input, demands));
     if (_options.start && motion() == Motion::still)
-        throw UsageError("--start goes with a video, and '" + _options.input.inputs.front() +
-                         "' is a single picture");
+        throw UsageError("--start goes with a video, and " + quotedName(_options.input.inputs.front()) +
+                         " is a single picture");
     for (auto& sample : openSamples(_options.input, view)) _sources.push_back(std::move(sample));
 }
 
@@ -101,7 +102,7 @@ bool Inputs::advance(int framesDrawn, int framesLeft) {
 void Inputs::sayEnded(std::size_t slot, int framesDrawn, int framesLeft) const {
     if (!_notify) return;
     const std::string rest = framesLeft > 0 ? " for the other " + std::to_string(framesLeft) + " frames" : "";
-    _notify("'" + _options.input.inputs[slot] + "' ends after " + std::to_string(framesDrawn) +
+    _notify(quotedName(_options.input.inputs[slot]) + " ends after " + std::to_string(framesDrawn) +
             " pictures; the last one stays" + rest);
 }
 

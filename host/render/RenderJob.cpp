@@ -18,6 +18,7 @@
 #include "StopSignals.h"
 #include "View.h"
 #include "ViewSetup.h"
+#include "media/InputName.h"
 
 namespace fovix_host {
 namespace {
@@ -31,7 +32,7 @@ struct Extent {
 
 std::string nameOf(const InputOptions& input) {
     if (input.sample) return "the sample";
-    return input.inputs.size() == 1 ? "'" + input.inputs.front() + "'" : "one of the inputs";
+    return input.inputs.size() == 1 ? quotedName(input.inputs.front()) : "one of the inputs";
 }
 
 std::string nothingWritten(int every, int frames) {

@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <utility>
 
+#include "media/InputName.h"
 #include "media/PngWriter.h"
 #include "view/Screenshot.h"
 #include "view/Sensors.h"
@@ -22,7 +23,7 @@ constexpr double numbersEvery = 0.5;
 
 std::string titleOf(const ViewerOptions& options) {
     if (options.input.inputs.empty()) return "sample - fovix-view";
-    return options.input.inputs.front() + " - fovix-view";
+    return shownName(options.input.inputs.front()) + " - fovix-view";
 }
 
 void warn(const std::string& text) {
@@ -106,7 +107,7 @@ void Viewer::handle(const DropEvent& event) {
             event.file, _options, Playback::Host{_view.handle(), _window.maxTextureSize(), wakeEventLoop});
         _playback = std::move(playback);
         _pictureSize = {};
-        _window.setTitle(event.file + " - fovix-view");
+        _window.setTitle(shownName(event.file) + " - fovix-view");
         _gestures.forget();
         _shown.apply();
         _shown.setLens(std::nullopt);
