@@ -42,18 +42,24 @@ void multiYuvPicture(ScriptStage& stage, int index, const char* file) {
     Fovix_Multi_SetYUV420PTexture(stage.view.handle(), index, p.data, p.size, p.width, p.height);
 }
 
+// The verb with a label for each of its parameters.
+ScriptVerb labelled(ScriptVerb verb, const std::vector<ScriptKind>& kinds) {
+    std::istringstream words{std::string(verb.labels)};
+    for (const ScriptKind kind : kinds) {
+        std::string label;
+        if (!(words >> label))
+            throw std::logic_error(std::string(verb.name) + " has parameters without a label");
+        verb.parameters.push_back({label, kind});
+    }
+    if (std::string rest; words >> rest)
+        throw std::logic_error(std::string(verb.name) + " has labels to spare");
+    return verb;
+}
+
 template <auto function>
 ScriptVerb verb(std::string_view name, std::string_view exported, std::string_view labels) {
     using Call = ScriptCall<function>;
-    ScriptVerb made{name, exported, labels, {}, Call::make};
-    std::istringstream words{std::string(labels)};
-    for (const ScriptKind kind : Call::kinds()) {
-        std::string label;
-        if (!(words >> label)) throw std::logic_error(std::string(name) + " has parameters without a label");
-        made.parameters.push_back({label, kind});
-    }
-    if (std::string rest; words >> rest) throw std::logic_error(std::string(name) + " has labels to spare");
-    return made;
+    return labelled({name, exported, labels, {}, Call::make}, Call::kinds());
 }
 
 // The verb of an export, which is the function itself or stands for it here.
