@@ -3,6 +3,9 @@
 #include <Fovix.h>
 #include <CLI/CLI.hpp>
 
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
 #include <utility>
 
 namespace fovix_host {
@@ -15,11 +18,20 @@ struct BriefFormatter : CLI::Formatter {
 
 }  // namespace
 
+int print(const TextWanted& wanted, const char* program) {
+    if (std::fputs(wanted.text.c_str(), stdout) >= 0 && std::fflush(stdout) == 0) return 0;
+    // A reader that has seen enough needs no word.
+    if (errno != EPIPE)
+        std::fprintf(stderr, "%s: cannot write to standard output: %s\n", program, std::strerror(errno));
+    return 1;
+}
+
 CommandLine::CommandLine(const std::string& program, const std::string& purpose, const std::string& examples)
     : _program(program), _app(std::make_unique<CLI::App>(purpose, program)) {
-    _app->set_help_flag("-h,--help", "show this help");
+    _app->set_help_flag("-h,--help", "show this help")->disable_flag_override();
     _app->set_version_flag("--version", program + " with libfovix " + Fovix_Version())
-        ->description("show the version");
+        ->description("show the version")
+        ->disable_flag_override();
     _app->formatter(std::make_shared<BriefFormatter>());
     _app->get_formatter()->column_width(31);
     _app->footer(examples);
@@ -42,8 +54,8 @@ void CommandLine::addText(const char* names, const char* placeholder, const char
                           std::string& text) {
     _app->add_option(names, text, meaning)
         ->type_name(placeholder)
-        ->check([this, names](const std::string& value) {
-            if (value.empty()) refuseCommandLine(std::string(names) + " wants a value");
+        ->check([this, names, placeholder](const std::string& value) {
+            if (value.empty()) refuseCommandLine(std::string(names) + " lacks its value, " + placeholder);
             return std::string();
         });
 }
@@ -74,6 +86,15 @@ void CommandLine::refuseCommandLine(const std::string& why) const {
     throw UsageError(why + "; " + _program + " --help lists the options");
 }
 
+// The parser tells the cases apart only in its words.
+void CommandLine::refuseArguments(const std::string& why) const {
+    const auto tells = [&](const char* words) { return why.find(words) != why.npos; };
+    if (tells("flag override")) refuseCommandLine("--" + why.substr(0, why.find(' ')) + " takes no value");
+    const std::string name = why.substr(0, why.find(':'));
+    if (tells("received")) refuseCommandLine(name + " is given twice");
+    refuseCommandLine(name + " lacks its value, " + _app->get_option(name)->get_type_name());
+}
+
 void CommandLine::parse(int argc, const char* const* argv) {
     try {
         _app->parse(argc, argv);
@@ -84,10 +105,7 @@ void CommandLine::parse(int argc, const char* const* argv) {
     } catch (const CLI::ExtrasError&) {
         refuseCommandLine("'" + _app->remaining().front() + "' is not understood");
     } catch (const CLI::ArgumentMismatch& error) {
-        const std::string what = error.what();
-        if (what.find("flag override") != what.npos)
-            refuseCommandLine("--" + what.substr(0, what.find(' ')) + " takes no value");
-        refuseCommandLine(what.substr(0, what.find(':')) + " is given twice or lacks its value");
+        refuseArguments(error.what());
     } catch (const CLI::ParseError& error) {
         refuseCommandLine(error.what());
     }

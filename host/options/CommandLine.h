@@ -20,6 +20,9 @@ struct TextWanted {
     std::string text;
 };
 
+// On standard output; the exit status of the program that does no more, with a sentence where it failed.
+int print(const TextWanted& wanted, const char* program);
+
 // Variables that options are to fill outlive the parsing.
 class CommandLine {
   public:
@@ -56,6 +59,7 @@ class CommandLine {
 
   private:
     [[noreturn]] void refuseCommandLine(const std::string& why) const;
+    [[noreturn]] void refuseArguments(const std::string& why) const;
 
     std::string _program;
     std::unique_ptr<CLI::App> _app;

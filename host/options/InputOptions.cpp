@@ -1,5 +1,8 @@
 #include "options/InputOptions.h"
 
+#include <algorithm>
+#include <cstdint>
+
 #include "lens/CameraFile.h"
 #include "lens/LensText.h"
 #include "media/InputName.h"
@@ -19,12 +22,24 @@ SampleScene::Camera parseCamera(const std::string& text) {
 LensCircle parseLens(const std::string& text) {
     const auto lens = lensIn(text);
     if (!lens) refuse("--lens", text, lensWanted);
+    const auto isBeyond = [&](int center, int length) {
+        return center >= std::int64_t{lens->radius} + length;
+    };
+    if (isBeyond(lens->xCenter, lens->imageWidth) || isBeyond(lens->yCenter, lens->imageHeight))
+        refuse("--lens", text, "a circle that lies in its image, at least in part");
     return *lens;
 }
 
 std::string parseCameraName(const std::string& text) {
     if (!isCameraName(text)) refuse("--camera", text, cameraNameWanted);
     return text;
+}
+
+void checkNames(const std::vector<std::string>& inputs) {
+    if (std::find(inputs.begin(), inputs.end(), "") != inputs.end())
+        throw UsageError("an input has an empty name; give a picture or video");
+    if (std::count(inputs.begin(), inputs.end(), "-") > 1)
+        throw UsageError("standard input can be read once; give - only once");
 }
 
 // A lens circle is kept of cameras that show one.
@@ -56,6 +71,7 @@ void describeInputOptions(CommandLine& line, InputOptions& options) {
 
 void checkInputOptions(const InputOptions& options, const ViewOptions& view) {
     const auto& inputs = options.inputs;
+    checkNames(inputs);
     if (options.sample && !inputs.empty())
         throw UsageError("--sample makes the input itself; give either " + quotedName(inputs.front()) +
                          " or --sample");

@@ -44,6 +44,8 @@ void checkFit(const ViewTexts& texts, int type) {
         throw UsageError(std::string(fit.option) + " does not fit --type " + viewTypeName(type) +
                          "; it goes with " + right);
     }
+    if (any(texts.shape) && any(texts.drawMode))
+        throw UsageError("--shape and --draw-mode both choose the projection of type 180; give one of them");
     if (!texts.rotateZoom.empty() && type == FOVIX_TYPE_360VR)
         throw UsageError("--rotate-zoom does not fit --type 360; --ptz sets the views of that type");
 }
@@ -76,7 +78,7 @@ void checkMount(const ViewOptions& view) {
                      fitting);
 }
 
-// SCREEN:a,b,c[,d]
+// SCREEN:a,b,c[,d]; the zoom is the last number that is needed.
 ViewOptions::ScreenView parseView(const char* option, const std::string& text, std::size_t least,
                                   const char* wanted, int screens) {
     const std::size_t colon = text.find(':');
@@ -88,6 +90,7 @@ ViewOptions::ScreenView parseView(const char* option, const std::string& text, s
         refuse(option, text,
                screens == 1 ? "screen 0, the only one here"
                             : "a screen from 0 to " + std::to_string(screens - 1));
+    if ((*numbers)[least - 1] <= 0) refuse(option, text, "a zoom above 0");
     ViewOptions::ScreenView view{*screen, {}};
     std::copy(numbers->begin(), numbers->end(), view.values.begin());
     return view;

@@ -79,6 +79,14 @@ void checkFrames(const Options& options) {
                          "; it goes with .png and with -, while a video takes every frame");
 }
 
+void checkSelection(const Options& options) {
+    const auto [width, height] = options.surface;
+    for (const auto& [x, y] : options.view.select)
+        if (x < 0 || y < 0 || x >= static_cast<float>(width) || y >= static_cast<float>(height))
+            throw UsageError("--select wants a pixel of the surface, from 0,0 to " +
+                             std::to_string(width - 1) + "," + std::to_string(height - 1));
+}
+
 void checkNoInputIsReplaced(const Options& options) {
     std::error_code ignored;
     for (const std::string& input : options.input.inputs)
@@ -113,6 +121,7 @@ Options parseOptions(int argc, const char* const* argv) {
     checkScript(options);
     checkFrames(options);
     checkOutputOptions(options.output, options.surface.width, options.surface.height);
+    checkSelection(options);
     checkNoInputIsReplaced(options);
     return options;
 }

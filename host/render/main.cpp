@@ -52,7 +52,7 @@ int main(int argc, char** argv) {
     try {
         return run(parseOptions(argc, argv));
     } catch (const TextWanted& wanted) {
-        return std::fputs(wanted.text.c_str(), stdout) < 0 || std::fflush(stdout) != 0 ? runTimeFailure : 0;
+        return print(wanted, "fovix-render");
     } catch (const ReaderGone&) {
         return runTimeFailure;
     } catch (const UsageError& problem) {

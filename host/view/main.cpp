@@ -30,7 +30,7 @@ int main(int argc, char** argv) {
         OwnOutput out(options.verbose ? Diagnostics::toStandardError : Diagnostics::hidden);
         return Viewer(options, out).run();
     } catch (const TextWanted& wanted) {
-        return std::fputs(wanted.text.c_str(), stdout) < 0 || std::fflush(stdout) != 0 ? runTimeFailure : 0;
+        return print(wanted, "fovix-view");
     } catch (const UsageError& problem) {
         return complain(problem, usageFailure);
     } catch (const std::exception& problem) {

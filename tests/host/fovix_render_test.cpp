@@ -114,13 +114,15 @@ TEST(FovixRender, RefusesInOneSentenceThatSaysWhatWouldBeRight) {
         {{"--sample", "--colour"}, usage, "'--colour' is not understood; fovix-render --help"},
         {{"--sample=floor"}, usage, "ceiling or wall"},
         {{"--sample", "--sample"}, usage, "--sample is given twice"},
-        {{"--sample", "--size"}, usage, "--size is given twice or lacks its value"},
+        {{"--sample", "--size"}, usage, "--size lacks its value, WxH"},
+        {{"--sample", "--version=2"}, usage, "--version takes no value"},
         {{"--sample", "--size", "640"}, usage, "WIDTHxHEIGHT"},
         {{"--sample", "--size", "640x-480"}, usage, "WIDTHxHEIGHT"},
         {{"--sample", "--size", "99999999999x3"}, usage, "WIDTHxHEIGHT"},
         {{"--sample", "--lens", "1,2,3,4"}, usage, "five whole numbers"},
         {{"--sample", "--lens", "1,2,0,4,5"}, usage, "five whole numbers"},
         {{"--sample", "--lens", "1,2,3.5,4,5"}, usage, "five whole numbers"},
+        {{"--sample", "--lens", "60,20,19,40,40"}, usage, "a circle that lies in its image"},
         {{"--sample", "--type", "panorama"}, usage, "360, 180, original, fisheye, korvel"},
         {{"--sample", "--type", "-1"}, usage, "a number or one of"},
         {{"--sample", "--frames", "0"}, usage, "from 1 to 1000000"},
@@ -156,7 +158,9 @@ TEST(FovixRender, RefusesInOneSentenceThatSaysWhatWouldBeRight) {
         {{"in.mkv", "--quiet", "--verbose"}, usage, "give one of them"},
         {{"in.mkv", "--quiet=3"}, usage, "--quiet takes no value"},
         {{"--list=3"}, usage, "--list takes no value"},
-        {{"--script", ""}, usage, "--script wants a value"},
+        {{"--script", ""}, usage, "--script lacks its value, FILE"},
+        {{""}, usage, "an input has an empty name"},
+        {{"-", "-", "--type", "grid"}, usage, "standard input can be read once"},
         {{"--script", "/dev/zero"}, usage, "/dev/zero:1: this is not a line of a script"},
         {{"in.mkv", "-o", "missing/v.mkv"}, runTime, "cannot write 'missing/v.mkv': No such file"},
         {{"missing.mp4"}, runTime, "'missing.mp4' cannot be opened: No such file"},
@@ -164,6 +168,14 @@ TEST(FovixRender, RefusesInOneSentenceThatSaysWhatWouldBeRight) {
         {{"--sample", "--size", "60000x60000"}, runTime, "the largest is"},
     };
     for (const Refusal& refusal : refusals) expectRefusal(refusal);
+}
+
+TEST(FovixRender, SaysWhereAListCannotBeWritten) {
+    for (const char* asked : {"--list", "--help"}) {
+        const ProgramRun run = runInShell(std::string("\"$RENDER\" >/dev/full ") + asked);
+        EXPECT_EQ(run.status, 1);
+        EXPECT_EQ(run.errors, "fovix-render: cannot write to standard output: No space left on device\n");
+    }
 }
 
 TEST(FovixRender, SaysWhatToInstallWhereGlIsMissing) {

@@ -203,7 +203,8 @@ TEST_F(RenderSmall, OptionsSetTheViewsOfScreens) {
 TEST_F(RenderSmall, RefusesWhatDoesNotFit) {
     const std::pair<Words, const char*> refusals[] = {
         {{"--shape", "strip"}, "--shape does not fit --type original; it goes with --type 360 or 180"},
-        {{"--type", "360", "--shape", ""}, "--shape wants a value"},
+        {{"--type", "360", "--shape", ""}, "--shape lacks its value, SHAPE"},
+        {{"--type", "180", "--shape", "disc", "--draw-mode", "disc"}, "choose the projection of type 180"},
         {{"--type", "pip", "--ptz", "0:1,1,1"}, "--ptz does not fit --type pip; it goes with --type 360"},
         {{"--type", "360", "--rotate-zoom", "0:1,1,1,1"}, "--ptz sets the views of that type"},
         {{"--type", "360", "--shape", "stretch"}, "one of single, dome, bowl"},
@@ -214,10 +215,13 @@ TEST_F(RenderSmall, RefusesWhatDoesNotFit) {
         {{"--type", "180", "--draw-mode", "4"}, "one of disc, stretch, cylinder, curved"},
         {{"--type", "360", "--ptz", "0:1,1"}, "SCREEN:PAN,TILT,ZOOM[,ROLL]"},
         {{"--type", "360", "--ptz", "0:1,1,nan"}, "SCREEN:PAN,TILT,ZOOM[,ROLL]"},
+        {{"--type", "360", "--ptz", "0:1,1,0"}, "a zoom above 0"},
         {{"--type", "360", "--ptz", "1:1,1,1"}, "screen 0, the only one here"},
         {{"--type", "360", "--shape", "7", "--ptz", "4:1,1,1"}, "a screen from 0 to 3"},
         {{"--type", "360", "--select", "5"}, "X,Y in pixels"},
+        {{"--type", "360", "--size", "9x7", "--select", "9,0"}, "from 0,0 to 8,6"},
         {{"--rotate-zoom", "0:1,1,1"}, "SCREEN:X,Y,Z,ZOOM"},
+        {{"--rotate-zoom", "0:1,1,1,-1"}, "a zoom above 0"},
         {{"--type", "two-lenses", "--two-lenses", "upper,first"}, "a screen only with the mode both"},
         {{"--type", "two-lenses", "--logic-zoom", "1,10,3"}, "four numbers above 0"},
         {{"--type", "grid", "--grid", "6x7"}, "at most 36 cells"},
