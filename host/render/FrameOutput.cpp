@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
+#include <string_view>
+#include <system_error>
 
 #include "media/PngWriter.h"
 #include "media/VideoWriter.h"
@@ -15,6 +18,8 @@ class PngFiles final : public FrameOutput {
     PngFiles(const Options& options, int frames, OwnOutput& out)
         : _name(options.output.name), _isNumbered(frames != 1 && options.every != 0), _out(out) {
         _digits = std::max<std::size_t>(4, std::to_string(frames).size());
+        if (!_isNumbered) return;
+        for (const std::string& input : options.input.inputs) checkIsNotReplaced(input, frames);
     }
 
     void write(const RgbaImage& picture, int frame, double) override {
@@ -29,6 +34,17 @@ class PngFiles final : public FrameOutput {
         const std::string zeros(_digits - std::min(_digits, digits.size()), '0');
         const std::size_t ending = _name.rfind('.');
         return _name.substr(0, ending) + "-" + zeros + digits + _name.substr(ending);
+    }
+
+    // One of a series may be the input of the next.
+    void checkIsNotReplaced(const std::string& input, int frames) const {
+        const std::string stem = std::filesystem::path(input).stem().string();
+        const auto number = numberIn<int>(std::string_view(stem).substr(stem.rfind('-') + 1));
+        std::error_code ignored;
+        if (number && *number > 0 && (frames == 0 || *number <= frames) &&
+            std::filesystem::equivalent(input, numbered(*number), ignored))
+            throw UsageError("-o " + _name + " would replace the input '" + input +
+                             "'; give the output another name");
     }
 
     std::string _name;

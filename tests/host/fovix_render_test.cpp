@@ -107,6 +107,7 @@ TEST(FovixRender, RefusesInOneSentenceThatSaysWhatWouldBeRight) {
     constexpr int usage = 2, runTime = 1;
     writeMedia(fileInTest("in.mkv"), "ffv1", AV_PIX_FMT_YUV420P, 32, 32, 3);
     writePng(fileInTest("still.png"), RgbaImage(8, 8));
+    writePng(fileInTest("still-0002.png"), RgbaImage(8, 8));
     const std::vector<Refusal> refusals{
         {{}, usage, "give a picture or video, or --sample"},
         {{"a.png", "--sample"}, usage, "either 'a.png' or --sample"},
@@ -151,6 +152,7 @@ TEST(FovixRender, RefusesInOneSentenceThatSaysWhatWouldBeRight) {
         {{"in.mkv", "--fps", "25"}, usage, "--fps does not fit -o fovix.png; it goes with a video"},
         {{"in.mkv", "-o", "-", "--codec", "h264"}, usage, "--codec does not fit -o -; it goes with a video"},
         {{"still.png", "-o", "./still.png"}, usage, "would replace an input; give the output another name"},
+        {{"still-0002.png", "--frames", "2", "-o", "still.png"}, usage, "replace the input 'still-0002.png'"},
         {{"in.mkv", "--every", "2"}, usage, "--every 2 writes none of 1 frame; a smaller number or last"},
         {{"in.mkv", "--every", "4", "-o", "-"}, runTime, "--every 4 writes none of 3 frames"},
         {{"in.mkv", "--type", "360", "--ptz", "0:1,2,3", "--ptz", "0:4,5,6"}, usage, "another screen each"},
