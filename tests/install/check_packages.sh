@@ -26,6 +26,10 @@ for name in libfovix-dev fovix-tools; do
         fail "$name: should depend on libfovix1 of the same version"
 done
 
+for name in libfovix1 libfovix-dev; do
+    [ "$(dpkg-deb -f "$packages/$name"_*.deb Multi-Arch)" = same ] || fail "$name: not for several architectures"
+done
+
 mkdir -p "$root/var/lib/dpkg/info" "$root/var/lib/dpkg/updates"
 touch "$root/var/lib/dpkg/status"
 in_root --install "$packages"/*.deb
