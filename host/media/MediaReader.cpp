@@ -225,10 +225,8 @@ bool MediaReader::receive() {
 }
 
 const AVFrame* MediaReader::next() {
-    // Times are rounded to the input's time base: half a millisecond early is not early.
-    constexpr double rounding = 0.0005;
     while (receive()) {
-        if (_seconds >= _notBefore - rounding) return _frame.get();
+        if (_seconds >= _notBefore - timeRounding) return _frame.get();
         if (_interrupted && _interrupted()) {
             _lost = true;
             return nullptr;

@@ -13,6 +13,9 @@
 
 namespace fovix_host {
 
+// Times are rounded to the input's time base: what is early by no more than this, in seconds, is not early.
+inline constexpr double timeRounding = 0.0005;
+
 // A stream or device that cannot be opened now, but perhaps later.
 struct InputUnreachable : std::runtime_error {
     using std::runtime_error::runtime_error;

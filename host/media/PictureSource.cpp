@@ -12,9 +12,6 @@
 namespace fovix_host {
 namespace {
 
-// Times are rounded to the input's time base: half a millisecond early is not early.
-constexpr double rounding = 0.0005;
-
 class MediaSource final : public PictureSource {
   public:
     MediaSource(const std::string& input, const MediaDemands& demands)
@@ -54,13 +51,13 @@ class MediaSource final : public PictureSource {
     void goToStart(const std::string& input) {
         if (_reader->seek(_demands.start)) {
             _first = _reader->next();
-            if (_first && _reader->seconds() < _demands.start + 1 / frameRate() - rounding) return;
+            if (_first && _reader->seconds() < _demands.start + 1 / frameRate() - timeRounding) return;
             if (!_first && _reader->picturesRead() > 0) refuseStart();
         }
         // A failed attempt may have moved it, too.
         if (motion() == Motion::ends) openReader(input);
         do _first = _reader->next();
-        while (_first && _reader->seconds() < _demands.start - rounding);
+        while (_first && _reader->seconds() < _demands.start - timeRounding);
         if (!_first) refuseStart();
     }
 

@@ -19,6 +19,7 @@
 #include "View.h"
 #include "ViewSetup.h"
 #include "media/InputName.h"
+#include "media/MediaReader.h"
 
 namespace fovix_host {
 namespace {
@@ -174,8 +175,7 @@ class RenderJob {
     // Reads the next pictures, where there is another frame.
     bool goesOn(int frames) {
         if (_extent.frames == 0) {
-            constexpr double rounding = 0.0005;
-            return _inputs.advance(frames, 0) && _inputs.seconds() < _extent.seconds - rounding;
+            return _inputs.advance(frames, 0) && _inputs.seconds() < _extent.seconds - timeRounding;
         }
         if (frames == _extent.frames) return false;
         _inputs.advance(frames, _extent.frames - frames);
