@@ -82,6 +82,10 @@ void OutputFile::write(const void* bytes, std::size_t count) {
     if (!writeAll(_descriptor, bytes, count)) fail();
 }
 
+bool OutputFile::isSeekable() const {
+    return lseek(_descriptor, 0, SEEK_CUR) >= 0;
+}
+
 std::int64_t OutputFile::seek(std::int64_t offset, int whence) {
     const off_t place = lseek(_descriptor, offset, whence);
     if (place < 0) fail();

@@ -22,6 +22,8 @@ class OutputFile {
     OutputFile& operator=(const OutputFile&) = delete;
 
     void write(const void* bytes, std::size_t count);
+    // Whether one can go back in it, as not in a pipe.
+    bool isSeekable() const;
     // Where to write next, as lseek() takes it; the new place from the start.
     std::int64_t seek(std::int64_t offset, int whence);
     // Gives it its name.

@@ -56,6 +56,9 @@ VideoWriter::VideoWriter(const std::string& file, const VideoSettings& settings)
     : _settings(settings), _file(file), _packet(av_packet_alloc()) {
     av_log_set_level(AV_LOG_QUIET);
     if (!_packet) throw std::bad_alloc();
+    if (!_file.isSeekable())
+        throw std::runtime_error("cannot write '" + file +
+                                 "': a video wants a file, not a pipe; -o - gives raw RGBA for pipes");
     openMuxer();
     openEncoder();
     AVStream* stream = avformat_new_stream(_muxer.get(), nullptr);

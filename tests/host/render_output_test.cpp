@@ -162,6 +162,14 @@ TEST_F(RenderOutput, LeavesNothingOfAFileThatGrowsTooLarge) {
     }
 }
 
+TEST_F(RenderOutput, RefusesAVideoForAPipeBeforeTheWork) {
+    const ProgramRun run =
+        runInShell("mkfifo v.mkv; cat v.mkv & \"$RENDER\" --sample --frames 1000000 -o v.mkv");
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.errors.find("fovix-render: cannot write 'v.mkv': a video wants a file"), 0u) << run.errors;
+    EXPECT_EQ(run.output, "");
+}
+
 TEST(ProgressLine, ShowsHowFarTheWorkIsAndHowLongItTakes) {
     EXPECT_EQ(progressLine(50, 200, 10, 60), "[######-------------------] 25 %, frame 50 of 200, 0:30 left");
     EXPECT_EQ(progressLine(1, 4000, 2, 30), "0 %, frame 1 of 4000, 2:13:18 ");
