@@ -1,5 +1,7 @@
 #include "lens/LensChoice.h"
 
+#include <algorithm>
+
 #include "lens/CameraFile.h"
 #include "lens/LensText.h"
 
@@ -37,6 +39,17 @@ LensChoice lensAfterSearch(const LensRequest& request, const std::optional<Found
     const std::string where = kept(request, found->circle);
     return {found->circle, "lens circle " + textOf(found->circle) + " found, confidence " + found->percent() +
                                (where.empty() ? "" : ", and " + where) + "; --lens sets another"};
+}
+
+std::string misfitOf(const LensCircle& lens, int width, int height) {
+    constexpr double sameAs = 1.02;  // encoders cut or add a few rows
+    const double across = static_cast<double>(width) / lens.imageWidth;
+    const double down = static_cast<double>(height) / lens.imageHeight;
+    if (std::max(across, down) <= sameAs * std::min(across, down)) return {};
+    const std::string size = std::to_string(width) + "," + std::to_string(height);
+    return "lens circle " + textOf(lens) + " is that of an image with other proportions than the picture's " +
+           std::to_string(width) + "x" + std::to_string(height) + "; --lens CX,CY,RADIUS," + size +
+           " would be right";
 }
 
 }  // namespace fovix_host

@@ -26,4 +26,8 @@ std::optional<LensChoice> lensAtHand(const LensRequest& request);
 // After looking at them. Throws as above.
 LensChoice lensAfterSearch(const LensRequest& request, const std::optional<FoundLens>& found);
 
+// What is wrong with this circle for pictures of that size; empty where nothing is. The circle of an image of
+// other proportions is no circle in them.
+std::string misfitOf(const LensCircle& lens, int width, int height);
+
 }  // namespace fovix_host

@@ -27,6 +27,7 @@ Inputs::Inputs(const Options& options, const MediaDemands& demands)
         _height = _pictures.front()->height;
     }
     _lens = chooseLens();
+    sayMisfit();
 }
 
 void Inputs::open(MediaDemands demands) {
@@ -51,6 +52,11 @@ std::optional<LensCircle> Inputs::chooseLens() const {
     if (const auto lens = _sources.front()->lens(); lens && _options.view.type != FOVIX_TYPE_MULTI_IMAGE)
         return lens;
     return lensOfType(_options.view, count(), _width, _height);
+}
+
+void Inputs::sayMisfit() const {
+    if (!_lens || _pictures.empty() || !_options.view.showsLensCircle()) return;
+    if (const std::string misfit = misfitOf(*_lens, _width, _height); !misfit.empty()) _notify(misfit);
 }
 
 LensChoice Inputs::askForLens() const {

@@ -42,6 +42,7 @@ class Inputs {
   private:
     std::optional<LensCircle> chooseLens() const;
     LensChoice askForLens() const;
+    void sayMisfit() const;
     void open(MediaDemands demands);
     std::size_t leader() const;
     void sayEnded(std::size_t slot, int framesDrawn, int framesLeft) const;

@@ -13,6 +13,7 @@
 #include "ProgramRun.h"
 #include "TestFiles.h"
 #include "lens/CameraFile.h"
+#include "lens/LensChoice.h"
 #include "lens/LensFinder.h"
 #include "lens/LensInMedia.h"
 #include "lens/LensText.h"
@@ -294,6 +295,23 @@ TEST_F(CameraFiles, ViewsShowTheLensGivenKeptOrFound) {
     // Nothing to choose, and nothing to say.
     EXPECT_EQ(run({"hall.png", "--size", "64x64"}).errors, "");
     EXPECT_EQ(run({"--sample", "--type", "360", "--size", "64x64"}).errors, "");
+}
+
+TEST_F(CameraFiles, AreKnownToBelongToAnImageOfOtherProportions) {
+    const LensCircle square{200, 200, 195, 400, 400}, wide{960, 540, 530, 1920, 1080};
+    EXPECT_EQ(misfitOf(square, 4000, 4000), "");
+    EXPECT_EQ(misfitOf(wide, 1920, 1088), "") << "rows that an encoder adds";
+    const std::string wrong = "is that of an image with other proportions than the picture's ";
+    EXPECT_EQ(misfitOf(wide, 704, 480), "lens circle 960,540,530,1920,1080 " + wrong +
+                                            "704x480; --lens CX,CY,RADIUS,704,480 would be right");
+    EXPECT_NE(misfitOf(wide, 1080, 1920), "");
+
+    EXPECT_EQ(runView({"--camera", "hall", "--lens", lens}).errors.find(wrong), std::string::npos);
+    const ProgramRun other = run({"grey.png", "--type", "360", "--camera", "hall", "--size", "64x64"});
+    EXPECT_EQ(other.status, 0);
+    EXPECT_NE(other.errors.find("\nfovix-render: lens circle " + lens + " " + wrong + "200x100; "),
+              std::string::npos)
+        << other.errors;
 }
 
 TEST_F(CameraFiles, PeopleMayWriteThemAndAreToldWhatIsWrong) {
