@@ -21,7 +21,7 @@ double LibraryCalls::zoom() const {
     return zoom;
 }
 
-// Before a dark background, which has none of the blue that marks the picture.
+// Before black, which has none of the blue that marks the picture.
 PickedSpots LibraryCalls::pick(const std::vector<SurfacePosition>& points) const {
     Fovix_SetBackground(_view, 0);
     PickedSpots picked = pickSpots(_view, _pictures(), _scale, points);
@@ -70,6 +70,7 @@ void LibraryCalls::magnifyInset(SurfacePosition at) {
 void LibraryCalls::magnifyFlat(SurfacePosition at) {
     const SurfacePosition middle{static_cast<float>(_scale.width) / 2, static_cast<float>(_scale.height) / 2};
     const bool isWhole = zoom() <= wholePicture;
+    if (isWhole && pick({at}).spots.empty()) return _say("no picture there");
     const float closer = type() == FOVIX_TYPE_TWO_LENSES ? 8.0f : 14.0f;
     constexpr float farther = 1e-3f;
     touchDown(at);

@@ -17,7 +17,7 @@ struct PickedSpots {
     std::vector<PictureSpot> spots;  // of those points where the picture is
 };
 
-// Needs the GL context current and a background without blue; a frame is drawn and not presented. Empty
+// Needs the GL context current and a black background; a frame is drawn and not presented. Empty
 // before the first picture.
 PickedSpots pickSpots(VRHANDLE view, Pictures& pictures, const SurfaceScale& scale,
                       const std::vector<SurfacePosition>& points);

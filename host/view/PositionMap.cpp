@@ -1,11 +1,13 @@
 #include "view/PositionMap.h"
 
+#include <cstdlib>
 #include <vector>
 
 namespace fovix_host {
 namespace {
 
 constexpr int most = 255;
+constexpr int mark = 170;  // neither that of black surroundings nor of white lines
 
 std::vector<std::uint8_t> ramp(int size) {
     std::vector<std::uint8_t> values;
@@ -24,7 +26,7 @@ RgbaImage PositionMap::picture() const {
         for (const std::uint8_t x : across) {
             *to++ = x;
             *to++ = y;
-            *to++ = most;
+            *to++ = mark;
             *to++ = most;
         }
     return image;
@@ -32,7 +34,7 @@ RgbaImage PositionMap::picture() const {
 
 std::optional<PictureSpot> PositionMap::spot(const Colour& colour) const {
     constexpr int tolerance = 3;
-    if (colour[2] < most - tolerance) return std::nullopt;
+    if (std::abs(colour[2] - mark) > tolerance) return std::nullopt;
     return PictureSpot{colour[0] * static_cast<double>(_width) / most,
                        colour[1] * static_cast<double>(_height) / most};
 }

@@ -22,7 +22,7 @@ class PositionMap {
     PositionMap(int width, int height) : _width(width), _height(height) {}
 
     // Red grows from left to right, green from top to bottom, so that blends of neighbours are right too;
-    // blue marks the picture.
+    // a certain blue marks the picture.
     RgbaImage picture() const;
 
     // From the colour that is drawn at a point; nothing where that is none of the picture.

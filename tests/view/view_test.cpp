@@ -224,7 +224,8 @@ TEST(PositionMap, FindsThePlaceOfEveryColourThatIsDrawn) {
             ASSERT_NEAR(spot->x, x + 0.5, width / 510.0 + 1e-6);
             ASSERT_NEAR(spot->y, y + 0.5, height / 510.0 + 1e-6);
         }
-        EXPECT_FALSE(map.spot({10, 10, 0, 255})) << "the background";
+        EXPECT_FALSE(map.spot({0, 0, 0, 255})) << "the background";
+        EXPECT_FALSE(map.spot({255, 255, 255, 255})) << "a line round the inset";
     }
 }
 
