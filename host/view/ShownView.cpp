@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "ViewLayout.h"
+#include "lens/LensChoice.h"
 #include "options/ViewTypes.h"
 #include "view/ViewChoices.h"
 
@@ -58,14 +59,23 @@ void ShownView::setLens(const std::optional<LensCircle>& lens) {
     applyLens();
 }
 
+std::string ShownView::misfit() const {
+    const Pictures::Size size = _playback->pictures().size();
+    if (!_lens || size.width < 1 || !showsWholePicture()) return {};
+    return misfitOf(*_lens, size.width, size.height);
+}
+
+bool ShownView::showsWholePicture() const {
+    return _view.type != FOVIX_TYPE_TWO_LENSES && _view.type != FOVIX_TYPE_MULTI_IMAGE;
+}
+
 std::optional<LensCircle> ShownView::lens() const {
     // The sample of two lenses is one for this type only.
     const bool isStacked = _options.view.type == FOVIX_TYPE_TWO_LENSES;
     const bool fits =
         isStacked == (_view.type == FOVIX_TYPE_TWO_LENSES) && _view.type != FOVIX_TYPE_MULTI_IMAGE;
     if (fits && _playback->lensOfSample()) return _playback->lensOfSample();
-    const bool isWhole = _view.type != FOVIX_TYPE_TWO_LENSES && _view.type != FOVIX_TYPE_MULTI_IMAGE;
-    if (_lens && (isWhole || _options.input.lens)) return _lens;
+    if (_lens && (showsWholePicture() || _options.input.lens)) return _lens;
     const Pictures::Size size = _playback->pictures().size();
     return lensOfType(_view, pictures(), size.width, size.height);
 }
@@ -84,8 +94,10 @@ bool ShownView::change(const ViewOptions& wanted) {
     if (wordsFor(wanted, pictures()) == wordsFor(before, pictures())) return false;
     _view = wanted;
     stopCruise();
-    if (wanted.type != before.type)
-        reset();
+    const bool beginsAnew =
+        wanted.type != before.type || wanted.mount != before.mount || wanted.shape != before.shape;
+    if (beginsAnew)
+        reset();  // at rest, whatever moved before
     else
         setLayout(_handle, wanted, pictures());
     return true;

@@ -23,7 +23,10 @@ class ShownView {
     // For a picture of another size, or another playback.
     void applyLens();
     void setLens(const std::optional<LensCircle>& lens);
+    // What is wrong with it for the picture, where both are known.
+    std::string misfit() const;
 
+    int pictures() const { return _playback->pictures().count(); }
     // The library changes some of it itself; this is what it shows now.
     ViewOptions options() const;
     // Gives whether anything changes.
@@ -41,9 +44,9 @@ class ShownView {
 
   private:
     std::optional<LensCircle> lens() const;
+    bool showsWholePicture() const;  // neither two in one nor the cells of a grid
     void setType(int type) const;
     void startCruise() const;
-    int pictures() const { return _playback->pictures().count(); }
 
     VRHANDLE _handle;
     const ViewerOptions& _options;

@@ -11,7 +11,7 @@
 #include "media/PngWriter.h"
 #include "view/Screenshot.h"
 #include "view/Sensors.h"
-#include "view/ViewChoices.h"
+#include "view/ViewKeys.h"
 
 namespace fovix_host {
 namespace {
@@ -112,8 +112,7 @@ void Viewer::handle(const DropEvent& event) {
         _shown.apply();
         _shown.setLens(std::nullopt);
     } catch (const std::exception& problem) {
-        warn(problem.what());
-        say(problem.what());
+        tell(problem.what());
     }
     wake(settles);
 }
@@ -158,44 +157,10 @@ void Viewer::perform(const Key& key) {
 }
 
 void Viewer::performOnView(const Key& key) {
-    const ViewOptions view = _shown.options();
-    const int pictures = _playback->pictures().count();
-    ViewOptions next = view;
-    switch (key.action) {
-        case Action::setType:
-            next = withTypeNumber(view, key.amount);
-            break;
-        case Action::nextType:
-            next = withNextType(view, key.amount);
-            break;
-        case Action::nextMount:
-            next = withNextMount(view);
-            break;
-        case Action::nextShape:
-            next = withNextShape(view, key.amount);
-            break;
-        case Action::nextMode:
-            next = withNextMode(view);
-            break;
-        case Action::nextLens:
-            next = withNextLens(view, pictures);
-            break;
-        case Action::cruise:
-            return say(_shown.toggleCruise() ? _shown.cruiseWords() : "no cruise in this view");
-        case Action::cruiseSpeed:
-            _shown.changeCruiseSpeed(key.amount);
-            return say(_shown.cruiseWords());
-        case Action::background:
-            return _shown.nextBackground();
-        default:
-            _gestures.forget();
-            _shown.reset();
-            return say(_shown.words());
-    }
-    _gestures.forget();
-    if (!_shown.change(next) && key.action != Action::setType)
-        return say(_shown.words() + " has no other choice here");
-    say(_shown.words());
+    const bool begins =
+        key.action != Action::cruise && key.action != Action::cruiseSpeed && key.action != Action::background;
+    if (begins) _gestures.forget();
+    if (const std::string word = changeView(_shown, key); !word.empty()) say(word);
 }
 
 void Viewer::performOnPlayback(const Key& key) {
@@ -226,8 +191,7 @@ void Viewer::saveScreenshot() {
         _out.line(name);
     } catch (const ReaderGone&) {
     } catch (const std::exception& problem) {
-        warn(problem.what());
-        say(problem.what());
+        tell(problem.what());
     }
 }
 
@@ -238,14 +202,12 @@ void Viewer::followPlayback() {
     if (const Pictures::Size size = _playback->pictures().size(); size != _pictureSize) {
         _pictureSize = size;
         _shown.applyLens();
+        checkLens();
         wake(settles);
     }
     followLens();
     const bool ended = _playback->hasEnded();  // asked first: what it said last comes before it has ended
-    for (const std::string& message : _playback->takeMessages()) {
-        warn(message);
-        say(message);
-    }
+    for (const std::string& message : _playback->takeMessages()) tell(message);
     if (_numbersShown && secondsNow() - _numbersSince >= numbersEvery) updateNumbers();
     if (_options.keepOpen || !ended) return;
     _quit = true;
@@ -258,11 +220,15 @@ void Viewer::followLens() {
         if (!choice) return;
         if (!choice->remark.empty()) warn(choice->remark);
         _shown.setLens(choice->lens);
+        checkLens();
         wake(settles);
     } catch (const std::exception& problem) {
-        warn(problem.what());
-        say(problem.what());
+        tell(problem.what());
     }
+}
+
+void Viewer::checkLens() {
+    if (const std::string misfit = _shown.misfit(); !misfit.empty()) tell(misfit);
 }
 
 void Viewer::updateNumbers() {
@@ -325,6 +291,11 @@ void Viewer::drawView() {
 void Viewer::say(const std::string& word) {
     _overlay.say(word, secondsNow());
     wake(Overlay::wordSeconds);
+}
+
+void Viewer::tell(const std::string& text) {
+    warn(text);
+    say(text);
 }
 
 void Viewer::wake(double seconds) {

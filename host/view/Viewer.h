@@ -49,6 +49,7 @@ class Viewer {
     // Following what is played
     void followPlayback();
     void followLens();
+    void checkLens();
     void updateNumbers();
 
     // Drawing
@@ -57,7 +58,8 @@ class Viewer {
     void drawHidden(int steps);
     void drawView();
     void say(const std::string& word);
-    void wake(double seconds);  // the view may move for so long
+    void tell(const std::string& text);  // also on standard error
+    void wake(double seconds);           // the view may move for so long
 
     const ViewerOptions& _options;
     OwnOutput& _out;

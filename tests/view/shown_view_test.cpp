@@ -1,0 +1,190 @@
+// A view as fovix-view shows it, on a surface without a window: what keys leave it in and say, and which
+// points of the surface count as picture.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <sstream>
+#include <thread>
+
+#include "GlContext.h"
+#include "TestFiles.h"
+#include "View.h"
+#include "media/PngWriter.h"
+#include "view/LibraryCalls.h"
+#include "view/ViewKeys.h"
+
+using namespace fovix_host;
+
+namespace {
+
+constexpr SurfaceScale surface{.width = 320, .height = 200};
+
+// Shows one square picture, light all over.
+class ShownPicture {
+  public:
+    explicit ShownPicture(int type, unsigned int background = 0)
+        : _options(optionsOf(type, background)), _shown(_view.handle(), _options, _playback) {
+        Fovix_Prepare(_view.handle());
+        Fovix_Init(_view.handle(), surface.width, surface.height);
+        _playback = std::make_unique<Playback>(_options, Playback::Host{_view.handle(), 1024, [] {}});
+        _shown.reset();
+        while (_playback->pictures().size().width == 0) std::this_thread::yield();
+        draw(1);
+    }
+
+    ShownView& shown() { return _shown; }
+    LibraryCalls& calls() { return _calls; }
+    const std::string& said() const { return _said; }
+
+    void draw(int frames) {
+        while (frames-- > 0) Fovix_Drawself(_view.handle());
+    }
+
+    struct Pose {
+        double pan = 0, tilt = 0, zoom = 0;                     // of panoramas
+        double xAngle = 0, yAngle = 0, zAngle = 0, closer = 0;  // of the others
+        bool operator==(const Pose&) const = default;
+    };
+    Pose pose() const {
+        Pose now;
+        Fovix_GetPTZ_SubScreen(_view.handle(), 0, &now.pan, &now.tilt, &now.zoom, nullptr);
+        Fovix_GetRotateZoom_SubScreen(_view.handle(), 0, &now.xAngle, &now.yAngle, &now.zAngle, &now.closer);
+        return now;
+    }
+
+    unsigned int cornerColour() {
+        draw(1);
+        const RgbaImage image = _gl.readPixels();
+        const std::uint8_t* corner = image.at(0, 0);
+        return static_cast<unsigned int>(corner[0]) << 16 | static_cast<unsigned int>(corner[1]) << 8 |
+               corner[2];
+    }
+
+  private:
+    static ViewerOptions optionsOf(int type, unsigned int background) {
+        RgbaImage light(64, 64);
+        std::fill(light.pixels.begin(), light.pixels.end(), std::uint8_t{200});
+        writePng(fileInTest("light.png"), light);
+        ViewerOptions options;
+        options.input.inputs = {fileInTest("light.png")};
+        options.input.lens = LensCircle{32, 32, 32, 64, 64};
+        options.view.type = type;
+        options.background = background;
+        return options;
+    }
+
+    GlContext _gl{surface.width, surface.height};
+    View _view{Fovix_Create};
+    ViewerOptions _options;
+    std::unique_ptr<Playback> _playback;
+    ShownView _shown;
+    std::string _said;
+    LibraryCalls _calls{_view.handle(), [this]() -> Pictures& { return _playback->pictures(); },
+                        [this] { return _shown.background(); }, surface,
+                        [this](const std::string& word) { _said = word; }};
+};
+
+TEST(ShownView, KeysLeaveItAsTheySay) {
+    struct Case {
+        const char* keys;
+        const char* said;   // by the last one
+        const char* shown;  // after all of them
+        const char* cruise;
+    };
+    const char* off = "cruise off at 1.0";
+    const Case cases[] = {
+        {"c", "cruise on at 1.0", "360 · ceiling · single", "cruise on at 1.0"},
+        {"c c", off, "360 · ceiling · single", off},
+        {"+ c", "cruise on at 1.5", "360 · ceiling · single", "cruise on at 1.5"},
+        {"c - -", "cruise on at -0.5", "360 · ceiling · single", "cruise on at -0.5"},
+        {"+ + + + + + + + + +", "cruise off at 5.0", "360 · ceiling · single", "cruise off at 5.0"},
+        {"c b", "", "360 · ceiling · single", "cruise on at 1.0"},
+        {"c r", "360 · ceiling · single", "360 · ceiling · single", off},
+        {"c s", "360 · ceiling · dome", "360 · ceiling · dome", off},
+        {"c m", "360 · wall · single", "360 · wall · single", off},
+        {"m c", "no cruise in this view", "360 · wall · single", off},
+        {"c t", "180 · disc", "180 · disc", off},
+        {"c 3", "original", "original", off},
+        {"c 1", "360 · ceiling · single", "360 · ceiling · single", "cruise on at 1.0"},
+        {"s s Home", "360 · ceiling · bowl", "360 · ceiling · bowl", off},
+        {"m 2 1 r", "360 · wall · single", "360 · wall · single", off},
+        {"2 d c r", "180 · stretch", "180 · stretch", off},
+        {"3 s", "original has no other choice here", "original", off},
+        {"7 c", "cruise on at 1.0", "pip · inset", "cruise on at 1.0"},
+        {"7 c r", "pip · inset", "pip · inset", off},
+    };
+    for (const Case& test : cases) {
+        SCOPED_TRACE(test.keys);
+        ShownPicture view(FOVIX_TYPE_360VR);
+        std::istringstream keys(test.keys);
+        std::string said;
+        for (std::string key; keys >> key;) said = changeView(view.shown(), *keyNamed(key));
+        EXPECT_EQ(said, test.said);
+        EXPECT_EQ(view.shown().words(), test.shown);
+        EXPECT_EQ(view.shown().cruiseWords(), test.cruise);
+        view.draw(3);
+        const auto before = view.pose();
+        view.draw(10);
+        const auto after = view.pose();
+        const bool turns = after.pan != before.pan || after.xAngle != before.xAngle;
+        const std::string cruise = view.shown().cruiseWords();
+        EXPECT_EQ(turns, cruise.starts_with("cruise on"));
+        const bool forwards = cruise.find("at -") == cruise.npos;
+        EXPECT_TRUE(after.pan == before.pan || (after.pan > before.pan) == forwards);
+        const bool beginsAnew = said == test.shown && !turns;
+        EXPECT_TRUE(!beginsAnew || after == before) << "what began with the cruise goes on";
+    }
+}
+
+TEST(ShownView, TellsWhichLensDoesNotFitThePicture) {
+    ShownPicture view(FOVIX_TYPE_360VR);
+    const auto misfitWith = [&](const std::optional<LensCircle>& lens) {
+        view.shown().setLens(lens);
+        return view.shown().misfit();
+    };
+    EXPECT_EQ(misfitWith(std::nullopt), "");
+    EXPECT_EQ(misfitWith(LensCircle{960, 960, 940, 1920, 1920}), "");
+    const LensCircle wide{960, 540, 530, 1920, 1080};
+    EXPECT_NE(misfitWith(wide).find(" than the picture's 64x64; "), std::string::npos) << misfitWith(wide);
+    changeView(view.shown(), *keyNamed("8"));
+    EXPECT_EQ(misfitWith(wide), "") << "one of two lenses in a picture";
+}
+
+TEST(LibraryCalls, TakeNoBackgroundForThePicture) {
+    using Act = void (*)(LibraryCalls&);
+    const Act lookBeside = [](LibraryCalls& calls) { calls.lookAt({5, 100}); };
+    const Act lookInside = [](LibraryCalls& calls) { calls.lookAt({190, 60}); };
+    const Act frameBeside = [](LibraryCalls& calls) { calls.showRectangle({2, 2}, {20, 190}); };
+    const Act frameInside = [](LibraryCalls& calls) { calls.showRectangle({170, 40}, {200, 90}); };
+    struct Case {
+        const char* what;
+        int type;
+        Act act;
+        bool isPicture;
+    };
+    const Case cases[] = {
+        {"a double click beside the panorama", FOVIX_TYPE_360VR, lookBeside, false},
+        {"one on it", FOVIX_TYPE_360VR, lookInside, true},
+        {"a rectangle beside it", FOVIX_TYPE_360VR, frameBeside, false},
+        {"one on it", FOVIX_TYPE_360VR, frameInside, true},
+        {"a double click beside a flat picture", FOVIX_TYPE_ORIGINAL, lookBeside, false},
+        {"one on it", FOVIX_TYPE_ORIGINAL, lookInside, true},
+    };
+    for (const Case& test : cases)
+        for (const unsigned int background : {0x000000u, 0xFFFFFFu, 0x2040AAu}) {
+            SCOPED_TRACE(test.what);
+            SCOPED_TRACE(background);
+            ShownPicture view(test.type, background);
+            const auto before = view.pose();
+            test.act(view.calls());
+            view.draw(60);
+            EXPECT_EQ(view.said(), test.isPicture ? "" : "no picture there");
+            EXPECT_NE(view.pose() == before, test.isPicture);
+            if (!test.isPicture) {
+                EXPECT_EQ(view.cornerColour(), background);
+            }
+        }
+}
+
+}  // namespace
