@@ -3,14 +3,24 @@
 #include <algorithm>
 #include <cmath>
 
+#include "view/PanoramaAim.h"
+
 namespace fovix_host {
 namespace {
 
-constexpr double wholePicture = 1.05;  // zooms up to here show all of it
-constexpr double curvedZoom = 10;      // the normal zoom of the 180-degree view's curved screen
+constexpr double wholePicture = 1.05;        // zooms up to here show all of it
+constexpr double closeView = 40;             // the zoom in which a panorama looks at something
+constexpr double turnOfDrag = 1024.0 / 360;  // times the zoom, in degrees: a drag as wide as the surface
+constexpr double curvedZoom = 10;            // the normal zoom of the 180-degree view's curved screen
 
 int rounded(double value) {
     return static_cast<int>(std::lround(value));
+}
+
+// What the library takes where it is told no other one.
+LensCircle wholeLens(Pictures::Size picture) {
+    const int x = std::max(picture.width / 2, 1), y = std::max(picture.height / 2, 1);
+    return {x, y, std::min(x, y), picture.width, picture.height};
 }
 
 }  // namespace
@@ -25,7 +35,7 @@ double LibraryCalls::zoom() const {
 PickedSpots LibraryCalls::pick(const std::vector<SurfacePosition>& points) const {
     Fovix_SetBackground(_view, 0);
     PickedSpots picked = pickSpots(_view, _pictures(), _scale, points);
-    Fovix_SetBackground(_view, _background());
+    Fovix_SetBackground(_view, _shown.background());
     return picked;
 }
 
@@ -51,7 +61,53 @@ void LibraryCalls::lookAtTarget(SurfacePosition at) {
     if (type() == FOVIX_TYPE_180VR && zoom() < curvedZoom / 2)
         Fovix_SetPTZFor180VR(_view, 0, 0, 0, curvedZoom);
     const PictureSpot& spot = picked.spots.front();
+    if (type() == FOVIX_TYPE_360VR) return lookAround(spot, picked.picture, 0);
     Fovix_DisplayTarget(_view, rounded(spot.x), rounded(spot.y), picked.picture.width, picked.picture.height);
+}
+
+// Brings the point to the middle of one screen, and comes closer until it shows so much of the picture; or,
+// without an extent, as near as one looks at something.
+void LibraryCalls::lookAround(const PictureSpot& spot, Pictures::Size picture, double extent) {
+    if (Fovix_GetShape(_view) != FOVIX_SHAPE_SINGLE) Fovix_SetShape(_view, FOVIX_SHAPE_SINGLE);
+    Fovix_Drawself(_view);  // what the view is now asked for is that of a frame
+    double pan = 0, tilt = 0, zoom = 0;
+    Fovix_GetPTZ(_view, &pan, &tilt, &zoom, nullptr);
+    const PanoramaAim aim(_shown.lens().value_or(wholeLens(picture)), picture);
+    const int mount = Fovix_GetCameraMount(_view);
+    // On the floor a view turns half round only, and looks there as far as it can.
+    if (mount == FOVIX_MOUNT_FLOOR)
+        return Fovix_DisplayTarget(_view, rounded(spot.x), rounded(spot.y), picture.width, picture.height);
+    const bool onCeiling = mount == FOVIX_MOUNT_CEILING;
+    const double closer = std::min(zoom, extent > 0 ? aim.zoomFor(extent, onCeiling) : closeView);
+    spread(zoom / closer);
+    if (onCeiling) {
+        const PictureSpot target = aim.ceilingTarget(spot, closer);
+        return Fovix_DisplayTarget(_view, rounded(target.x), rounded(target.y), picture.width,
+                                   picture.height);
+    }
+    const auto there = aim.onWall(spot, mount == FOVIX_MOUNT_WALL_INVERTED);
+    turnBy(there.pan - pan, there.tilt - tilt, closer);
+}
+
+// As a finger would, in degrees.
+void LibraryCalls::turnBy(double pan, double tilt, double zoom) {
+    const double degreesPerPixel = turnOfDrag * zoom / _scale.width;
+    touchDown({0, 0});
+    touchMove({static_cast<float>(pan / degreesPerPixel), static_cast<float>(-tilt / degreesPerPixel)});
+    touchUp({0, 0});
+}
+
+// As two fingers would, slowly: what is faster is a flick.
+void LibraryCalls::spread(double ratio) {
+    if (ratio <= 1) return;
+    constexpr double slow = 1.15;
+    const SurfacePosition middle{static_cast<float>(_scale.width) / 2, static_cast<float>(_scale.height) / 2};
+    touchDown(middle);
+    for (double reached = 1; reached < ratio;) {
+        reached = std::min(reached * slow, ratio);
+        pinchScale(static_cast<float>(reached));
+    }
+    touchUp(middle);
 }
 
 // Shows a third of the picture round the point, or all of it again.
@@ -102,6 +158,11 @@ void LibraryCalls::showRectangle(SurfacePosition from, SurfacePosition to) {
     const auto byY = [](const PictureSpot& a, const PictureSpot& b) { return a.y < b.y; };
     const auto [left, right] = std::minmax_element(picked.spots.begin(), picked.spots.end(), byX);
     const auto [top, bottom] = std::minmax_element(picked.spots.begin(), picked.spots.end(), byY);
+    if (current == FOVIX_TYPE_360VR) {
+        const PictureSpot middle{(left->x + right->x) / 2, (top->y + bottom->y) / 2};
+        const double size = std::max(right->x - left->x, bottom->y - top->y);
+        return lookAround(middle, picked.picture, size);
+    }
     if (current == FOVIX_TYPE_180VR && zoom() < curvedZoom / 2)
         Fovix_SetPTZFor180VR(_view, 0, 0, 0, curvedZoom);
     Fovix_DisplayRect(

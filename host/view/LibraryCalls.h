@@ -5,6 +5,7 @@
 #include <string>
 
 #include "view/Picker.h"
+#include "view/ShownView.h"
 #include "view/SurfaceScale.h"
 #include "view/ViewCalls.h"
 
@@ -13,13 +14,9 @@ namespace fovix_host {
 class LibraryCalls final : public ViewCalls {
   public:
     // say shows a word on the screen. The scale is the window's at the time of a call.
-    LibraryCalls(VRHANDLE view, std::function<Pictures&()> pictures, std::function<unsigned int()> background,
+    LibraryCalls(VRHANDLE view, std::function<Pictures&()> pictures, const ShownView& shown,
                  const SurfaceScale& scale, std::function<void(const std::string&)> say)
-        : _view(view),
-          _pictures(std::move(pictures)),
-          _background(std::move(background)),
-          _scale(scale),
-          _say(std::move(say)) {}
+        : _view(view), _pictures(std::move(pictures)), _shown(shown), _scale(scale), _say(std::move(say)) {}
 
     int type() const override { return Fovix_GetType(_view); }
     double zoom() const override;
@@ -40,12 +37,15 @@ class LibraryCalls final : public ViewCalls {
   private:
     PickedSpots pick(const std::vector<SurfacePosition>& points) const;
     void lookAtTarget(SurfacePosition at);
+    void lookAround(const PictureSpot& spot, Pictures::Size picture, double extent);
+    void spread(double ratio);
+    void turnBy(double pan, double tilt, double zoom);
     void magnifyInset(SurfacePosition at);
     void magnifyFlat(SurfacePosition at);
 
     VRHANDLE _view;
     std::function<Pictures&()> _pictures;
-    std::function<unsigned int()> _background;
+    const ShownView& _shown;
     const SurfaceScale& _scale;
     std::function<void(const std::string&)> _say;
 };

@@ -23,6 +23,8 @@ class ShownView {
     // For a picture of another size, or another playback.
     void applyLens();
     void setLens(const std::optional<LensCircle>& lens);
+    // The one that is shown; nothing for the library's own.
+    std::optional<LensCircle> lens() const;
     // What is wrong with it for the picture, where both are known.
     std::string misfit() const;
 
@@ -43,7 +45,6 @@ class ShownView {
     std::string cruiseWords() const;
 
   private:
-    std::optional<LensCircle> lens() const;
     bool showsWholePicture() const;  // neither two in one nor the cells of a grid
     void setType(int type) const;
     void startCruise() const;

@@ -39,8 +39,8 @@ Viewer::Viewer(const ViewerOptions& options, OwnOutput& out)
       _view(Fovix_Create),
       _shown(_view.handle(), options, _playback),
       _calls(
-          _view.handle(), [this]() -> Pictures& { return _playback->pictures(); },
-          [this] { return _shown.background(); }, _scale, [this](const std::string& word) { say(word); }),
+          _view.handle(), [this]() -> Pictures& { return _playback->pictures(); }, _shown, _scale,
+          [this](const std::string& word) { say(word); }),
       _gestures(_calls),
       _overlay(Font::open()) {
     Fovix_Prepare(_view.handle());

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <sstream>
 #include <thread>
 
@@ -53,6 +54,12 @@ class ShownPicture {
         return now;
     }
 
+    PictureSpot spotAt(SurfacePosition at) {
+        Fovix_SetBackground(_view.handle(), 0);
+        const PickedSpots picked = pickSpots(_view.handle(), _playback->pictures(), surface, {at});
+        return picked.spots.empty() ? PictureSpot{-1, -1} : picked.spots.front();
+    }
+
     unsigned int cornerColour() {
         draw(1);
         const RgbaImage image = _gl.readPixels();
@@ -80,9 +87,8 @@ class ShownPicture {
     std::unique_ptr<Playback> _playback;
     ShownView _shown;
     std::string _said;
-    LibraryCalls _calls{_view.handle(), [this]() -> Pictures& { return _playback->pictures(); },
-                        [this] { return _shown.background(); }, surface,
-                        [this](const std::string& word) { _said = word; }};
+    LibraryCalls _calls{_view.handle(), [this]() -> Pictures& { return _playback->pictures(); }, _shown,
+                        surface, [this](const std::string& word) { _said = word; }};
 };
 
 TEST(ShownView, KeysLeaveItAsTheySay) {
@@ -185,6 +191,55 @@ TEST(LibraryCalls, TakeNoBackgroundForThePicture) {
                 EXPECT_EQ(view.cornerColour(), background);
             }
         }
+}
+
+TEST(LibraryCalls, BringThePointToTheMiddleOfAPanorama) {
+    struct Case {
+        const char* keys;
+        SurfacePosition at;
+    };
+    for (const Case& test : {Case{"", {120, 60}}, Case{"", {180, 140}}, Case{"m", {120, 60}},
+                             Case{"m", {190, 140}}, Case{"m m", {130, 130}}, Case{"m s s", {160, 80}}}) {
+        SCOPED_TRACE(test.keys);
+        ShownPicture view(FOVIX_TYPE_360VR);
+        std::istringstream keys(test.keys);
+        for (std::string key; keys >> key;) changeView(view.shown(), *keyNamed(key));
+        view.draw(1);
+        for (const SurfacePosition at : {test.at, SurfacePosition{220, 120}}) {
+            const PictureSpot wanted = view.spotAt(at);
+            view.calls().lookAt(at);
+            view.draw(170);
+            const PictureSpot seen = view.spotAt({160, 100});
+            constexpr double close = 4;  // of 64 pixels
+            EXPECT_NEAR(seen.x, wanted.x, close) << at.x << ',' << at.y;
+            EXPECT_NEAR(seen.y, wanted.y, close) << at.x << ',' << at.y;
+        }
+    }
+}
+
+TEST(LibraryCalls, ShowARectangleOfAPanoramaAndLittleMore) {
+    struct Case {
+        const char* key;
+        float half;  // of its side
+    };
+    for (const Case& test : {Case{"1", 30}, Case{"m", 10}, Case{"m", 30}, Case{"m", 50}}) {
+        SCOPED_TRACE(test.key);
+        SCOPED_TRACE(test.half);
+        ShownPicture view(FOVIX_TYPE_360VR);
+        changeView(view.shown(), *keyNamed(test.key));
+        view.draw(1);
+        const SurfacePosition from{180 - test.half, 80 - test.half}, to{180 + test.half, 80 + test.half};
+        const PictureSpot first = view.spotAt(from), last = view.spotAt(to);
+        view.calls().showRectangle(from, to);
+        view.draw(170);
+        const PictureSpot middle = view.spotAt({160, 100});
+        EXPECT_NEAR(middle.x, (first.x + last.x) / 2, 2);
+        EXPECT_NEAR(middle.y, (first.y + last.y) / 2, 2);
+        const PictureSpot left = view.spotAt({60, 100}), right = view.spotAt({259, 100});
+        const double shown = std::hypot(right.x - left.x, right.y - left.y) / (last.x - first.x);
+        EXPECT_GT(shown, 1);
+        EXPECT_LT(shown, 1.3);
+    }
 }
 
 }  // namespace

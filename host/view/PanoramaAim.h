@@ -1,0 +1,38 @@
+// Where a panorama has to look so that a point of the picture comes to the middle of its screen.
+#pragma once
+
+#include "lens/LensCircle.h"
+#include "view/Pictures.h"
+#include "view/PositionMap.h"
+
+namespace fovix_host {
+
+class PanoramaAim {
+  public:
+    PanoramaAim(const LensCircle& lens, Pictures::Size picture);
+
+    // Under a ceiling: what Fovix_DisplayTarget() has to be told at this zoom. The library takes the corner
+    // of the picture for the farthest place that the zoom lets it look at.
+    PictureSpot ceilingTarget(const PictureSpot& spot, double zoom) const;
+
+    // The zoom at which so many pixels of the picture are seen from edge to edge, as nearly as there is one.
+    double zoomFor(double pixels, bool onCeiling) const;
+
+    struct PanTilt {
+        double pan, tilt;
+    };
+    // On a wall, where both count from 90 degrees, straight ahead.
+    PanTilt onWall(const PictureSpot& spot, bool inverted) const;
+
+  private:
+    struct Polar {
+        double x, y;   // from the middle of the lens outwards, of length 1
+        double angle;  // from the lens's axis, in degrees
+    };
+    Polar polarOf(const PictureSpot& spot) const;
+
+    Pictures::Size _picture;
+    double _x, _y, _radius;
+};
+
+}  // namespace fovix_host
