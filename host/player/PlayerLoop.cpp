@@ -115,6 +115,7 @@ void PlayerLoop::begin() {
     });
     const double from = _everShown ? _time : _settings.start;
     if (from <= 0) return;
+    if (!_goesOn) return say(_name + " cannot be sought, so that it begins anew");
     if (!_everShown && from >= _feed->duration().value_or(0))
         say(_name + (_feed->isSeekable()
                          ? " ends before the start that is asked for; its last picture is shown"
@@ -231,7 +232,11 @@ void PlayerLoop::drop() {
 bool PlayerLoop::atEnd() {
     if (_control.isEnding()) return false;
     _isLost = _isStream && (_stalled || _feed->isLost() || _feed->isRealTime());
-    if (_isLost) return false;
+    if (_isLost) {
+        // Servers that send a file only as a whole break off where it is to go on: then it begins anew.
+        _goesOn = _anyDecoded;
+        return false;
+    }
     // Other streams of the input may last longer than its pictures: the last one is somewhere before.
     if (_sought && _backing < *_sought) {
         _backing = std::max(2 * _backing, 0.5);

@@ -65,6 +65,7 @@ class PlayerLoop {
     std::string _problem;   // why pictures cannot be shown
     double _retryWait = 0;  // the last one; none since a picture was shown
     bool _isLost = false;
+    bool _goesOn = true;  // where it was, when it is opened again
     std::atomic<bool> _stalled = false;
     std::atomic<double> _waitingSince = 0;  // for the input; read wherever the input asks
     std::promise<void> _ended;

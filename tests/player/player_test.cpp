@@ -191,14 +191,15 @@ TEST(Player, PlaysWhatWasJoinedAndDamaged) {
 // Serves the same bytes to one caller after the other, once it listens; the last one waits for more in vain.
 class Server {
   public:
-    Server() : _socket(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+    explicit Server(const std::string& protocol = "tcp")
+        : _socket(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
         sockaddr_in address{};
         address.sin_family = AF_INET;
         address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
         socklen_t size = sizeof address;
         bind(_socket, reinterpret_cast<sockaddr*>(&address), size);
         getsockname(_socket, reinterpret_cast<sockaddr*>(&address), &size);
-        _name = "tcp://127.0.0.1:" + std::to_string(ntohs(address.sin_port));
+        _name = protocol + "://127.0.0.1:" + std::to_string(ntohs(address.sin_port));
     }
     ~Server() {
         shutdown(_socket, SHUT_RDWR);
@@ -213,10 +214,8 @@ class Server {
                 const int caller = accept(_socket, nullptr, nullptr);
                 if (caller < 0) return;
                 send(caller, bytes.data(), bytes.size(), MSG_NOSIGNAL);
-                if (left == 1)
-                    _held.push_back(caller);
-                else
-                    close(caller);
+                if (left > 1) shutdown(caller, SHUT_WR);
+                _held.push_back(caller);
             }
         });
     }
@@ -242,6 +241,18 @@ TEST(Player, OpensALostStreamAgain) {
         << stage.said();
     EXPECT_FALSE(stage.player.seekTo(0)) << "it is live";
     EXPECT_TRUE(stage.says(name + " sends nothing; trying again in ")) << "the last caller gets no end";
+}
+
+TEST(Player, BeginsAnewWhereAServerCannotGoOn) {
+    const std::string film = readText(video("film.mkv", 60, 160, 120, "rawvideo"));
+    Server server("http");  // that sends all of it, whatever part is asked for
+    server.listenFor(9,
+                     "HTTP/1.1 200 OK\r\nContent-Length: " + std::to_string(film.size()) + "\r\n\r\n" + film);
+    PlayerSettings settings = fast();
+    settings.start = 2;
+    Stage stage(server.name(), settings);
+    EXPECT_TRUE(stage.reaches(PlayerState::ended)) << stage.said();
+    EXPECT_TRUE(stage.says(server.name() + "' cannot be sought, so that it begins anew\n")) << stage.said();
 }
 
 TEST(Player, EndsAtOnceWhateverItWaitsFor) {
