@@ -61,7 +61,11 @@ std::span<const Key> keyTable() {
 const Key* keyNamed(std::string_view name) {
     const auto* key =
         std::find_if(std::begin(table), std::end(table), [&](const Key& row) { return row.name == name; });
-    return key != std::end(table) ? key : nullptr;
+    if (key != std::end(table)) return key;
+    const bool isCapital = name.size() == 1 && name[0] >= 'A' && name[0] <= 'Z';
+    if (!isCapital) return nullptr;
+    const char small = static_cast<char>(name[0] - 'A' + 'a');
+    return keyNamed({&small, 1});
 }
 
 std::vector<HelpLine> helpLines() {

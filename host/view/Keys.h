@@ -40,6 +40,7 @@ struct Key {
 
 std::span<const Key> keyTable();
 
+// A capital that means nothing else is its small letter: Caps Lock may be on.
 const Key* keyNamed(std::string_view name);
 
 struct HelpLine {

@@ -8,8 +8,26 @@ namespace fovix_host {
 namespace {
 
 constexpr double rim = 85;  // degrees from the lens's axis to its circle, as the library takes every lens
+constexpr double sphere = 1.09;               // radius of the hemisphere that the picture lies on
 constexpr double closest = 5, farthest = 90;  // zooms
 constexpr double degree = std::numbers::pi / 180;
+
+// Half the field of view in which an eye, so far before the middle of the hemisphere, sees so many degrees of
+// it.
+double halfView(double half, double eye) {
+    return std::atan2(sphere * std::sin(half * degree), eye + sphere * std::cos(half * degree)) / degree;
+}
+
+// How the library turns the hemisphere under a ceiling, the other way round: coming closer moves the eye into
+// it and, from a zoom of 40 down, narrows the field of view.
+double tiltTowards(double angle, double zoom) {
+    if (zoom > 40) {
+        const double closer = (90 - zoom) / 50;
+        return angle * 90 / (90 - 30.5 * closer) - 17 * closer;
+    }
+    const double narrower = (40 - zoom) / 35;
+    return angle * 90 / (59.5 + 16 * narrower) - 17 + 30 * narrower;
+}
 
 }  // namespace
 
@@ -27,17 +45,20 @@ PanoramaAim::Polar PanoramaAim::polarOf(const PictureSpot& spot) const {
 }
 
 double PanoramaAim::zoomFor(double pixels, bool onCeiling) const {
-    const double angle = rim * pixels / _radius;
-    // On a wall a view shows about 1.8 times its zoom; under a ceiling never less than some 50 degrees.
-    const double zoom = onCeiling ? (angle - 44) / 0.78 : angle / 1.7;
-    return std::clamp(zoom, closest, farthest);
+    constexpr double margin = 1.1;
+    const double half = std::min(margin * rim * pixels / _radius / 2, rim);
+    const double wallZoom = 2 * halfView(half, 1);
+    const double closeZoom = 2 * halfView(half, -0.12) - 50;
+    // Farther out the field of view stays and the eye leaves the hemisphere.
+    const double eye = sphere * std::sin((half - 45) * degree) / std::sin(45 * degree);
+    const double farZoom = 90 + (eye - 1) * 50 / 1.12;
+    return std::clamp(!onCeiling ? wallZoom : closeZoom <= 40 ? closeZoom : farZoom, closest, farthest);
 }
 
 PictureSpot PanoramaAim::ceilingTarget(const PictureSpot& spot, double zoom) const {
     const Polar polar = polarOf(spot);
-    // The eye moves as the view tilts, and from nearby the same tilt turns it farther.
-    const double nearer = (40 - zoom) / 35;
-    const double tilt = polar.angle * 90 / (59.5 + 16 * nearer) - 17 + 30 * nearer;
+    const double tilt = tiltTowards(polar.angle, zoom);
+    // A target in the corner of the picture has the most tilt that the zoom allows.
     const double most = farthest - zoom, corner = std::hypot(_picture.width, _picture.height) / 2;
     const double reach = most > 0 ? corner * std::clamp(tilt / most, 0.0, 1.0) : 0;
     return {_picture.width / 2.0 + polar.x * reach, _picture.height / 2.0 + polar.y * reach};

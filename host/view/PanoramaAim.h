@@ -11,11 +11,12 @@ class PanoramaAim {
   public:
     PanoramaAim(const LensCircle& lens, Pictures::Size picture);
 
-    // Under a ceiling: what Fovix_DisplayTarget() has to be told at this zoom. The library takes the corner
-    // of the picture for the farthest place that the zoom lets it look at.
+    // Under a ceiling: what Fovix_DisplayTarget() has to be told at this zoom to look there. By itself it
+    // tilts in proportion to the distance from the middle of the picture, whatever the lens.
     PictureSpot ceilingTarget(const PictureSpot& spot, double zoom) const;
 
-    // The zoom at which so many pixels of the picture are seen from edge to edge, as nearly as there is one.
+    // The zoom at which so many pixels of the picture and a little more are seen from edge to edge, where
+    // there is one.
     double zoomFor(double pixels, bool onCeiling) const;
 
     struct PanTilt {

@@ -222,7 +222,7 @@ TEST(LibraryCalls, ShowARectangleOfAPanoramaAndLittleMore) {
         const char* key;
         float half;  // of its side
     };
-    for (const Case& test : {Case{"1", 30}, Case{"m", 10}, Case{"m", 30}, Case{"m", 50}}) {
+    for (const Case& test : {Case{"1", 30}, Case{"1", 60}, Case{"m", 10}, Case{"m", 30}, Case{"m", 50}}) {
         SCOPED_TRACE(test.key);
         SCOPED_TRACE(test.half);
         ShownPicture view(FOVIX_TYPE_360VR);

@@ -181,6 +181,8 @@ TEST(Keys, EachDoesOneThingAndTheHelpTellsAllOfThem) {
         EXPECT_TRUE(!isFirst || !key.meaning.empty() || key.action == Action::leave) << key.name;
     }
     EXPECT_EQ(keyNamed("y"), nullptr);
+    EXPECT_EQ(keyNamed("Q"), keyNamed("q")) << "Caps Lock is on";
+    EXPECT_NE(keyNamed("T"), keyNamed("t"));
     for (int action = 0; action <= static_cast<int>(Action::quit); ++action)
         EXPECT_TRUE(actions.contains(static_cast<Action>(action))) << "no key does action " << action;
     for (const HelpLine& line : helpLines()) EXPECT_LT(line.meaning.size(), 60u) << line.meaning;
