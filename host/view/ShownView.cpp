@@ -93,11 +93,11 @@ bool ShownView::change(const ViewOptions& wanted) {
     const ViewOptions before = options();
     if (wordsFor(wanted, pictures()) == wordsFor(before, pictures())) return false;
     _view = wanted;
+    // A layout blends into the next one, unless a cruise is still on its way to where it goes round.
+    const bool beginsAnew = wanted.type != before.type || wanted.mount != before.mount || _cruising;
     stopCruise();
-    const bool beginsAnew =
-        wanted.type != before.type || wanted.mount != before.mount || wanted.shape != before.shape;
     if (beginsAnew)
-        reset();  // at rest, whatever moved before
+        reset();
     else
         setLayout(_handle, wanted, pictures());
     return true;

@@ -34,6 +34,7 @@ class ShownPicture {
         draw(1);
     }
 
+    VRHANDLE handle() const { return _view.handle(); }
     ShownView& shown() { return _shown; }
     LibraryCalls& calls() { return _calls; }
     const std::string& said() const { return _said; }
@@ -60,9 +61,13 @@ class ShownPicture {
         return picked.spots.empty() ? PictureSpot{-1, -1} : picked.spots.front();
     }
 
+    RgbaImage imageAfter(int frames) {
+        draw(frames);
+        return _gl.readPixels();
+    }
+
     unsigned int cornerColour() {
-        draw(1);
-        const RgbaImage image = _gl.readPixels();
+        const RgbaImage image = imageAfter(1);
         const std::uint8_t* corner = image.at(0, 0);
         return static_cast<unsigned int>(corner[0]) << 16 | static_cast<unsigned int>(corner[1]) << 8 |
                corner[2];
@@ -141,6 +146,21 @@ TEST(ShownView, KeysLeaveItAsTheySay) {
         const bool beginsAnew = said == test.shown && !turns;
         EXPECT_TRUE(!beginsAnew || after == before) << "what began with the cruise goes on";
     }
+}
+
+TEST(ShownView, BlendsFromOneLayoutIntoTheNext) {
+    std::vector<RgbaImage> halfway;
+    for (const bool byKey : {true, false}) {
+        ShownPicture view(FOVIX_TYPE_360VR);
+        changeView(view.shown(), *keyNamed("s"));
+        view.draw(60);
+        if (byKey)
+            changeView(view.shown(), *keyNamed("s"));
+        else
+            Fovix_SetShape(view.handle(), FOVIX_SHAPE_BOWL);
+        halfway.push_back(view.imageAfter(10));
+    }
+    EXPECT_EQ(halfway[0].pixels, halfway[1].pixels);
 }
 
 TEST(ShownView, TellsWhichLensDoesNotFitThePicture) {
