@@ -87,10 +87,11 @@ std::string ChildProcess::errors() const {
     return readText(_outputs + ".stderr");
 }
 
-// The server chooses a free number and tells it once it takes connections.
+// The server chooses a free number and tells it once it takes connections. It must not begin anew when the
+// last caller is gone: callers that come meanwhile would be turned away.
 VirtualDisplay::VirtualDisplay()
     : _server({XVFB, "-displayfd", std::to_string(numberPipe().ends[1]), "-screen", "0",
-               std::to_string(width) + "x" + std::to_string(height) + "x24", "-nolisten", "tcp"},
+               std::to_string(width) + "x" + std::to_string(height) + "x24", "-nolisten", "tcp", "-noreset"},
               {}, "xvfb", numberPipe().ends[1]) {
     char number[16] = {};
     std::size_t length = 0;
