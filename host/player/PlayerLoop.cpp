@@ -115,7 +115,10 @@ void PlayerLoop::begin() {
     });
     const double from = _everShown ? _time : _settings.start;
     if (from <= 0) return;
-    if (!_goesOn) return say(_name + " cannot be sought, so that it begins anew");
+    if (!std::exchange(_goesOn, true) && _feed->isSeekable()) {
+        _lostAt = -1;
+        return say(_name + " cannot be sought, so that it begins anew");
+    }
     if (!_everShown && from >= _feed->duration().value_or(0))
         say(_name + (_feed->isSeekable()
                          ? " ends before the start that is asked for; its last picture is shown"
@@ -233,8 +236,8 @@ bool PlayerLoop::atEnd() {
     if (_control.isEnding()) return false;
     _isLost = _isStream && (_stalled || _feed->isLost() || _feed->isRealTime());
     if (_isLost) {
-        // Servers that send a file only as a whole break off where it is to go on: then it begins anew.
-        _goesOn = _anyDecoded;
+        // A server that sends a file only as a whole breaks off again where it is to go on.
+        if (!_stalled) _goesOn = std::exchange(_lostAt, _time) < _time;
         return false;
     }
     // Other streams of the input may last longer than its pictures: the last one is somewhere before.

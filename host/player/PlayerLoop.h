@@ -66,6 +66,7 @@ class PlayerLoop {
     double _retryWait = 0;  // the last one; none since a picture was shown
     bool _isLost = false;
     bool _goesOn = true;  // where it was, when it is opened again
+    double _lostAt = -1;  // the time that it had reached when it was lost before
     std::atomic<bool> _stalled = false;
     std::atomic<double> _waitingSince = 0;  // for the input; read wherever the input asks
     std::promise<void> _ended;

@@ -241,12 +241,13 @@ TEST(Player, OpensALostStreamAgain) {
         << stage.said();
     EXPECT_FALSE(stage.player.seekTo(0)) << "it is live";
     EXPECT_TRUE(stage.says(name + " sends nothing; trying again in ")) << "the last caller gets no end";
+    EXPECT_EQ(stage.said().find("sought"), std::string::npos) << stage.said();
 }
 
 TEST(Player, BeginsAnewWhereAServerCannotGoOn) {
     const std::string film = readText(video("film.mkv", 60, 160, 120, "rawvideo"));
     Server server("http");  // that sends all of it, whatever part is asked for
-    server.listenFor(9,
+    server.listenFor(30,
                      "HTTP/1.1 200 OK\r\nContent-Length: " + std::to_string(film.size()) + "\r\n\r\n" + film);
     PlayerSettings settings = fast();
     settings.start = 2;
