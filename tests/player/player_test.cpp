@@ -289,7 +289,8 @@ TEST(Player, TakesCallsFromAnyThread) {
             stage.player.pause(i % 3 == 0);
             stage.player.seekBy(i % 2 ? 0.7 : -0.5);
             if (i % 5 == 0) stage.player.step();
-            EXPECT_LE(stage.player.status().shown, stage.player.status().decoded);
+            const PlayerStatus status = stage.player.status();
+            EXPECT_LE(status.shown, status.decoded);
             std::this_thread::sleep_for(200us);
         }
     };
