@@ -48,8 +48,9 @@ double PanoramaAim::zoomFor(double pixels, bool onCeiling) const {
     constexpr double margin = 1.1;
     const double half = std::min(margin * rim * pixels / _radius / 2, rim);
     const double wallZoom = 2 * halfView(half, 1);
+    // Inside the hemisphere the eye stands just past its middle and sees 50 degrees more than the zoom.
     const double closeZoom = 2 * halfView(half, -0.12) - 50;
-    // Farther out the field of view stays and the eye leaves the hemisphere.
+    // Farther out the field of view stays at 90 degrees and the eye leaves the hemisphere.
     const double eye = sphere * std::sin((half - 45) * degree) / std::sin(45 * degree);
     const double farZoom = 90 + (eye - 1) * 50 / 1.12;
     return std::clamp(!onCeiling ? wallZoom : closeZoom <= 40 ? closeZoom : farZoom, closest, farthest);
