@@ -4,14 +4,14 @@
 
 #include <GL/glew.h>
 
-#include "Diagnostics.h"
-#include "FovixContext.h"
 #include "FovixDisplay.h"
-#include "FovixHandle.h"
 #include "FovixPictures.h"
-#include "FovixPrograms.h"
-#include "FovixTextures.h"
-#include "Surface.h"
+#include "base/Diagnostics.h"
+#include "base/Surface.h"
+#include "gl/FovixPrograms.h"
+#include "gl/FovixTextures.h"
+#include "handle/FovixContext.h"
+#include "handle/FovixHandle.h"
 
 namespace fovix {
 

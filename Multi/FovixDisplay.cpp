@@ -3,9 +3,9 @@
 #include <atomic>
 #include <limits>
 
-#include "Diagnostics.h"
-#include "DisplayTypes.h"
-#include "FovixHandle.h"
+#include "base/Diagnostics.h"
+#include "handle/DisplayTypes.h"
+#include "handle/FovixHandle.h"
 
 namespace fovix {
 

@@ -1,7 +1,7 @@
 // Display type and display parameters of a handle. Any thread.
 #pragma once
 
-#include "FovixContext.h"
+#include "handle/FovixContext.h"
 
 namespace fovix {
 

@@ -6,14 +6,14 @@
 
 #include <GL/glew.h>
 
-#include "Diagnostics.h"
-#include "FovixContext.h"
-#include "FovixHandle.h"
 #include "FovixOverlays.h"
-#include "FovixPrograms.h"
-#include "FovixTextures.h"
-#include "GlCheck.h"
-#include "Surface.h"
+#include "base/Diagnostics.h"
+#include "base/Surface.h"
+#include "gl/FovixPrograms.h"
+#include "gl/FovixTextures.h"
+#include "gl/GlCheck.h"
+#include "handle/FovixContext.h"
+#include "handle/FovixHandle.h"
 
 namespace fovix {
 

@@ -2,10 +2,10 @@
 
 #include <cstdint>
 
-#include "Diagnostics.h"
-#include "FovixContext.h"
-#include "FovixHandle.h"
 #include "FovixPictures.h"
+#include "base/Diagnostics.h"
+#include "handle/FovixContext.h"
+#include "handle/FovixHandle.h"
 
 namespace fovix {
 

@@ -2,8 +2,8 @@
 
 #include <array>
 
-#include "FovixPrograms.h"
-#include "OverlayGeometry.h"
+#include "gl/FovixPrograms.h"
+#include "view/OverlayGeometry.h"
 
 namespace fovix {
 

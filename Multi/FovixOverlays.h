@@ -1,7 +1,7 @@
 // Flat-colour frames and indicators over the finished picture: which screen is addressed and where it looks.
 #pragma once
 
-#include "FovixContext.h"
+#include "handle/FovixContext.h"
 
 namespace fovix {
 

@@ -5,7 +5,7 @@
 #include <cstring>
 #include <limits>
 
-#include "Diagnostics.h"
+#include "base/Diagnostics.h"
 
 namespace fovix {
 

@@ -1,7 +1,7 @@
 // Pictures on their way in: the copy of what a host hands over, per frame slot. Any thread.
 #pragma once
 
-#include "FovixContext.h"
+#include "handle/FovixContext.h"
 
 namespace fovix {
 

@@ -3,12 +3,12 @@
 // Thin dispatch: every function forwards to one operation of the model or of a controller, without the lock.
 // Numbers that are not finite are refused here, so that no view ever holds one.
 
-#include "Diagnostics.h"
-#include "FovixContext.h"
 #include "FovixDisplay.h"
-#include "FovixHandle.h"
-#include "Numbers.h"
-#include "OverviewAim.h"
+#include "base/Diagnostics.h"
+#include "base/Numbers.h"
+#include "handle/FovixContext.h"
+#include "handle/FovixHandle.h"
+#include "view/OverviewAim.h"
 
 namespace fovix {
 

@@ -12,10 +12,10 @@
 #include <string>
 #include <vector>
 
-#include "FovixContext.h"
-#include "FovixShaders.h"
 #include "GlContext.h"
 #include "Runner.h"
+#include "gl/FovixShaders.h"
+#include "handle/FovixContext.h"
 
 namespace {
 

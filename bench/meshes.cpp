@@ -7,10 +7,10 @@
 #include <string>
 #include <vector>
 
-#include "FishEyeConfig.h"
-#include "GridMesh.h"
 #include "Runner.h"
-#include "VertexCache.h"
+#include "lens/FishEyeConfig.h"
+#include "mesh/GridMesh.h"
+#include "mesh/VertexCache.h"
 
 namespace {
 

@@ -3,11 +3,11 @@
 #include <algorithm>
 
 #include "Fovix.h"
-#include "FovixModelOriginal.h"
-#include "FovixModelTwoLensesInOne.h"
-#include "Layouts360VR.h"
-#include "Screens180VR.h"
-#include "Views360VR.h"
+#include "model/FovixModelOriginal.h"
+#include "model/FovixModelTwoLensesInOne.h"
+#include "view/Layouts360VR.h"
+#include "view/Screens180VR.h"
+#include "view/Views360VR.h"
 
 namespace fovix::drawings {
 

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "FishEyeConfig.h"
-#include "GridCells.h"
-#include "GridMesh.h"
+#include "lens/FishEyeConfig.h"
+#include "mesh/GridCells.h"
+#include "mesh/GridMesh.h"
 
 namespace fovix::drawings {
 

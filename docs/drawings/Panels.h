@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "Mat4.h"
 #include "MeshPatches.h"
 #include "SvgFile.h"
+#include "base/Mat4.h"
 
 namespace fovix::drawings {
 

@@ -5,7 +5,7 @@
 #include <limits>
 #include <vector>
 
-#include "Animators.h"
+#include "base/Animators.h"
 
 using namespace fovix;
 

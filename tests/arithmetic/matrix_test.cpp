@@ -2,7 +2,7 @@
 
 #include <limits>
 
-#include "Mat4.h"
+#include "base/Mat4.h"
 
 using namespace fovix;
 

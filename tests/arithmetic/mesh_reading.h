@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "FishEyeConfig.h"
-#include "GridMesh.h"
+#include "lens/FishEyeConfig.h"
+#include "mesh/GridMesh.h"
 
 namespace fovix {
 

@@ -1,4 +1,4 @@
-#include "VertexCache.h"
+#include "mesh/VertexCache.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // Touch on the 180-degree view.
-#include "TouchController180VR.h"
+#include "touch/TouchController180VR.h"
 
 #include "steered_view.h"
 

@@ -1,5 +1,5 @@
 // Touch on the 360-degree panorama. Views are pan, tilt, roll and zoom.
-#include "TouchController360VR.h"
+#include "touch/TouchController360VR.h"
 
 #include <algorithm>
 #include <optional>

@@ -1,7 +1,7 @@
 // Touch on flat pictures: the plain fisheye picture, the Korvel picture and two lenses in one picture.
-#include "TouchControllerOriginal.h"
-#include "TouchControllerTwoLensesInOne.h"
 #include "steered_view.h"
+#include "touch/TouchControllerOriginal.h"
+#include "touch/TouchControllerTwoLensesInOne.h"
 
 using namespace fovix;
 

@@ -2,11 +2,11 @@
 #include <utility>
 #include <vector>
 
-#include "Easing.h"
-#include "Gestures.h"
-#include "TouchController360VR.h"
-#include "TouchControllerSinglePIP.h"
+#include "base/Easing.h"
 #include "steered_view.h"
+#include "touch/Gestures.h"
+#include "touch/TouchController360VR.h"
+#include "touch/TouchControllerSinglePIP.h"
 
 using namespace fovix;
 

@@ -1,5 +1,5 @@
 // Touch on the picture with an overview inset.
-#include "TouchControllerSinglePIP.h"
+#include "touch/TouchControllerSinglePIP.h"
 
 #include "steered_view.h"
 

@@ -14,7 +14,7 @@
 #include <string>
 
 #include "Fovix.h"
-#include "FovixContext.h"
+#include "handle/FovixContext.h"
 
 namespace fovix {
 

@@ -12,7 +12,7 @@ sub slurp {
 
 my $literal = qr/"((?:\\.|[^"\\])*)"/;
 my %printed;
-for my $path (glob 'Multi/*.cpp Multi/*.h') {
+for my $path (glob 'Multi/*.cpp Multi/*.h Multi/*/*.cpp Multi/*/*.h') {
     my $code = slurp($path);
     next if $path =~ /FovixShaders/;
     $code =~ s{//.*}{}g;

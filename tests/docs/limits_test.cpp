@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "Views360VR.h"
+#include "view/Views360VR.h"
 
 namespace fovix {
 namespace {

@@ -5,9 +5,9 @@
 #include <cstdio>
 #include <utility>
 
-#include "FovixContext.h"
 #include "HeadlessGl.h"
 #include "PlainPicture.h"
+#include "handle/FovixContext.h"
 
 namespace fovix_test {
 namespace {

@@ -1,9 +1,9 @@
 // What a frame draws and prints besides one picture: background, order of refusals, grid cells, lenses.
 #include <gtest/gtest.h>
 
-#include "FovixContext.h"
 #include "HeadlessGl.h"
 #include "PlainPicture.h"
+#include "handle/FovixContext.h"
 
 namespace fovix_test {
 namespace {

@@ -10,9 +10,9 @@
 #include <set>
 #include <sstream>
 
-#include "FovixContext.h"
 #include "HeadlessGl.h"
 #include "PlainPicture.h"
+#include "handle/FovixContext.h"
 
 namespace fovix_test {
 namespace {

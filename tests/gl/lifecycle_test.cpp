@@ -4,9 +4,9 @@
 
 #include <climits>
 
-#include "FovixContext.h"
 #include "HeadlessGl.h"
 #include "PlainPicture.h"
+#include "handle/FovixContext.h"
 
 namespace fovix_test {
 namespace {

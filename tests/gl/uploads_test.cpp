@@ -2,9 +2,9 @@
 // and format and whatever state the host's GL is in.
 #include <gtest/gtest.h>
 
-#include "FovixContext.h"
 #include "HeadlessGl.h"
 #include "PlainPicture.h"
+#include "handle/FovixContext.h"
 
 #if defined(__SANITIZE_ADDRESS__)
 #include <sanitizer/asan_interface.h>

@@ -1,8 +1,8 @@
 // The 180-degree model: shapes and modes, the cartoon from mesh to mesh, screens, views, diagnostics.
-#include "FovixModel180VR.h"
+#include "model/FovixModel180VR.h"
 
-#include "Screens180VR.h"
 #include "model_fixture.h"
+#include "view/Screens180VR.h"
 
 namespace fovix {
 namespace {

@@ -1,5 +1,5 @@
 // The model of the 360-degree panorama: its state, its meshes and the draw calls of its layouts.
-#include "FovixModel360VR.h"
+#include "model/FovixModel360VR.h"
 
 #include "Fovix.h"
 #include "model_fixture.h"

@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-#include "FovixModel.h"
+#include "model/FovixModel.h"
 #include "projection.h"
 
 namespace fovix {

@@ -1,5 +1,5 @@
 // Frames and indicators over the picture: where each lies on the surface.
-#include "OverlayGeometry.h"
+#include "view/OverlayGeometry.h"
 
 #include <gtest/gtest.h>
 

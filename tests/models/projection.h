@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "Mat4.h"
+#include "base/Mat4.h"
 
 namespace fovix {
 

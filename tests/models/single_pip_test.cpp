@@ -1,5 +1,5 @@
 // The picture with its overview: view record, mesh, diagnostics.
-#include "FovixModelSinglePIP.h"
+#include "model/FovixModelSinglePIP.h"
 
 #include "model_fixture.h"
 

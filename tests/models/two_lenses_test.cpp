@@ -1,5 +1,5 @@
 // Two lenses in one picture: the choice between them, the moves, their meshes.
-#include "FovixModelTwoLensesInOne.h"
+#include "model/FovixModelTwoLensesInOne.h"
 
 #include "Fovix.h"
 #include "model_fixture.h"

@@ -1,6 +1,6 @@
 // Views of the 360-degree panorama: landmarks of the mesh must appear where each mount and shape looks,
 // limits hold, screens lie where a touch finds them.
-#include "Views360VR.h"
+#include "view/Views360VR.h"
 
 #include <array>
 #include <cmath>
@@ -8,8 +8,8 @@
 #include <numbers>
 #include <utility>
 
-#include "Layouts360VR.h"
 #include "projection.h"
+#include "view/Layouts360VR.h"
 
 namespace fovix {
 namespace {

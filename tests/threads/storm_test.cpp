@@ -7,10 +7,10 @@
 #include <sstream>
 #include <thread>
 
-#include "FovixContext.h"
 #include "HeadlessGl.h"
 #include "PlainPicture.h"
 #include "Storm.h"
+#include "handle/FovixContext.h"
 
 namespace fovix_test {
 namespace {

@@ -1,0 +1,353 @@
+#include "model/FovixModel360VR.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "Fovix.h"
+#include "base/Numbers.h"
+#include "model/DrawMesh.h"
+#include "view/Layouts360VR.h"
+
+namespace fovix {
+
+namespace {
+
+constexpr char kSource[] = "Multi/FovixModel360VR";
+constexpr int kBlendFrames = 30;
+
+Model360VRParams& params(FovixModel& model) {
+    return paramsOf<Model360VRParams>(model);
+}
+
+constexpr bool isWithin(int index, int count) {
+    return index >= 0 && index < count;
+}
+
+ViewCells360VR& viewOf(Model360VRParams& p, int screen) {
+    return p.mViews[static_cast<std::size_t>(screen)];
+}
+
+bool isBlending(const Model360VRParams& p) {
+    return p.mMorphFrom != p.mMorphTo && p.mMorphFrame < kBlendFrames;
+}
+
+// Mount, shape and views
+
+void resetPosition(FovixModel& model) {
+    Model360VRParams& p = params(model);
+    const LockSection section(p.mLock);
+    for (ViewCells360VR& view : p.mViews) view.store(defaultView(view.load(), p.mMount, p.mShape));
+}
+
+void init(FovixModel& model) {
+    Model360VRParams& p = params(model);
+    const LockSection section(p.mLock);
+    p.mMount = FOVIX_MOUNT_CEILING;
+    for (ViewCells360VR& view : p.mViews) view.store({});
+    resetPosition(model);
+}
+
+void setCameraMount(FovixModel& model, int mount) {
+    Model360VRParams& p = params(model);
+    const LockSection section(p.mLock);
+    if (!isWithin(mount, kPanoramaMounts) || mount == p.mMount) return;
+    p.mMount = mount;
+    p.mShape = FOVIX_SHAPE_SINGLE;
+}
+
+int getCameraMount(FovixModel& model) {
+    return params(model).mMount;
+}
+
+/// The layouts with an overview appear at once, with the first of their closer views selected.
+void switchTo(Model360VRParams& p, int shape) {
+    p.mMorphFrom = p.mMorphTo = shape;
+    p.mSelectedScreen = shape == FOVIX_SHAPE_OVERVIEW_FIVE ? 1 : 0;
+}
+
+void startBlend(Model360VRParams& p, int shape, const View360VR& start) {
+    p.mMorphFrame = 0;
+    p.mMorphFrom = p.mShape.get();
+    p.mMorphTo = shape;
+    p.mMorphStart = p.mMorphView = start;
+}
+
+void startCeilingBlend(Model360VRParams& p, int shape) {
+    const int from = p.mShape;
+    const bool turnsOver = (from == FOVIX_SHAPE_DOME && shape == FOVIX_SHAPE_BOWL) ||
+                           (from == FOVIX_SHAPE_BOWL && shape == FOVIX_SHAPE_DOME);
+    View360VR start = viewOf(p, 0).load();
+    if (turnsOver) start.mPan = -start.mPan;
+    if (shape == FOVIX_SHAPE_STRIP) start.mPan = 0.0;
+    startBlend(p, shape, start);
+    p.mSelectedScreen = 0;
+}
+
+void startWallBlend(Model360VRParams& p, int shape) {
+    const View360VR ahead = {.mPan = 90.0, .mTilt = 90.0, .mZoom = 90.0};
+    viewOf(p, 0).store(ahead);
+    startBlend(p, shape, ahead);
+}
+
+/// Cameras that hang otherwise than on the ceiling or on a wall have one shape.
+void setShape(FovixModel& model, int shape) {
+    Model360VRParams& p = params(model);
+    const LockSection section(p.mLock);
+    const bool onCeiling = p.mMount == FOVIX_MOUNT_CEILING, onWall = p.mMount == FOVIX_MOUNT_WALL;
+    if (!isWithin(shape, kPanoramaShapes) || shape == p.mShape || (!onCeiling && !onWall)) return;
+    if (shape == FOVIX_SHAPE_OVERVIEW_FIVE || (onCeiling && shape == FOVIX_SHAPE_TWO_AND_STRIP)) {
+        switchTo(p, shape);
+    } else if (onCeiling) {
+        startCeilingBlend(p, shape);
+    } else {
+        startWallBlend(p, shape);
+    }
+    p.mShape = shape;
+}
+
+int getShape(FovixModel& model) {
+    return params(model).mShape;
+}
+
+void setPTZ(FovixModel& model, int screen, double pan, double tilt, double zoom, double roll,
+            double ptzFifth) {
+    if (!isWithin(screen, kPanoramaScreens) || !allFinite(pan, tilt, zoom, roll, ptzFifth)) return;
+    Model360VRParams& p = params(model);
+    const LockSection section(p.mLock);
+    viewOf(p, screen).store(limitedView({pan, roll, tilt, ptzFifth, zoom}, p.mMount, p.mShape));
+}
+
+void getPTZ(FovixModel& model, int screen, double* pan, double* tilt, double* zoom, double* roll) {
+    if (!isWithin(screen, kPanoramaScreens)) return;
+    const ViewCells360VR& view = viewOf(params(model), screen);
+    writeIfWanted(pan, view.mPan);
+    writeIfWanted(tilt, view.mTilt);
+    writeIfWanted(zoom, view.mZoom);
+    writeIfWanted(roll, view.mRoll);
+}
+
+int selectScreen(FovixModel& model, int x, int y) {
+    Model360VRParams& p = params(model);
+    const LockSection section(p.mLock);
+    const int shape = p.mShape;
+    const int screen = screenAt(p.mMount, shape, model.backingWidth, model.backingHeight, x, y);
+    const bool isOverview = (shape == FOVIX_SHAPE_OVERVIEW_FIVE && screen == 0) ||
+                            (shape == FOVIX_SHAPE_TWO_AND_STRIP && screen >= 2);
+    if (!isOverview) p.mSelectedScreen = screen;
+    return screen;
+}
+
+int getSelectedScreen(FovixModel& model) {
+    return params(model).mSelectedScreen;
+}
+
+// Meshes
+
+/// Several layouts show the hemisphere of the single screen.
+int shapeOfMesh(int mount, int shape) {
+    const bool sharesHemisphere = (mount == FOVIX_MOUNT_CEILING && shape >= FOVIX_SHAPE_FOUR_SCREENS &&
+                                   shape <= FOVIX_SHAPE_TWO_AND_STRIP) ||
+                                  (mount == FOVIX_MOUNT_WALL && shape == FOVIX_SHAPE_OVERVIEW_FIVE);
+    return sharesHemisphere ? FOVIX_SHAPE_SINGLE : shape;
+}
+
+VertexCachePtr meshOf(Model360VRParams& p, int mount, int shape) {
+    const int meshShape = shapeOfMesh(mount, shape);
+    VertexCachePtr& cache =
+        p.mMeshCaches[static_cast<std::size_t>(mount)][static_cast<std::size_t>(meshShape)];
+    if (cache) return cache;
+    const FishEyeConfig lens = *p.mFishEye;
+    if (!isTextureUsable(lens)) return nullptr;
+    cache = VertexCache_FromCurvedMesh(GridMesh_Create_360VR(lens, mount, meshShape));
+    return cache;
+}
+
+/// Vertices that only the target has start in the middle.
+void blendPositions(VertexCache& blended, const VertexCache& from, const VertexCache& to, int frame) {
+    const std::size_t common = std::min(from.positions.size(), to.positions.size());
+    for (std::size_t i = 0; i < common; ++i) {
+        const float start = from.positions[i];
+        blended.positions[i] =
+            start + (to.positions[i] - start) * static_cast<float>(frame) / static_cast<float>(kBlendFrames);
+    }
+    std::fill(blended.positions.begin() + static_cast<std::ptrdiff_t>(common), blended.positions.end(), 0.0f);
+}
+
+View360VR blendView(const View360VR& from, const View360VR& to, int frame) {
+    // The way between two angles at the ends of what a double holds is no double: the view is there at once
+    // then.
+    const auto between = [frame](double start, double end) {
+        const double value = start + (end - start) * frame / kBlendFrames;
+        return std::isfinite(value) ? value : end;
+    };
+    return {between(from.mPan, to.mPan), between(from.mRoll, to.mRoll), between(from.mTilt, to.mTilt),
+            between(from.mPtzFifth, to.mPtzFifth), between(from.mZoom, to.mZoom)};
+}
+
+VertexCachePtr blendedMesh(Model360VRParams& p) {
+    const VertexCachePtr from = meshOf(p, p.mMount, p.mMorphFrom), to = meshOf(p, p.mMount, p.mMorphTo);
+    if (!from || !to) return nullptr;
+    // Meshes with as many triangles have the same texture coordinates: they leave out the same rings.
+    if (!p.mMorphCache || p.mMorphCache->triangleCount != to->triangleCount) {
+        p.mMorphCache = std::make_shared<VertexCache>(*to);
+    }
+    blendPositions(*p.mMorphCache, *from, *to, p.mMorphFrame);
+    p.mMorphView = blendView(p.mMorphStart, viewOf(p, 0).load(), p.mMorphFrame);
+    return p.mMorphCache;
+}
+
+VertexCachePtr getVerticesCache(FovixModel& model) {
+    Model360VRParams& p = params(model);
+    const LockSection section(p.mLock);
+    if (p.mMorphFrame < std::numeric_limits<int>::max()) p.mMorphFrame = p.mMorphFrame + 1;
+    VertexCachePtr cache;
+    if (isBlending(p)) {
+        cache = blendedMesh(p);
+    } else {
+        cache = meshOf(p, p.mMount, p.mShape);
+        p.mMorphCache = nullptr;
+    }
+    if (cache) p.mNumTriangles = cache->triangleCount;
+    return cache;
+}
+
+int needsVertexUpdate(FovixModel& model) {
+    return isBlending(params(model)) ? 1 : 0;
+}
+
+void onConfigChanged(FovixModel& model) {
+    Model360VRParams& p = params(model);
+    p.mMeshCaches = {};
+    p.mMorphCache = nullptr;
+}
+
+int getOverlayCount(FovixModel& model) {
+    return params(model).mShape == FOVIX_SHAPE_TWO_AND_STRIP ? 1 : 0;
+}
+
+VertexCachePtr getOverlayVerticesCache(FovixModel& model, int index) {
+    Model360VRParams& p = params(model);
+    const LockSection section(p.mLock);
+    return getOverlayCount(model) && index == 0 ? meshOf(p, p.mMount, FOVIX_SHAPE_STRIP) : nullptr;
+}
+
+// Drawing
+
+Scene360VR takeScene(FovixModel& model, Model360VRParams& p) {
+    Scene360VR scene = {p.mMount, p.mShape, model.backingWidth, model.backingHeight, {}, {}};
+    for (std::size_t screen = 0; screen < p.mViews.size(); ++screen)
+        scene.views[screen] = p.mViews[screen].load();
+    if (isBlending(p) && p.mMorphCache) scene.blendView = p.mMorphView;
+    return scene;
+}
+
+/// Which screens show their strip a second time, beyond its seam.
+using Seams = std::array<bool, kPanoramaScreens>;
+
+/// The strips move on within the model's views; the second one follows the first.
+Seams scrollStrips(Model360VRParams& p, int width, int height) {
+    const bool twoStrips = p.mShape == FOVIX_SHAPE_TWO_STRIPS;
+    Seams seams = {};
+    const int stripHeight = twoStrips ? height / 2 : height;
+    if ((!twoStrips && p.mShape != FOVIX_SHAPE_STRIP) || width <= 0 || stripHeight <= 0) return seams;
+    if (twoStrips) {
+        const View360VR first = viewOf(p, 0).load();
+        viewOf(p, 1).mPan = first.mPan;
+        viewOf(p, 1).mTilt = first.mTilt;
+        viewOf(p, 1).mZoom = first.mZoom;
+    }
+    for (int screen = 0; screen < (twoStrips ? 2 : 1); ++screen) {
+        const StripScroll scroll = scrollStrip(viewOf(p, screen).mPan, screen, width, stripHeight);
+        viewOf(p, screen).mPan = scroll.pan;
+        seams[static_cast<std::size_t>(screen)] = scroll.showsSeam && !isBlending(p);
+    }
+    return seams;
+}
+
+bool hasSurface(const Scene360VR& scene) {
+    return scene.width > 0 && scene.height > 0;
+}
+
+void drawSelf(FovixModel& model, int mvpMatrixUniform, int verticalOffsetUniform) {
+    Model360VRParams& p = params(model);
+    const DrawUniforms uniforms = {mvpMatrixUniform, verticalOffsetUniform};
+    Scene360VR scene;
+    Seams seams;
+    {
+        const LockSection section(p.mLock);
+        seams = scrollStrips(p, model.backingWidth, model.backingHeight);
+        scene = takeScene(model, p);
+    }
+    if (!hasSurface(scene)) return;
+    const auto draw = [&](int screen, double extraPan) {
+        drawMesh(model, screenMatrix(scene, screen, extraPan), uniforms, p.mNumTriangles, kSource);
+    };
+    const Layout360VR layout = layoutOf(scene.shape, scene.width, scene.height);
+    for (int screen = 0; screen < std::max(layout.count, 1); ++screen) {
+        const auto index = static_cast<std::size_t>(screen);
+        if (layout.count > 0) setViewport(layout.screens[index]);
+        draw(screen, 0.0);
+        if (seams[index]) draw(screen, kStripTurn);
+    }
+}
+
+void drawOverlay(FovixModel& model, int index, int mvpMatrixUniform, int verticalOffsetUniform) {
+    Model360VRParams& p = params(model);
+    Scene360VR scene;
+    {
+        const LockSection section(p.mLock);
+        scene = takeScene(model, p);
+    }
+    if (index != 0 || scene.shape != FOVIX_SHAPE_TWO_AND_STRIP || !hasSurface(scene)) return;
+    const VertexCachePtr& strip = p.mMeshCaches[static_cast<std::size_t>(scene.mount)][FOVIX_SHAPE_STRIP];
+    if (!strip) return;
+    setViewport(overviewStripRect(scene.width, scene.height));
+    drawMesh(model, screenMatrix(scene, 2, 0.0), {mvpMatrixUniform, verticalOffsetUniform},
+             strip->triangleCount, kSource);
+}
+
+constexpr FovixModelOperations kPanoramaOperations = {
+    .init = init,
+    .release = FovixModel_Release,
+    .setCameraMount = setCameraMount,
+    .getCameraMount = getCameraMount,
+    .setShape = setShape,
+    .getShape = getShape,
+    .setViewSize = FovixModel_SetViewSize,
+    .needContinue = FovixModel_NeedContinue,
+    .getTextureScale = FovixModel_GetTextureScale,
+    .getVerticesCache = getVerticesCache,
+    .onConfigChanged = onConfigChanged,
+    .drawSelf = drawSelf,
+    .getOverlayCount = getOverlayCount,
+    .getOverlayVerticesCache = getOverlayVerticesCache,
+    .drawOverlay = drawOverlay,
+    .resetPosition = resetPosition,
+    .setPTZ = setPTZ,
+    .getPTZ = getPTZ,
+    .needsVertexUpdate = needsVertexUpdate,
+    .selectScreen = selectScreen,
+    .getSelectedScreen = getSelectedScreen,
+};
+static_assert(hasMandatoryOperations(kPanoramaOperations));
+
+}  // namespace
+
+View360VR ViewCells360VR::load() const {
+    return {mPan, mRoll, mTilt, mPtzFifth, mZoom};
+}
+
+void ViewCells360VR::store(const View360VR& view) {
+    mPan = view.mPan;
+    mRoll = view.mRoll;
+    mTilt = view.mTilt;
+    mPtzFifth = view.mPtzFifth;
+    mZoom = view.mZoom;
+}
+
+ModelPtr FovixModel360VR_Create(const FishEyeConfig& lens) {
+    return FovixModel_Create(kPanoramaOperations, std::make_unique<Model360VRParams>(lens));
+}
+
+}  // namespace fovix

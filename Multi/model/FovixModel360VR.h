@@ -1,0 +1,51 @@
+// The 360-degree panorama: the lens circle on a hemisphere, a cylinder or an unrolled strip, seen through one
+// to six pan-tilt-zoom screens. For a camera on the ceiling or on a wall, a change of shape blends one mesh
+// into the other while screen 0's view glides along.
+#pragma once
+
+#include <array>
+#include <memory>
+
+#include "base/SharedLock.h"
+#include "model/FovixModel.h"
+#include "view/Views360VR.h"
+
+namespace fovix {
+
+inline constexpr int kPanoramaMounts = 4;
+inline constexpr int kPanoramaShapes = 11;
+
+/// A screen's view as it stands in the model, whose fields other threads may read at any time.
+struct ViewCells360VR {
+    Cell<double> mPan, mRoll, mTilt, mPtzFifth;
+    Cell<double> mZoom = View360VR{}.mZoom;
+
+    View360VR load() const;
+    void store(const View360VR& view);
+};
+
+/// Whatever changes several fields holds mLock meanwhile; the frame takes what it draws in one section.
+struct Model360VRParams : ModelParams {
+    using ModelParams::ModelParams;
+
+    SharedLock mLock;
+    Cell<int> mMount = 0;  ///< 0..3
+    Cell<int> mShape = 0;  ///< 0..10
+    std::array<ViewCells360VR, kPanoramaScreens> mViews;
+    Cell<int> mSelectedScreen = 0;  ///< chosen by the last selectScreen
+
+    Cell<int> mMorphFrom = 0, mMorphTo = 0;  ///< shapes between which the mesh is blended
+    Cell<int> mMorphFrame = 0;               ///< fetches since the last blend began
+    View360VR mMorphStart,
+        mMorphView;  ///< screen 0's view when the blend began, and as it is drawn; under mLock
+
+    // GL thread.
+    std::array<std::array<VertexCachePtr, kPanoramaShapes>, kPanoramaMounts>
+        mMeshCaches;                           ///< built on first use
+    std::shared_ptr<VertexCache> mMorphCache;  ///< the blended mesh
+    int mNumTriangles = 0;                     ///< of the mesh last handed out
+};
+
+ModelPtr FovixModel360VR_Create(const FishEyeConfig& lens);
+
+}  // namespace fovix

@@ -1,0 +1,10 @@
+// The straightened picture of the Korvel lens: the plain picture's model with the corrected grid as its mesh.
+#pragma once
+
+#include "model/FovixModel.h"
+
+namespace fovix {
+
+ModelPtr FovixModelKorvel_Create(const FishEyeConfig& lens);
+
+}  // namespace fovix

@@ -1,0 +1,310 @@
+#include "model/FovixModelTwoLensesInOne.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "Fovix.h"
+#include "base/Diagnostics.h"
+#include "model/DrawMesh.h"
+
+namespace fovix {
+
+namespace {
+
+constexpr char kSource[] = "Multi/FovixModelTwoLensesInOne";
+
+constexpr int kUpperHalf = 0, kLowerHalf = 1;
+
+constexpr int kGlideFrames = 1000;
+constexpr double kOutsideX = 3.5;  ///< where the picture goes that leaves the surface
+constexpr double kStackedY = 0.565;
+constexpr double kLargestScale = std::numeric_limits<float>::max();
+
+TwoLensesParams& params(FovixModel& model) {
+    return paramsOf<TwoLensesParams>(model);
+}
+
+void reset(FovixModel& model) {
+    params(model).mView.reset();
+}
+
+void setViewSize(FovixModel& model, int width, int height) {
+    FovixModel_SetViewSize(model, width, height);
+    params(model).mVerticesDirty = 1;
+}
+
+void onConfigChanged(FovixModel& model) {
+    TwoLensesParams& p = params(model);
+    p.mTopCache = nullptr;
+    p.mBottomCache = nullptr;
+}
+
+VertexCachePtr createVertices(FovixModel& model, int half) {
+    TwoLensesParams& p = params(model);
+    const bool isUpper = half == kUpperHalf;
+    printLine("FovixModelTwoLensesInOne::createVertices()\n");
+    printLine(isUpper ? "GridMesh_Create_HalfTop()\n" : "GridMesh_Create_HalfBottom()\n");
+    const FishEyeConfig lens = *p.mFishEye;
+    if (!isTextureUsable(lens)) return nullptr;
+    const auto createMesh = isUpper ? GridMesh_Create_HalfTop : GridMesh_Create_HalfBottom;
+    auto cache = VertexCache_FromFlatMesh(createMesh(lens, model.backingWidth, model.backingHeight));
+    p.mNumTriangles = cache->triangleCount;
+    return cache;
+}
+
+/// The mesh of one half, built on first use.
+VertexCachePtr halfMesh(FovixModel& model, int half) {
+    TwoLensesParams& p = params(model);
+    VertexCachePtr& cache = half == kUpperHalf ? p.mTopCache : p.mBottomCache;
+    if (!cache) cache = createVertices(model, half);
+    if (!cache) printLine("error pCtxt = NULL\n");
+    return cache;
+}
+
+void moveToScreen(TwoLensesParams& p, int screen) {
+    const LockSection section(p.mLock);
+    const double besideX = kBesideX / p.mAspectFix, besideScale = kBesideScale * p.mAspectFix;
+    struct Targets {
+        double firstX, firstScale, secondX, secondScale;
+    };
+    const Targets targetsOfScreen[] = {
+        {-besideX, besideScale, besideX, besideScale},
+        {0.0, 1.0, kOutsideX, besideScale},
+        {-kOutsideX, besideScale, 0.0, 1.0},
+    };
+    const Targets unchanged = {p.mFirstX.target, p.mFirstScale.target, p.mSecondX.target,
+                               p.mSecondScale.target};
+    const Targets& to = screen >= 0 && screen <= 2 ? targetsOfScreen[screen] : unchanged;
+    p.mScreen = screen;
+    p.mFirstX.glideTo(to.firstX);
+    p.mFirstScale.glideTo(to.firstScale);
+    p.mSecondX.glideTo(to.secondX);
+    p.mSecondScale.glideTo(to.secondScale);
+}
+
+VertexCachePtr getVerticesCache(FovixModel& model) {
+    TwoLensesParams& p = params(model);
+    if (p.mVerticesDirty.exchange(0)) onConfigChanged(model);
+    const int mode = p.mDrawMode;
+    int half = p.mWantedHalf;
+    if (mode == FOVIX_TWO_LENSES_UPPER) half = kUpperHalf;
+    if (mode == FOVIX_TWO_LENSES_LOWER) half = kLowerHalf;
+    const VertexCachePtr cache = halfMesh(model, half);
+    if (mode == FOVIX_TWO_LENSES_BOTH) {
+        const LockSection section(p.mLock);
+        p.mAspectFix = aspectFixOf(model.backingWidth, model.backingHeight, p.mFishEye->Fec_imgWidth,
+                                   p.mFishEye->Fec_imgHeight);
+        moveToScreen(p, p.mScreen);
+    }
+    return cache;
+}
+
+int needsVertexUpdate(FovixModel& model) {
+    TwoLensesParams& p = params(model);
+    if (p.mDrawMode != FOVIX_TWO_LENSES_BY_ZOOM) return 0;
+    p.mCheckedZoom = p.mView.mZoom;
+    p.mWantedHalf = p.mZoomDiv > p.mCheckedZoom ? kUpperHalf : kLowerHalf;
+    if (p.mWantedHalf == p.mShownHalf) return 0;
+    p.mShownHalf = p.mWantedHalf;
+    return 1;
+}
+
+void draw(const FovixModel& model, const PicturePlacement& placement, const DrawUniforms& uniforms,
+          int triangleCount, int line = __builtin_LINE()) {
+    const Mat4 matrix = twoLensesMatrix(placement, model.backingWidth, model.backingHeight);
+    drawMesh(model, matrix, uniforms, triangleCount, kSource, line);
+}
+
+void drawHalf(FovixModel& model, const DrawUniforms& uniforms) {
+    const TwoLensesParams& p = params(model);
+    const auto placement = placeHalf(p.mView, p.mCheckedZoom, p.mZoomDiv, p.mShownHalf);
+    if (placement) return draw(model, *placement, uniforms, p.mNumTriangles);
+    printLine("-------------> maybe something wrong!!!! screen[%d] zoom[%f]", p.mShownHalf, p.mCheckedZoom);
+}
+
+/// One animation step of a picture of draw mode 1.
+PicturePlacement stepBeside(TwoLensesParams& p, bool isFirst) {
+    const LockSection section(p.mLock);
+    AnimatedValue& x = isFirst ? p.mFirstX : p.mSecondX;
+    AnimatedValue& scale = isFirst ? p.mFirstScale : p.mSecondScale;
+    const int soloScreen = isFirst ? FOVIX_TWO_LENSES_SCREEN_FIRST : FOVIX_TWO_LENSES_SCREEN_SECOND;
+    x.step();
+    scale.step();
+    return placeBeside(x.current, scale.current, p.mScreen == soloScreen, p.mView);
+}
+
+void drawLens(FovixModel& model, bool isFirst, const DrawUniforms& uniforms) {
+    TwoLensesParams& p = params(model);
+    const bool isWide = model.backingWidth > model.backingHeight;
+    draw(model, isWide ? stepBeside(p, isFirst) : placeStacked(isFirst), uniforms, p.mNumTriangles);
+}
+
+void drawSelf(FovixModel& model, int mvpMatrixUniform, int verticalOffsetUniform) {
+    const DrawUniforms uniforms = {mvpMatrixUniform, verticalOffsetUniform};
+    switch (params(model).mDrawMode) {
+        case FOVIX_TWO_LENSES_BOTH:
+            return drawLens(model, true, uniforms);
+        case FOVIX_TWO_LENSES_UPPER:
+        case FOVIX_TWO_LENSES_LOWER:
+            return draw(model, {0.0, 0.0, 1.0}, uniforms, params(model).mNumTriangles);
+        default:
+            return drawHalf(model, uniforms);
+    }
+}
+
+int getOverlayCount(FovixModel& model) {
+    return params(model).mDrawMode == FOVIX_TWO_LENSES_BOTH ? 1 : 0;
+}
+
+VertexCachePtr getOverlayVerticesCache(FovixModel& model, int index) {
+    return params(model).mDrawMode == FOVIX_TWO_LENSES_BOTH && index == 0 ? halfMesh(model, kLowerHalf)
+                                                                          : nullptr;
+}
+
+void drawOverlay(FovixModel& model, int index, int mvpMatrixUniform, int verticalOffsetUniform) {
+    if (params(model).mDrawMode != FOVIX_TWO_LENSES_BOTH || index != 0) return;
+    drawLens(model, false, {mvpMatrixUniform, verticalOffsetUniform});
+}
+
+/// Side by side the pictures are not panned.
+void setRotateZoom(FovixModel& model, int, double xAngle, double yAngle, double zAngle, double zoom) {
+    TwoLensesParams& p = params(model);
+    const bool showsBoth = p.mDrawMode == FOVIX_TWO_LENSES_BOTH && p.mScreen == FOVIX_TWO_LENSES_SCREEN_BOTH;
+    if (showsBoth) {
+        p.mView.set(0.0, 0.0, 0.0, zoom);
+    } else {
+        p.mView.set(xAngle, yAngle, zAngle, zoom);
+    }
+}
+
+void getRotateZoom(FovixModel& model, int, double* xAngle, double* yAngle, double* zAngle, double* zoom) {
+    params(model).mView.get(xAngle, yAngle, zAngle, zoom);
+}
+
+void setLogicZoom(FovixModel& model, double min, double max, double div, double) {
+    TwoLensesParams& p = params(model);
+    if (min == p.mZoomMin && max == p.mZoomMax && div == p.mZoomDiv) return;
+    p.mZoomMin = min;
+    p.mZoomMax = max;
+    p.mZoomDiv = div;
+    printLine("two lenses parameter changed, [min:%f][div:%f][max:%f]", min, div, max);
+}
+
+float getLogicZoom(FovixModel& model) {
+    constexpr double kLargest = std::numeric_limits<float>::max();
+    return static_cast<float>(std::clamp(params(model).mView.mZoom.get(), -kLargest, kLargest));
+}
+
+void setTwoLensesDrawMode(FovixModel& model, int mode) {
+    TwoLensesParams& p = params(model);
+    {
+        const LockSection section(p.mLock);
+        p.mDrawMode = mode;
+        p.mFirstX.rest(-kBesideX);
+        p.mFirstScale.rest(kBesideScale);
+        p.mSecondX.rest(kBesideX);
+        p.mSecondScale.rest(kBesideScale);
+        p.mScreen = FOVIX_TWO_LENSES_SCREEN_BOTH;
+    }
+    printLine("tow lenses setDrawMode: %d", p.mDrawMode.get());
+}
+
+void setTwoLensesScreen(FovixModel& model, int screen) {
+    TwoLensesParams& p = params(model);
+    if (p.mDrawMode != FOVIX_TWO_LENSES_BOTH || screen == p.mScreen) return;
+    moveToScreen(p, screen);
+    printLine("tow lenses setScreen: %d", p.mScreen.get());
+}
+
+int getTwoLensesScreen(FovixModel& model) {
+    const TwoLensesParams& p = params(model);
+    return p.mDrawMode == FOVIX_TWO_LENSES_BOTH ? p.mScreen.get() : FOVIX_TWO_LENSES_SCREEN_NONE;
+}
+
+constexpr FovixModelOperations kTwoLensesOperations = {
+    .init = reset,
+    .release = FovixModel_Release,
+    .setViewSize = setViewSize,
+    .needContinue = FovixModel_NeedContinue,
+    .getTextureScale = FovixModel_GetTextureScale,
+    .getVerticesCache = getVerticesCache,
+    .onConfigChanged = onConfigChanged,
+    .drawSelf = drawSelf,
+    .getOverlayCount = getOverlayCount,
+    .getOverlayVerticesCache = getOverlayVerticesCache,
+    .drawOverlay = drawOverlay,
+    .resetPosition = reset,
+    .setRotateZoom = setRotateZoom,
+    .getRotateZoom = getRotateZoom,
+    .needsVertexUpdate = needsVertexUpdate,
+    .setLogicZoom = setLogicZoom,
+    .getLogicZoom = getLogicZoom,
+    .setTwoLensesDrawMode = setTwoLensesDrawMode,
+    .setTwoLensesScreen = setTwoLensesScreen,
+    .getTwoLensesScreen = getTwoLensesScreen,
+};
+static_assert(hasMandatoryOperations(kTwoLensesOperations));
+
+}  // namespace
+
+void AnimatedValue::rest(double value) {
+    current = target = value;
+    animator = nullptr;
+}
+
+void AnimatedValue::glideTo(double value) {
+    target = value;
+    animator = std::make_unique<GlideAnimator>(current, target, kGlideFrames);
+}
+
+void AnimatedValue::step() {
+    if (!animator) return;
+    animator->step();
+    current = animator->mCurrent;
+    if (animator->mDone) animator = nullptr;
+}
+
+std::optional<PicturePlacement> placeHalf(const RotateZoomView& view, double zoom, double zoomDiv,
+                                          int shownHalf) {
+    const bool wantsLower = zoom >= zoomDiv;
+    if (wantsLower != (shownHalf == kLowerHalf)) return std::nullopt;
+    // A threshold of 0 leaves nothing to divide by: the lower picture follows the zoom itself.
+    const double scale = wantsLower && zoomDiv != 0.0 ? zoom / zoomDiv : zoom;
+    return PicturePlacement{-view.mRotateY / 180.0, view.mRotateX / 180.0,
+                            std::clamp(scale, -kLargestScale, kLargestScale)};
+}
+
+PicturePlacement placeBeside(double x, double scale, bool isAlone, const RotateZoomView& view) {
+    if (!isAlone) return {x, 0.0, scale};
+    if (scale == 1.0) scale = std::clamp(view.mZoom.get(), 1.0, kLargestScale);
+    if (scale <= 1.0) return {x, 0.0, scale};
+    return {x - view.mRotateY / 180.0, view.mRotateX / 180.0, scale};
+}
+
+PicturePlacement placeStacked(bool isFirst) {
+    return {0.0, isFirst ? kStackedY : -kStackedY, 1.0};
+}
+
+Mat4 twoLensesMatrix(const PicturePlacement& placement, int width, int height) {
+    Mat4 m;
+    Mat4_Scale(m, 1.0, 1.0, -1.0);
+    Mat4_Translate(m, placement.x, placement.y, 0.0);
+    Mat4_Translate(m, 0.0, 0.0, -1.0);
+    Mat4_Perspective(m, 90.0, kNearPlane, kFarPlane, width, height, placement.scale);
+    return m;
+}
+
+double aspectFixOf(int width, int height, int imgWidth, int imgHeight) {
+    if (height == 0 || imgWidth == 0 || imgHeight == 0) return 1.0;
+    const double surface = static_cast<double>(width) / height;
+    const double picture = static_cast<double>(imgWidth) / imgHeight;
+    const double fix = surface / picture;
+    return surface > picture && fix > 0.0 ? fix : 1.0;
+}
+
+ModelPtr FovixModelTwoLensesInOne_Create(const FishEyeConfig& lens) {
+    return FovixModel_Create(kTwoLensesOperations, std::make_unique<TwoLensesParams>(lens));
+}
+
+}  // namespace fovix

@@ -1,0 +1,14 @@
+// Touch for the single views: the plain fisheye picture and the Korvel picture.
+#pragma once
+
+#include "touch/FlatTouch.h"
+
+namespace fovix {
+
+struct OriginalTouchParams : FlatTouchParams {
+    OriginalTouchParams();
+};
+
+ControllerPtr TouchControllerOriginal_Create(VRHANDLE owner, int screenIndex);
+
+}  // namespace fovix

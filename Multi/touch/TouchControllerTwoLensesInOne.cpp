@@ -1,0 +1,89 @@
+#include "touch/TouchControllerTwoLensesInOne.h"
+
+#include <algorithm>
+
+namespace fovix {
+
+namespace {
+
+constexpr FlatTouchKind kKind = {
+    .pitchGrowth = 5.0, .pitchLimit = 75.0, .yawGrowth = 12.0, .yawLimit = 120.0, .zoomStep = 0.18};
+
+TwoLensesTouchParams& params(TouchController& controller) {
+    return paramsOf<TwoLensesTouchParams>(controller);
+}
+
+/// Centres at once, without easing.
+void centrePan(TwoLensesTouchParams& p) {
+    clearTargets(p);
+    p.mXAngle = p.mYAngle = 0.0;
+}
+
+void recentre(TouchController& controller) {
+    TwoLensesTouchParams& p = params(controller);
+    const LockSection section(controller.lock);
+    centrePan(p);
+    p.mZoomTarget = std::min<double>(1.0, p.mZoomMax);
+}
+
+void recentreForHost(TouchController& controller, int) {
+    recentre(controller);
+}
+
+void autoAdjust(TouchController& controller) {
+    if (params(controller).mZoomTarget <= kSnapZoom) recentre(controller);
+}
+
+void setLogicZoom(TouchController& controller, double min, double max, double div, double zoom) {
+    TwoLensesTouchParams& p = params(controller);
+    p.mZoomDiv = div;
+    p.mZoomMin = std::max(min, 1.0);
+    p.mZoomTarget = zoom;
+    p.mZoomMax = max;
+}
+
+void update(TouchController& controller) {
+    {
+        TwoLensesTouchParams& p = params(controller);
+        const LockSection section(controller.lock);
+        easeView(p);
+        if (crossesLensThreshold(p.mPrevZoom, p.mZoom, p.mZoomDiv)) centrePan(p);
+        p.mPrevZoom = p.mZoom;
+    }
+    FlatTouch_PushView(controller);
+}
+
+constexpr TouchControllerOperations kOperations = {
+    .onTouchDown = FlatTouch_OnTouchDown,
+    .onTouchUp = FlatTouch_OnTouchUp,
+    .onTouchMove = FlatTouch_OnTouchMove,
+    .onTouchPinch = FlatTouch_OnTouchPinch,
+    .onTouchPinchScale = FlatTouch_OnTouchPinchScale,
+    .onTouchFling = FlatTouch_OnTouchFling,
+    .update = update,
+    .autoAdjust = autoAdjust,
+    .setDrawMode = TouchController_Ignore,
+    .setCameraMount = TouchController_Ignore,
+    .setShape = TouchController_Ignore,
+    .setRotateZoom = TouchController_Ignore,
+    .setLogicZoom = setLogicZoom,
+    .setTwoLensesDrawMode = recentreForHost,
+    .setTwoLensesScreen = recentreForHost,
+};
+static_assert(hasTouchOperations(kOperations));
+
+}  // namespace
+
+TwoLensesTouchParams::TwoLensesTouchParams() : FlatTouchParams(kKind, 10.0) {}
+
+bool crossesLensThreshold(double previousZoom, double zoom, double zoomDiv) {
+    const bool zoomsOut = previousZoom > zoomDiv && zoomDiv >= zoom;
+    const bool zoomsIn = previousZoom <= zoomDiv - 0.5 && zoomDiv - 0.5 < zoom;
+    return zoomsOut || zoomsIn;
+}
+
+ControllerPtr TouchControllerTwoLensesInOne_Create(VRHANDLE owner, int screenIndex) {
+    return TouchController_Create(kOperations, std::make_unique<TwoLensesTouchParams>(), owner, screenIndex);
+}
+
+}  // namespace fovix

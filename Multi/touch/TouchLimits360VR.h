@@ -1,0 +1,31 @@
+// Where the 360-degree views that a user steers begin and how far gestures take them.
+//
+// Pure functions on top of the model's own limits. They are narrower in a few places: the strips, for
+// example, only scroll sideways under a finger.
+#pragma once
+
+#include <optional>
+
+#include "view/Views360VR.h"
+
+namespace fovix {
+
+/// The close view that pinches and sensors glide to, and the field of view of the wide one.
+inline constexpr double kCloseZoom = 40.0, kCloseTilt = 50.0;
+inline constexpr double kWideZoom = 90.0;
+
+/// The view that a mount and a shape start with, within its limits.
+View360VR touchStartView(const View360VR& before, int mount, int shape);
+
+/// The close view that one screen of a layout with several starts with instead; none for overviews and
+/// strips.
+std::optional<View360VR> touchScreenView(int shape, int screen);
+
+/// The nearest view within the limits; the roll is free. A pan of more than a billion degrees loses its whole
+/// turns, because another degree would not change it any more.
+View360VR touchLimitedView(const View360VR& view, int mount, int shape);
+
+/// How far a zoom lets the view tilt once a gesture is over: to the rim of the picture.
+double touchMaxTilt(int mount, double zoom);
+
+}  // namespace fovix

@@ -1,0 +1,41 @@
+#include "view/OverviewAim.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+
+#include "base/Numbers.h"
+
+namespace fovix {
+
+namespace {
+
+constexpr double kPi = 3.141592653589793;
+constexpr double kMaxTilt = 90.0;
+
+/// A surface without extent stands for one of a pixel, so that every aim is a number.
+double atLeastOne(double length) {
+    return std::max(length, 1.0);
+}
+
+}  // namespace
+
+AimedView aimOnOverview(float x, float y, int backingWidth, int backingHeight) {
+    const auto width = static_cast<double>(2 * std::int64_t{backingWidth} / 3);
+    const auto height = static_cast<double>(2 * std::int64_t{backingHeight} / 3);
+    const double cx = width * 0.5, cy = height * 0.5;
+    const double dx = x - cx, dy = y - cy;
+    const double radius = std::min(cx, cy) * 0.5;
+    const double distance = std::sqrt(dx * dx + dy * dy);
+    const double tilt = radius > 0.0 ? distance * 60.0 / radius : kMaxTilt;
+    return {std::atan2(dy, dx) * 180.0 / kPi + 90.0, std::clamp(tilt, 0.0, kMaxTilt)};
+}
+
+AimedView aimOnStrip(float x, float y, double zoom, int backingWidth, int backingHeight) {
+    const double pan = static_cast<double>(x * 360.0f) / atLeastOne(backingWidth) + 180.0;
+    const double up = static_cast<double>(static_cast<float>(backingHeight) - y);
+    const double tilt = up * (85.0 - zoom) / atLeastOne(backingHeight / 3) + 5.0;
+    return {pan, tilt};
+}
+
+}  // namespace fovix

@@ -1,0 +1,40 @@
+// The screens of the 180-degree view: where they lie on the surface, which one a point hits, and the matrix
+// through which each looks at the mesh.
+#pragma once
+
+#include <array>
+
+#include "base/Mat4.h"
+#include "base/Surface.h"
+#include "view/RotateZoomView.h"
+
+namespace fovix {
+
+struct Screen180VR {
+    SurfaceRect viewport;
+    int width, height;  ///< size that the projection takes its proportions from
+};
+
+struct Layout180VR {
+    int count;  ///< a single screen fills the frame's own viewport
+    std::array<Screen180VR, 4> screens;
+};
+
+/// The screens of a shape on a surface of width × height pixels.
+Layout180VR layout180VR(int shape, int width, int height);
+
+/// The screen under a point counted from the surface's top left.
+int screenAt180VR(int shape, int x, int y, int width, int height);
+
+/// What all screens of a frame share.
+struct Scene180VR {
+    int drawMode = 0;                             ///< says how a view's angles move the mesh
+    double meshExtent = 0.0;                      ///< radius of the curved screen, model units
+    double lensOffsetX = 0.0, lensOffsetY = 0.0;  ///< brings the lens's centre to the middle, model units
+    double rotation = 0.0;                        ///< extra roll, degrees; none when negative
+};
+
+/// Model-view-projection matrix of a screen of width × height pixels.
+Mat4 screenMatrix180VR(const RotateZoomView& view, const Scene180VR& scene, int width, int height);
+
+}  // namespace fovix

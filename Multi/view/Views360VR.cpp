@@ -1,0 +1,306 @@
+#include "view/Views360VR.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "Fovix.h"
+
+namespace fovix {
+
+namespace {
+
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+
+/// A range from v to v sets the value.
+struct Range {
+    double low, high;
+
+    double clamp(double value) const { return std::clamp(value, low, high); }
+};
+
+constexpr Range kFree = {-kInfinity, kInfinity};
+constexpr Range kAhead = {90.0, 90.0};  ///< the zoom of the shapes that cannot be zoomed
+constexpr Range kZoom = {5.0, 90.0};
+constexpr Range kCloseZoom = {5.0, 40.0};  ///< of the layouts with several screens
+constexpr Range kQuarter = {0.0, 90.0};
+constexpr Range kHalf = {0.0, 180.0};
+constexpr Range kInsideRim = {15.0, 165.0};
+constexpr Range kBowlTilt = {-100.0, -60.0};
+
+constexpr int kAnyShape = -1;
+
+struct Limits {
+    int mount, shape;
+    Range pan, tilt, zoom;
+    Range roll = kFree;
+};
+
+/// The first row that fits holds.
+constexpr Limits kLimits[] = {
+    {FOVIX_MOUNT_WALL_INVERTED, kAnyShape, kHalf, kHalf, kZoom},
+    {FOVIX_MOUNT_FLOOR, kAnyShape, kHalf, kHalf, kZoom},
+    {FOVIX_MOUNT_WALL, FOVIX_SHAPE_STRIP, kFree, kHalf, kAhead},
+    {FOVIX_MOUNT_WALL, FOVIX_SHAPE_TWO_STRIPS, kFree, kQuarter, kZoom},
+    {FOVIX_MOUNT_WALL, FOVIX_SHAPE_BOWL, kFree, kBowlTilt, kAhead, {0.0, 0.0}},
+    {FOVIX_MOUNT_WALL, FOVIX_SHAPE_OVERVIEW_FIVE, kFree, kQuarter, kCloseZoom},
+    {FOVIX_MOUNT_WALL, kAnyShape, kInsideRim, kInsideRim, kZoom},
+    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_DOME, kFree, {60.0, 100.0}, kAhead, {0.0, 0.0}},
+    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_BOWL, kFree, kBowlTilt, kAhead, {0.0, 0.0}},
+    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_CYLINDER, kFree, {-45.0, 45.0}, kAhead},
+    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_CYLINDER_INSIDE, kFree, {-10.0, 10.0}, kAhead},
+    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_FOUR_SCREENS, kFree, kQuarter, kCloseZoom},
+    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_OVERVIEW_FIVE, kFree, kQuarter, kCloseZoom},
+    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_TWO_AND_STRIP, kFree, kQuarter, kCloseZoom},
+    {FOVIX_MOUNT_CEILING, kAnyShape, kFree, kQuarter, kZoom},
+};
+
+const Limits& limitsOf(int mount, int shape) {
+    return *std::find_if(std::begin(kLimits), std::end(kLimits) - 1, [&](const Limits& row) {
+        return row.mount == mount && (row.shape == shape || row.shape == kAnyShape);
+    });
+}
+
+double defaultTilt(double before, int mount, int shape) {
+    switch (mount) {
+        case FOVIX_MOUNT_CEILING:
+            if (shape == FOVIX_SHAPE_DOME) return 75.0;
+            if (shape == FOVIX_SHAPE_BOWL) return -75.0;
+            return shape == FOVIX_SHAPE_STRIP ? before : 0.0;
+        case FOVIX_MOUNT_WALL:
+            return shape == FOVIX_SHAPE_BOWL ? -75.0 : 90.0;
+        case FOVIX_MOUNT_WALL_INVERTED:
+            return 90.0;
+        case FOVIX_MOUNT_FLOOR:
+            return -90.0;
+        default:
+            return before;
+    }
+}
+
+/// How a screen's mesh is turned before it is looked at.
+enum class Pose {
+    AsBuilt,
+    Hemisphere,
+    Dome,
+    Bowl,
+    Cylinder,
+    CylinderInside,
+    Strip,
+    Wall,
+    WallRim,
+    WallBowl,
+    Floor
+};
+
+/// The overview strip under the two screens of FOVIX_SHAPE_TWO_AND_STRIP.
+bool isOverviewStrip(const Scene360VR& scene, int screen) {
+    return scene.shape == FOVIX_SHAPE_TWO_AND_STRIP && screen >= 2;
+}
+
+Pose ceilingPose(int shape, bool overviewStrip) {
+    switch (shape) {
+        case FOVIX_SHAPE_DOME:
+            return Pose::Dome;
+        case FOVIX_SHAPE_BOWL:
+            return Pose::Bowl;
+        case FOVIX_SHAPE_CYLINDER:
+            return Pose::Cylinder;
+        case FOVIX_SHAPE_CYLINDER_INSIDE:
+            return Pose::CylinderInside;
+        case FOVIX_SHAPE_STRIP:
+        case FOVIX_SHAPE_TWO_STRIPS:
+            return Pose::Strip;
+        case FOVIX_SHAPE_LARGE_AND_TWO:
+            return Pose::AsBuilt;
+        default:
+            return overviewStrip ? Pose::Strip : Pose::Hemisphere;
+    }
+}
+
+Pose wallPose(int shape) {
+    switch (shape) {
+        case FOVIX_SHAPE_SINGLE:
+            return Pose::WallRim;
+        case FOVIX_SHAPE_BOWL:
+            return Pose::WallBowl;
+        case FOVIX_SHAPE_STRIP:
+            return Pose::AsBuilt;
+        case FOVIX_SHAPE_TWO_STRIPS:
+            return Pose::Strip;
+        case FOVIX_SHAPE_OVERVIEW_FIVE:
+            return Pose::Hemisphere;
+        default:
+            return Pose::Wall;
+    }
+}
+
+Pose poseOf(const Scene360VR& scene, int screen) {
+    switch (scene.mount) {
+        case FOVIX_MOUNT_CEILING:
+            return ceilingPose(scene.shape, isOverviewStrip(scene, screen));
+        case FOVIX_MOUNT_WALL:
+            return wallPose(scene.shape);
+        case FOVIX_MOUNT_WALL_INVERTED:
+            return Pose::Wall;
+        case FOVIX_MOUNT_FLOOR:
+            return Pose::Floor;
+        default:
+            return Pose::AsBuilt;
+    }
+}
+
+/// A screen's view as it is drawn.
+struct Sight {
+    double pan, roll, tilt, ptzFifth, zoom;
+    double fov;             ///< of the projection; the zoom unless the pose changes it
+    double zOffset = -1.0;  ///< how far the mesh lies from the eye
+    double xScale = 1.0, yScale = 1.0;
+};
+
+Sight sightOf(const Scene360VR& scene, int screen, double extraPan) {
+    View360VR view = scene.views[static_cast<std::size_t>(screen)];
+    view.mPan += extraPan;
+    Sight sight{};
+    if (scene.shape == FOVIX_SHAPE_OVERVIEW_FIVE) {
+        if (screen == 0) {
+            view = {.mPan = 90.0, .mZoom = 91.0};
+        } else {
+            view.mPan += 90.0;
+        }
+    } else if (isOverviewStrip(scene, screen)) {
+        // The whole turn fills the surface's width.
+        view = {.mPan = kHalfStripTurn, .mZoom = 90.0};
+        sight.xScale = static_cast<double>(scene.width) / scene.height * 2.0 * 100.0 / kStripTurn;
+        sight.yScale = 1.21;
+    }
+    if (scene.blendView) {
+        view = *scene.blendView;
+        view.mPan += scene.shape == FOVIX_SHAPE_FOUR_SCREENS ? screen * 90.0 : extraPan;
+    }
+    sight.pan = view.mPan;
+    sight.roll = view.mRoll;
+    sight.tilt = view.mTilt;
+    sight.ptzFifth = view.mPtzFifth;
+    sight.zoom = sight.fov = view.mZoom;
+    return sight;
+}
+
+/// Zooming in moves the eye into the hemisphere and narrows the field of view only from 40 degrees on. Gives
+/// the tilt that goes with the eye's place.
+double zoomIntoHemisphere(Sight& sight) {
+    const double zoom = sight.zoom, tilt = sight.tilt;
+    if (zoom > 40.0) {
+        const double closer = (zoom - 90.0) / 50.0;
+        sight.zOffset = -1.0 - (zoom - 90.0) * 1.12 / 50.0;
+        sight.fov = 90.0;
+        return (tilt - 17.0 * closer) * (90.0 + 30.5 * closer) / 90.0;
+    }
+    const double narrower = (zoom - 40.0) / 35.0;
+    sight.zOffset = 0.12;
+    sight.fov = 50.0 + zoom;
+    return (17.0 + 30.0 * narrower + tilt) * (59.5 - 16.0 * narrower) / 90.0;
+}
+
+/// A wall camera's wide view that looks aside is narrowed and moved, so that the hemisphere's rim stays out
+/// of sight.
+void shiftFromRim(Mat4& m, Sight& sight) {
+    if (sight.zoom <= 64.0) return;
+    const double a = (90.0 - sight.pan) / 90.0 * 0.5;
+    const double b = (90.0 - sight.tilt) / 90.0 * 0.5;
+    const bool sideways = std::abs(a) > std::abs(b);
+    const double aside = sideways ? a : b;
+    sight.fov = std::max(sight.zoom / (std::abs(aside) + 1.0), 64.0);
+    const double distance = std::max(sight.zoom / sight.fov - 1.0, 0.0);
+    const double shift = aside < 0.0 ? -distance : distance;
+    Mat4_Translate(m, sideways ? shift : a, sideways ? b : shift, 0.0);
+}
+
+void turnOnWall(Mat4& m, const Sight& sight, double uprightRoll) {
+    Mat4_RotateZ(m, sight.roll - uprightRoll);
+    Mat4_RotateX(m, sight.ptzFifth - 90.0);
+    Mat4_RotateZ(m, 90.0 - sight.pan);
+    Mat4_RotateX(m, sight.tilt);
+}
+
+/// The dome turns against the bowl.
+void turnInPlane(Mat4& m, const Sight& sight, double panSign, double y) {
+    Mat4_RotateZ(m, sight.roll);
+    Mat4_RotateZ(m, panSign * sight.pan);
+    Mat4_RotateX(m, sight.tilt);
+    Mat4_Translate(m, 0.0, y, 0.55);
+}
+
+void turnToPole(Mat4& m, const Sight& sight, double tilt) {
+    Mat4_RotateZ(m, sight.roll);
+    Mat4_RotateZ(m, 90.0 - sight.pan);
+    Mat4_RotateX(m, tilt);
+}
+
+void turnAboutAxis(Mat4& m, double pan, double tilt, double z) {
+    Mat4_RotateY(m, pan);
+    Mat4_RotateX(m, tilt);
+    Mat4_Translate(m, 0.0, 0.0, z);
+}
+
+void turnMesh(Mat4& m, Sight& sight, Pose pose, int mount) {
+    switch (pose) {
+        case Pose::AsBuilt:
+            return;
+        case Pose::Hemisphere:
+            return turnToPole(m, sight, -zoomIntoHemisphere(sight));
+        case Pose::Dome:
+            return turnInPlane(m, sight, -1.0, -0.2);
+        case Pose::Bowl:
+            return turnInPlane(m, sight, 1.0, 0.2);
+        case Pose::Cylinder:
+            return turnAboutAxis(m, sight.pan, sight.tilt, 1.2);
+        case Pose::CylinderInside:
+            return turnAboutAxis(m, -sight.pan, -sight.tilt, -1.2);
+        case Pose::Strip:
+            return Mat4_Translate(m, sight.pan / -100.0, 0.0, 0.0);
+        case Pose::Wall:
+            return turnOnWall(m, sight, mount == FOVIX_MOUNT_WALL_INVERTED ? 180.0 : 0.0);
+        case Pose::WallRim:
+            turnOnWall(m, sight, 0.0);
+            return shiftFromRim(m, sight);
+        case Pose::WallBowl:
+            turnInPlane(m, sight, 1.0, 0.2);
+            return Mat4_RotateZ(m, 90.0);
+        case Pose::Floor:
+            return turnToPole(m, sight, sight.tilt);
+    }
+}
+
+}  // namespace
+
+View360VR limitedView(const View360VR& view, int mount, int shape) {
+    const Limits& limits = limitsOf(mount, shape);
+    View360VR limited = view;
+    limited.mPan = limits.pan.clamp(view.mPan);
+    limited.mTilt = limits.tilt.clamp(view.mTilt);
+    limited.mZoom = limits.zoom.clamp(view.mZoom);
+    limited.mRoll = limits.roll.clamp(view.mRoll);
+    return limited;
+}
+
+View360VR defaultView(const View360VR& before, int mount, int shape) {
+    const bool isStrip = mount == FOVIX_MOUNT_CEILING && shape == FOVIX_SHAPE_STRIP;
+    const View360VR view = {
+        .mPan = isStrip ? 0.0 : 90.0, .mTilt = defaultTilt(before.mTilt, mount, shape), .mZoom = 90.0};
+    return limitedView(view, mount, shape);
+}
+
+Mat4 screenMatrix(const Scene360VR& scene, int screen, double extraPan) {
+    Sight sight = sightOf(scene, screen, extraPan);
+    Mat4 m;
+    turnMesh(m, sight, poseOf(scene, screen), scene.mount);
+    Mat4_Scale(m, sight.xScale, sight.yScale, -1.0);
+    Mat4_Translate(m, 0.0, 0.0, sight.zOffset);
+    const auto [smaller, larger] = std::minmax(scene.width, scene.height);
+    Mat4_Perspective(m, sight.fov, kNearPlane, kFarPlane, scene.width, scene.height,
+                     static_cast<double>(smaller) / larger);
+    return m;
+}
+
+}  // namespace fovix
