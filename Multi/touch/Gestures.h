@@ -17,16 +17,17 @@ inline constexpr double kSmallestZoom = 0.25;
 /// Limit of a target that turns freely.
 inline constexpr double kNoLimit = std::numeric_limits<double>::max();
 
+inline constexpr float kLargestFloat = std::numeric_limits<float>::max();
+
 /// Pixels from one touch event to the next, in the single precision of the events.
 inline float dragDistance(float from, float to) {
-    constexpr float kLargest = std::numeric_limits<float>::max();
-    return std::clamp(to - from, -kLargest, kLargest);
+    return std::clamp(to - from, -kLargestFloat, kLargestFloat);
 }
 
 /// Distance of two fingers in pixels; never more than a float holds.
 inline double fingerDistance(float x1, float y1, float x2, float y2) {
     const double dx = dragDistance(x1, x2), dy = dragDistance(y1, y2);
-    return std::min<double>(std::sqrt(dx * dx + dy * dy), std::numeric_limits<float>::max());
+    return std::min<double>(std::sqrt(dx * dx + dy * dy), kLargestFloat);
 }
 
 /// A target after a drag of so many degrees at normal size, kept within ±limit. From zoom 2 on the view turns
