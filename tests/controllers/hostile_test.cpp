@@ -65,8 +65,8 @@ void rage(SteeredView& view, float x, float y, const std::string& where) {
 TEST(Hostile, NumbersLeaveAViewThatCanBeMoved) {
     for (const auto& [type, script] : places()) {
         SteeredView view(type);
-        for (const float x : {kLargest, -kLargest, 0.0f, 1e-45f}) {
-            for (const float y : {kLargest, -kLargest, 0.0f}) {
+        for (const float x : {kFloatMax, -kFloatMax, 0.0f, 1e-45f}) {
+            for (const float y : {kFloatMax, -kFloatMax, 0.0f}) {
                 view.play((x > 0 ? "size 1 1 " : "size 0 800 ") + script);
                 rage(view, x, y, script);
             }
@@ -84,8 +84,8 @@ TEST(Hostile, NumbersLeaveAViewThatCanBeMoved) {
 }
 
 TEST(Hostile, ArithmeticStaysFinite) {
-    EXPECT_EQ(kLargest, fingerDistance(-kLargest, -kLargest, kLargest, kLargest));
-    EXPECT_EQ(-kLargest, dragDistance(kLargest, -kLargest));
+    EXPECT_EQ(kFloatMax, fingerDistance(-kFloatMax, -kFloatMax, kFloatMax, kFloatMax));
+    EXPECT_EQ(-kFloatMax, dragDistance(kFloatMax, -kFloatMax));
     EXPECT_EQ(kNoLimit, draggedTarget(kNoLimit, 1e308, 1.0, std::numeric_limits<double>::infinity()));
     EXPECT_EQ(-1e308, easeStep(-1e308, 1e308, false)) << "no infinity on the way";
 }

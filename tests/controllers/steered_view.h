@@ -18,7 +18,7 @@
 
 namespace fovix {
 
-inline constexpr float kLargest = std::numeric_limits<float>::max();
+inline constexpr float kFloatMax = std::numeric_limits<float>::max();
 inline constexpr int kMost = std::numeric_limits<int>::max(), kLeast = std::numeric_limits<int>::min();
 
 /// Angles or offsets and zoom as the model has them; pan, tilt, roll and zoom of the panorama.
