@@ -54,8 +54,8 @@ struct Display {
 };
 using DisplayPtr = std::shared_ptr<const Display>;
 
-/// Rows and columns of the multi-image grid, changed together.
-struct GridSize {
+/// Rows and columns of the multi-image grid, changed together: aligned as the one word that its Cell writes.
+struct alignas(2 * sizeof(int)) GridSize {
     int rows, columns;
 };
 
