@@ -1,4 +1,4 @@
-// Integer arithmetic on numbers that come from a host: never undefined, whatever the values are.
+// Arithmetic on numbers from a host: defined for every value, NaN and the largest included.
 #pragma once
 
 #include <algorithm>
@@ -8,19 +8,20 @@
 
 namespace fovix {
 
+/// The nearest int.
 inline int saturateToInt(std::int64_t value) {
     return static_cast<int>(
         std::clamp<std::int64_t>(value, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
 }
 
-/// Truncates toward zero; what an int cannot hold becomes the nearest int, NaN becomes 0.
+/// Truncates toward zero; values outside an int's range become the nearest int, NaN becomes 0.
 inline int truncateToInt(double value) {
     if (std::isnan(value)) return 0;
     return static_cast<int>(
         std::clamp<double>(value, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
 }
 
-/// Counts on, from the largest int to the smallest.
+/// Increments with wrap-around.
 inline int countUp(int value) {
     return static_cast<int>(static_cast<std::uint32_t>(value) + 1u);
 }
@@ -28,6 +29,11 @@ inline int countUp(int value) {
 template <class... Doubles>
 bool allFinite(Doubles... values) {
     return (std::isfinite(values) && ...);
+}
+
+/// Writes through a getter's pointer; a null pointer is skipped.
+inline void writeIfWanted(double* out, double value) {
+    if (out) *out = value;
 }
 
 }  // namespace fovix

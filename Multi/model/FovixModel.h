@@ -133,9 +133,4 @@ Params& paramsOf(FovixModel& model) {
     return static_cast<Params&>(*model.params);
 }
 
-/// Writes through a getter's pointer unless it is null.
-inline void writeIfWanted(double* out, double value) {
-    if (out) *out = value;
-}
-
 }  // namespace fovix

@@ -1,6 +1,7 @@
 #include "model/FovixModelSinglePIP.h"
 
 #include "base/Diagnostics.h"
+#include "base/Numbers.h"
 #include "model/DrawMesh.h"
 
 namespace fovix {

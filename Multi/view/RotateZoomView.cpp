@@ -1,6 +1,6 @@
 #include "view/RotateZoomView.h"
 
-#include "model/FovixModel.h"
+#include "base/Numbers.h"
 
 namespace fovix {
 
