@@ -12,10 +12,10 @@
 #include <string>
 #include <vector>
 
-#include "GlContext.h"
 #include "Runner.h"
 #include "gl/FovixShaders.h"
 #include "handle/FovixContext.h"
+#include "surface/GlContext.h"
 
 namespace {
 

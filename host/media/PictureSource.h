@@ -7,7 +7,7 @@
 #include <optional>
 #include <string>
 
-#include "lens/LensCircle.h"
+#include "circle/LensCircle.h"
 #include "media/PicturePacker.h"
 #include "sample/SampleScene.h"
 

@@ -5,7 +5,7 @@
 #include <stdexcept>
 
 #include "media/MediaOwners.h"
-#include "media/OutputFile.h"
+#include "output/OutputFile.h"
 
 namespace fovix_host {
 namespace {

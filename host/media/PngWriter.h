@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "media/RgbaImage.h"
+#include "image/RgbaImage.h"
 
 namespace fovix_host {
 

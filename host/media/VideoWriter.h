@@ -7,10 +7,10 @@
 #include <memory>
 #include <string>
 
+#include "image/RgbaImage.h"
 #include "media/MediaOwners.h"
-#include "media/OutputFile.h"
 #include "media/PictureScaler.h"
-#include "media/RgbaImage.h"
+#include "output/OutputFile.h"
 
 namespace fovix_host {
 

@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "lens/CameraFile.h"
-#include "lens/LensText.h"
+#include "circle/CameraFile.h"
+#include "circle/LensText.h"
+#include "cli/CommandLine.h"
+#include "cli/OptionValues.h"
 #include "media/InputName.h"
-#include "options/CommandLine.h"
-#include "options/OptionValues.h"
 #include "options/ViewTypes.h"
 
 namespace fovix_host {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "lens/LensCircle.h"
+#include "circle/LensCircle.h"
 #include "options/ViewOptions.h"
 #include "sample/SampleScene.h"
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <string_view>
 
-#include "options/CommandLine.h"
-#include "options/OptionValues.h"
+#include "cli/CommandLine.h"
+#include "cli/OptionValues.h"
 #include "options/ViewTypes.h"
 
 namespace fovix_host {

@@ -7,7 +7,7 @@
 
 namespace fovix_host {
 
-Player::Player(Input input, const PlayerSettings& settings, PlayerCallbacks callbacks)
+Player::Player(PlayerInput input, const PlayerSettings& settings, PlayerCallbacks callbacks)
     : _control(std::make_unique<PlayerControl>(settings.speed, settings.paused)),
       _loop(std::make_unique<PlayerLoop>(std::move(input), settings, std::move(callbacks), *_control)) {}
 

@@ -2,68 +2,20 @@
 // Nothing here waits for decoding: every call returns at once, from whichever thread.
 #pragma once
 
-#include <climits>
-#include <functional>
 #include <memory>
 #include <optional>
-#include <string>
-#include <variant>
 
-#include "media/PicturePacker.h"
-#include "media/PictureSource.h"
+#include "player/PlayerSettings.h"
+#include "player/PlayerStatus.h"
 
 namespace fovix_host {
 
 class PlayerControl;
 class PlayerLoop;
 
-enum class PlayerState {
-    opening,
-    playing,
-    paused,
-    still,         // the one picture is shown
-    ended,         // the last picture is shown; a seek goes on from there
-    reconnecting,  // waits before it opens the stream again
-    failed         // for good; the message says why
-};
-
-struct PlayerStatus {
-    PlayerState state = PlayerState::opening;
-    int width = 0, height = 0;       // of the picture shown last
-    double position = 0;             // of the picture shown last, or sought, in seconds
-    std::optional<double> duration;  // in seconds; nothing for the sample, a still or a live input
-    bool seekable = false;
-    // Pictures. Those dropped came too late to be worth showing.
-    long decoded = 0, shown = 0, dropped = 0;
-    double picturesPerSecond = 0;  // shown, over the last second
-    std::string message;           // the last one
-};
-
-struct PlayerSettings {
-    PackedFormats formats = PackedFormats::all;
-    int mostAcross = INT_MAX;  // pictures with a longer side are scaled down
-    bool loop = false;
-    bool paused = false;  // from the first picture on
-    double start = 0;     // seconds into the input, where it can be sought
-    double stall = 10;    // seconds without a picture after which a stream counts as lost
-    double speed = 1;     // of the clock: tests play a hundred times as fast
-};
-
-// Called on the player's thread, never after the player is destroyed; they may not destroy it.
-struct PlayerCallbacks {
-    // The picture is valid during the call. What this throws ends the playing: failed.
-    std::function<void(const PackedPicture&)> show;
-    // A sentence for the user: a stream is lost or back, an input cannot be played. May be empty; may not
-    // throw.
-    std::function<void(const std::string&)> message;
-};
-
 class Player {
   public:
-    // An input as MediaReader takes it, or a source, whose pictures are shown at 25 a second.
-    using Input = std::variant<std::string, std::unique_ptr<PictureSource>>;
-
-    Player(Input input, const PlayerSettings& settings, PlayerCallbacks callbacks);
+    Player(PlayerInput input, const PlayerSettings& settings, PlayerCallbacks callbacks);
     ~Player();  // ends the thread, whatever it waits for
     Player(const Player&) = delete;
     Player& operator=(const Player&) = delete;

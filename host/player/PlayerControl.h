@@ -8,8 +8,9 @@
 #include <mutex>
 #include <optional>
 
-#include "player/Player.h"
+#include "media/PicturePacker.h"
 #include "player/PlayerClock.h"
+#include "player/PlayerStatus.h"
 
 namespace fovix_host {
 

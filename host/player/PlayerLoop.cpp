@@ -30,7 +30,7 @@ void interruptSystemCall(std::thread& thread) {
 
 }  // namespace
 
-PlayerLoop::PlayerLoop(Player::Input input, const PlayerSettings& settings, PlayerCallbacks callbacks,
+PlayerLoop::PlayerLoop(PlayerInput input, const PlayerSettings& settings, PlayerCallbacks callbacks,
                        PlayerControl& control)
     : _input(std::move(input)),
       _settings(settings),

@@ -10,12 +10,13 @@
 #include "player/Feed.h"
 #include "player/Pace.h"
 #include "player/PlayerControl.h"
+#include "player/PlayerSettings.h"
 
 namespace fovix_host {
 
 class PlayerLoop {
   public:
-    PlayerLoop(Player::Input input, const PlayerSettings& settings, PlayerCallbacks callbacks,
+    PlayerLoop(PlayerInput input, const PlayerSettings& settings, PlayerCallbacks callbacks,
                PlayerControl& control);
     ~PlayerLoop();
 
@@ -44,7 +45,7 @@ class PlayerLoop {
     void rest(PlayerState state);
     void say(const std::string& message);
 
-    Player::Input _input;
+    PlayerInput _input;
     const PlayerSettings _settings;
     const PlayerCallbacks _callbacks;
     PlayerControl& _control;

@@ -1,17 +1,17 @@
-#include "FindLens.h"
+#include "render/FindLens.h"
 
 #include <cstdio>
 #include <stdexcept>
 
-#include "StopSignals.h"
-#include "lens/LensChoice.h"
-#include "lens/LensInMedia.h"
-#include "lens/LensText.h"
+#include "circle/LensChoice.h"
+#include "circle/LensText.h"
 #include "media/InputName.h"
+#include "media/LensInMedia.h"
+#include "render/StopSignals.h"
 
 namespace fovix_host {
 
-void printLens(const Options& options, OwnOutput& out) {
+void printLens(const RenderOptions& options, OwnOutput& out) {
     const std::string& input = options.input.inputs.front();
     const auto found = findLens(input, [] { return stopSignal() != 0; });
     if (!found) throw std::runtime_error(quotedName(input) + " shows no lens circle");

@@ -1,4 +1,4 @@
-#include "FrameOutput.h"
+#include "render/FrameOutput.h"
 
 #include <algorithm>
 #include <cmath>
@@ -15,7 +15,7 @@ namespace {
 // view.png, or view-0001.png and so on where several are written.
 class PngFiles final : public FrameOutput {
   public:
-    PngFiles(const Options& options, int frames, OwnOutput& out)
+    PngFiles(const RenderOptions& options, int frames, OwnOutput& out)
         : _name(options.output.name), _isNumbered(frames != 1 && options.every != 0), _out(out) {
         _digits = std::max<std::size_t>(4, std::to_string(frames).size());
         if (!_isNumbered) return;
@@ -53,7 +53,7 @@ class PngFiles final : public FrameOutput {
     OwnOutput& _out;
 };
 
-VideoSettings settingsFor(const Options& options, double frameRate) {
+VideoSettings settingsFor(const RenderOptions& options, double frameRate) {
     VideoSettings settings{options.surface.width, options.surface.height,
                            options.output.frameRate.value_or(frameRate)};
     settings.codec = options.output.codec.value_or(settings.codec);
@@ -63,7 +63,7 @@ VideoSettings settingsFor(const Options& options, double frameRate) {
 
 class VideoFile final : public FrameOutput {
   public:
-    VideoFile(const Options& options, double frameRate, OwnOutput& out)
+    VideoFile(const RenderOptions& options, double frameRate, OwnOutput& out)
         : _settings(settingsFor(options, frameRate)),
           _isEven(options.output.frameRate.has_value()),
           _writer(options.output.name, _settings),
@@ -104,7 +104,7 @@ class RawPipe final : public FrameOutput {
 
 }  // namespace
 
-std::unique_ptr<FrameOutput> openOutput(const Options& options, int frames, double frameRate,
+std::unique_ptr<FrameOutput> openOutput(const RenderOptions& options, int frames, double frameRate,
                                         OwnOutput& out) {
     switch (options.output.kind) {
         case OutputKind::video:

@@ -3,9 +3,9 @@
 
 #include <memory>
 
-#include "Options.h"
-#include "OwnOutput.h"
-#include "media/RgbaImage.h"
+#include "image/RgbaImage.h"
+#include "output/OwnOutput.h"
+#include "render/RenderOptions.h"
 
 namespace fovix_host {
 
@@ -21,6 +21,7 @@ class FrameOutput {
 
 // Files are named on out when they are whole. The number of frames is 0 where it is not known, the frame rate
 // that of the inputs. Throws std::runtime_error.
-std::unique_ptr<FrameOutput> openOutput(const Options& options, int frames, double frameRate, OwnOutput& out);
+std::unique_ptr<FrameOutput> openOutput(const RenderOptions& options, int frames, double frameRate,
+                                        OwnOutput& out);
 
 }  // namespace fovix_host

@@ -1,4 +1,4 @@
-#include "Inputs.h"
+#include "render/Inputs.h"
 
 #include <Fovix.h>
 
@@ -7,14 +7,14 @@
 #include <stdexcept>
 #include <utility>
 
-#include "SampleInputs.h"
-#include "ViewLayout.h"
-#include "lens/LensInMedia.h"
-#include "lens/PictureLuma.h"
 #include "media/InputName.h"
+#include "media/LensInMedia.h"
+#include "media/PictureLuma.h"
+#include "setup/SampleInputs.h"
+#include "setup/ViewLayout.h"
 
 namespace fovix_host {
-Inputs::Inputs(const Options& options, const MediaDemands& demands)
+Inputs::Inputs(const RenderOptions& options, const MediaDemands& demands)
     : _options(options), _notify(demands.notify), _interrupted(demands.interrupted) {
     open(demands);
     for (std::size_t i = 0; i < _sources.size(); ++i) {

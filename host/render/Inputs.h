@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "Options.h"
-#include "lens/LensChoice.h"
+#include "circle/LensChoice.h"
 #include "media/PictureSource.h"
+#include "render/RenderOptions.h"
 
 namespace fovix_host {
 
@@ -18,7 +18,7 @@ class Inputs {
   public:
     // Reads the first picture of each; those of a file begin and fit as demanded. Throws std::runtime_error
     // with a sentence that names the input.
-    Inputs(const Options& options, const MediaDemands& demands);
+    Inputs(const RenderOptions& options, const MediaDemands& demands);
 
     // How many there are; none with a script that brings its own pictures.
     int count() const { return static_cast<int>(_sources.size()); }
@@ -48,7 +48,7 @@ class Inputs {
     void sayEnded(std::size_t slot, int framesDrawn, int framesLeft) const;
     void setPicture(VRHANDLE view, int slot, const PackedPicture& picture) const;
 
-    const Options& _options;
+    const RenderOptions& _options;
     std::vector<std::unique_ptr<PictureSource>> _sources;
     std::vector<std::optional<PackedPicture>> _pictures;  // empty where the one before stays
     int _width = 0, _height = 0;                          // of the first one

@@ -1,12 +1,12 @@
-#include "OutputOptions.h"
+#include "render/OutputOptions.h"
 
 #include <algorithm>
 #include <cctype>
 #include <filesystem>
 #include <utility>
 
-#include "options/CommandLine.h"
-#include "options/OptionValues.h"
+#include "cli/CommandLine.h"
+#include "cli/OptionValues.h"
 
 namespace fovix_host {
 namespace {

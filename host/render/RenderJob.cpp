@@ -1,4 +1,4 @@
-#include "RenderJob.h"
+#include "render/RenderJob.h"
 
 #include <Fovix.h>
 #include <unistd.h>
@@ -10,16 +10,16 @@
 #include <stdexcept>
 #include <string>
 
-#include "FrameOutput.h"
-#include "GlContext.h"
-#include "Inputs.h"
-#include "Reporter.h"
-#include "ScriptPlayer.h"
-#include "StopSignals.h"
-#include "View.h"
-#include "ViewSetup.h"
 #include "media/InputName.h"
 #include "media/MediaReader.h"
+#include "render/FrameOutput.h"
+#include "render/Inputs.h"
+#include "render/Reporter.h"
+#include "render/StopSignals.h"
+#include "render/ViewSetup.h"
+#include "render/script/ScriptPlayer.h"
+#include "setup/View.h"
+#include "surface/GlContext.h"
 
 namespace fovix_host {
 namespace {
@@ -41,7 +41,7 @@ std::string nothingWritten(int every, int frames) {
            (frames == 1 ? " frame" : " frames") + "; a smaller number or last does";
 }
 
-Extent knownExtent(const Options& options, const Script& script, const Inputs& inputs) {
+Extent knownExtent(const RenderOptions& options, const Script& script, const Inputs& inputs) {
     Extent extent;
     extent.frames = options.frames;
     extent.settled = options.frames == 0 && options.script.empty();
@@ -62,7 +62,7 @@ Extent knownExtent(const Options& options, const Script& script, const Inputs& i
     return extent;
 }
 
-Extent extentOf(const Options& options, const Script& script, const Inputs& inputs) {
+Extent extentOf(const RenderOptions& options, const Script& script, const Inputs& inputs) {
     const Extent extent = knownExtent(options, script, inputs);
     if (extent.frames > 0 && options.every > extent.frames)
         throw UsageError(nothingWritten(options.every, extent.frames));
@@ -79,7 +79,7 @@ int expectedFrames(const Extent& extent, const Inputs& inputs) {
     return frames <= mostFrames ? std::max(1, static_cast<int>(frames)) : 0;
 }
 
-bool isWritten(const Options& options, int frame, bool isLast) {
+bool isWritten(const RenderOptions& options, int frame, bool isLast) {
     return options.every == 0 ? isLast : (frame + 1) % options.every == 0;
 }
 
@@ -93,14 +93,14 @@ void settle(VRHANDLE handle, const ViewOptions& options, const GlContext& gl) {
     gl.setDrawnPart(gl.width(), gl.height());
 }
 
-Reporter::Amount amountOf(const Options& options) {
+Reporter::Amount amountOf(const RenderOptions& options) {
     return options.quiet     ? Reporter::Amount::nothing
            : options.verbose ? Reporter::Amount::all
                              : Reporter::Amount::notices;
 }
 
 // Files and answers of scripts are listed while frames are drawn.
-bool listsMuch(const Options& options) {
+bool listsMuch(const RenderOptions& options) {
     return options.output.kind == OutputKind::pictures || !options.script.empty();
 }
 
@@ -114,7 +114,7 @@ void describe(Reporter& reporter, const GlContext& gl, const Inputs& inputs) {
 
 class RenderJob {
   public:
-    RenderJob(const Options& options, OwnOutput& out, Reporter& reporter)
+    RenderJob(const RenderOptions& options, OwnOutput& out, Reporter& reporter)
         : _options(options),
           _reporter(reporter),
           _script(options.script.empty() ? Script{} : readScript(options.script)),
@@ -189,7 +189,7 @@ class RenderJob {
                          (isVideo ? "'" + _options.output.name + "' holds " + count : "wrote " + count));
     }
 
-    const Options& _options;
+    const RenderOptions& _options;
     Reporter& _reporter;
     Script _script;
     GlContext _gl;
@@ -202,7 +202,7 @@ class RenderJob {
 
 }  // namespace
 
-void render(const Options& options, OwnOutput& out) {
+void render(const RenderOptions& options, OwnOutput& out) {
     const bool listIsSeen = listsMuch(options) && out.isTerminal();
     Reporter reporter(amountOf(options), !listIsSeen);
     RenderJob(options, out, reporter).run();

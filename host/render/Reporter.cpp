@@ -1,4 +1,4 @@
-#include "Reporter.h"
+#include "render/Reporter.h"
 
 #include <sys/ioctl.h>
 #include <unistd.h>
@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "ProgressLine.h"
+#include "output/ProgressLine.h"
 
 namespace fovix_host {
 namespace {

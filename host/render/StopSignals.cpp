@@ -1,4 +1,4 @@
-#include "StopSignals.h"
+#include "render/StopSignals.h"
 
 #include <csignal>
 #include <cstring>

@@ -1,8 +1,8 @@
-#include "ViewSetup.h"
+#include "render/ViewSetup.h"
 
 #include <Fovix.h>
 
-#include "ViewLayout.h"
+#include "setup/ViewLayout.h"
 
 namespace fovix_host {
 namespace {
@@ -42,13 +42,13 @@ void setScreenView(VRHANDLE handle, int type, const ScreenView& view) {
 
 }  // namespace
 
-View::Creator creatorFor(const Options& options) {
+View::Creator creatorFor(const RenderOptions& options) {
     // Controllers would overwrite the views at every frame; the inset's marker needs its controller.
     const bool steered = !options.view.setsViews() || options.view.type == FOVIX_TYPE_SINGLE_PIP;
     return steered ? Fovix_Create : Fovix_CreateNoTouchEvent;
 }
 
-void setUpView(VRHANDLE handle, const Options& options, const Inputs& inputs) {
+void setUpView(VRHANDLE handle, const RenderOptions& options, const Inputs& inputs) {
     Fovix_Prepare(handle);
     Fovix_Init(handle, options.surface.width, options.surface.height);
     Fovix_SetType(handle, options.view.type);

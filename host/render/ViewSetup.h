@@ -1,18 +1,18 @@
 // Brings a view into the state that the options ask for.
 #pragma once
 
-#include "Inputs.h"
-#include "Options.h"
-#include "View.h"
+#include "render/Inputs.h"
+#include "render/RenderOptions.h"
+#include "setup/View.h"
 
 namespace fovix_host {
 
 // A handle with touch controllers, which have a view of their own for each screen, or without them where the
 // options set the views.
-View::Creator creatorFor(const Options& options);
+View::Creator creatorFor(const RenderOptions& options);
 
 // Needs the GL context current.
-void setUpView(VRHANDLE handle, const Options& options, const Inputs& inputs);
+void setUpView(VRHANDLE handle, const RenderOptions& options, const Inputs& inputs);
 
 // Sets the views that the options name; before each frame, since strips scroll on by themselves.
 void setViews(VRHANDLE handle, const ViewOptions& view);

@@ -7,11 +7,11 @@
 #include <exception>
 #include <string>
 
-#include "FindLens.h"
-#include "Options.h"
-#include "RenderJob.h"
-#include "StopSignals.h"
-#include "options/CommandLine.h"
+#include "cli/CommandLine.h"
+#include "render/FindLens.h"
+#include "render/RenderJob.h"
+#include "render/RenderOptions.h"
+#include "render/StopSignals.h"
 
 namespace {
 
@@ -26,7 +26,7 @@ int complain(const std::exception& problem, int status) {
     return signal != 0 ? stopped + signal : status;
 }
 
-int run(const fovix_host::Options& options) {
+int run(const fovix_host::RenderOptions& options) {
     using namespace fovix_host;
     const bool isPipe = options.output.kind == OutputKind::pipe;
     if (isPipe && isatty(STDOUT_FILENO))
@@ -50,7 +50,7 @@ int run(const fovix_host::Options& options) {
 int main(int argc, char** argv) {
     using namespace fovix_host;
     try {
-        return run(parseOptions(argc, argv));
+        return run(parseRenderOptions(argc, argv));
     } catch (const TextWanted& wanted) {
         return print(wanted, "fovix-render");
     } catch (const ReaderGone&) {

@@ -1,4 +1,4 @@
-#include "CarPark.h"
+#include "sample/CarPark.h"
 
 #include <algorithm>
 #include <array>

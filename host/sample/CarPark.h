@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "Traffic.h"
+#include "sample/Traffic.h"
 
 namespace fovix_host {
 

@@ -1,4 +1,4 @@
-#include "SampleScene.h"
+#include "sample/SampleScene.h"
 
 #include <algorithm>
 #include <cmath>

@@ -8,9 +8,9 @@
 #include <optional>
 #include <vector>
 
-#include "CarPark.h"
-#include "lens/LensCircle.h"
-#include "media/RgbaImage.h"
+#include "circle/LensCircle.h"
+#include "image/RgbaImage.h"
+#include "sample/CarPark.h"
 
 namespace fovix_host {
 

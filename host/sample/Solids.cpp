@@ -1,4 +1,4 @@
-#include "Solids.h"
+#include "sample/Solids.h"
 
 #include <algorithm>
 

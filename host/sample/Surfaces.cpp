@@ -1,4 +1,4 @@
-#include "Surfaces.h"
+#include "sample/Surfaces.h"
 
 #include <algorithm>
 #include <numbers>

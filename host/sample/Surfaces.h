@@ -5,7 +5,7 @@
 #include <array>
 #include <cstdint>
 
-#include "Solids.h"
+#include "sample/Solids.h"
 
 namespace fovix_host {
 

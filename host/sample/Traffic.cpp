@@ -1,4 +1,4 @@
-#include "Traffic.h"
+#include "sample/Traffic.h"
 
 #include <algorithm>
 #include <array>

@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "Surfaces.h"
+#include "sample/Surfaces.h"
 
 namespace fovix_host {
 

@@ -7,9 +7,9 @@
 #include "Drawn.h"
 #include "MediaFiles.h"
 #include "TestFiles.h"
-#include "media/OutputFile.h"
 #include "media/PicturePacker.h"
 #include "media/VideoWriter.h"
+#include "output/OutputFile.h"
 
 using namespace fovix_host;
 

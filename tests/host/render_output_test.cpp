@@ -6,8 +6,8 @@
 
 #include "Drawn.h"
 #include "ProgramRun.h"
-#include "ProgressLine.h"
 #include "media/PictureSource.h"
+#include "output/ProgressLine.h"
 
 using namespace fovix_host;
 

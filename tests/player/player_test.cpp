@@ -35,7 +35,7 @@ PlayerSettings fast(double speed = 100) {
 // A player with what it said and showed.
 class Stage {
   public:
-    explicit Stage(Player::Input input, const PlayerSettings& settings = fast(),
+    explicit Stage(PlayerInput input, const PlayerSettings& settings = fast(),
                    std::function<void()> onShow = {})
         : _onShow(std::move(onShow)),
           player(std::move(input), settings,

@@ -8,12 +8,12 @@
 #include <sstream>
 #include <thread>
 
-#include "GlContext.h"
 #include "TestFiles.h"
-#include "View.h"
 #include "media/PngWriter.h"
-#include "view/LibraryCalls.h"
-#include "view/ViewKeys.h"
+#include "setup/View.h"
+#include "surface/GlContext.h"
+#include "viewer/aim/LibraryCalls.h"
+#include "viewer/state/ViewKeys.h"
 
 using namespace fovix_host;
 

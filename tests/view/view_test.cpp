@@ -9,13 +9,13 @@
 #include <set>
 #include <sstream>
 
-#include "view/Gestures.h"
-#include "view/Keys.h"
-#include "view/Options.h"
-#include "view/PositionMap.h"
-#include "view/StepClock.h"
-#include "view/SurfaceScale.h"
-#include "view/ViewChoices.h"
+#include "viewer/aim/PositionMap.h"
+#include "viewer/options/ViewerOptions.h"
+#include "viewer/pointer/Gestures.h"
+#include "viewer/state/Keys.h"
+#include "viewer/state/ViewChoices.h"
+#include "viewer/window/StepClock.h"
+#include "viewer/window/SurfaceScale.h"
 
 using namespace fovix_host;
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "media/RgbaImage.h"
+#include "image/RgbaImage.h"
 
 // A program that ends with its owner, or with the test.
 class ChildProcess {

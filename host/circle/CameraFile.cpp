@@ -1,0 +1,90 @@
+#include "circle/CameraFile.h"
+
+#include <cstdlib>
+#include <fstream>
+#include <stdexcept>
+
+#include "circle/LensText.h"
+#include "output/OutputFile.h"
+
+namespace fovix_host {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view right =
+    "it wants 'lens = CX,CY,RADIUS,W,H', for example 'lens = 960,960,940,1920,1920'";
+
+fs::path folderIn(const char* variable) {
+    const char* value = std::getenv(variable);
+    const fs::path folder = value ? value : "";
+    return folder.is_absolute() ? folder : fs::path();  // relative ones are to be ignored
+}
+
+fs::path configurationFolder() {
+    if (const fs::path folder = folderIn("XDG_CONFIG_HOME"); !folder.empty()) return folder;
+    if (const fs::path home = folderIn("HOME"); !home.empty()) return home / ".config";
+    throw std::runtime_error(
+        "no folder for camera files; set HOME or XDG_CONFIG_HOME to the path of a folder from / on");
+}
+
+std::string_view trimmed(std::string_view text) {
+    constexpr std::string_view blanks = " \t\r";
+    const std::size_t first = text.find_first_not_of(blanks);
+    if (first == text.npos) return {};
+    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+}  // namespace
+
+bool isCameraName(std::string_view name) {
+    constexpr std::string_view allowed = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789.-_";
+    constexpr std::size_t longest = 100;
+    return !name.empty() && name.size() <= longest && name.find_first_not_of(allowed) == name.npos;
+}
+
+CameraFile::CameraFile(const std::string& name)
+    : _name(name), _path(configurationFolder() / "fovix" / "cameras" / (name + ".conf")) {}
+
+std::optional<LensCircle> CameraFile::read() const {
+    std::error_code ignored;
+    if (!fs::exists(_path, ignored)) return std::nullopt;
+    const auto fail = [&](const std::string& why) {
+        throw std::runtime_error("'" + _path.string() + "' " + why + std::string(right));
+    };
+    std::ifstream file(_path);
+    if (!fs::is_regular_file(_path, ignored) || !file)
+        throw std::runtime_error("'" + _path.string() + "' cannot be read; it should be a text file");
+    std::optional<LensCircle> lens;
+    int number = 0;
+    for (std::string text; std::getline(file, text);) {
+        ++number;
+        const std::string_view line = trimmed(text);
+        if (line.empty() || line.starts_with('#')) continue;
+        const std::size_t equals = line.find('=');
+        const bool isLens = equals != line.npos && trimmed(line.substr(0, equals)) == "lens";
+        const auto value = isLens ? lensIn(trimmed(line.substr(equals + 1))) : std::nullopt;
+        if (!value) fail("has a wrong line " + std::to_string(number) + "; ");
+        if (lens) fail("has a second lens in line " + std::to_string(number) + "; ");
+        lens = value;
+    }
+    if (!lens) fail("has no line with the lens; ");
+    return lens;
+}
+
+void CameraFile::keep(const LensCircle& lens) const {
+    std::error_code problem;
+    fs::create_directories(_path.parent_path(), problem);
+    if (problem)
+        throw std::runtime_error("cannot make the folder '" + _path.parent_path().string() +
+                                 "': " + problem.message());
+    const std::string text = "# Camera " + _name +
+                             ": centre x, centre y and radius of its lens circle in pixels, width and "
+                             "height of the image they refer to.\nlens = " +
+                             textOf(lens) + "\n";
+    OutputFile file(_path.string());
+    file.write(text.data(), text.size());
+    file.keep();
+}
+
+}  // namespace fovix_host

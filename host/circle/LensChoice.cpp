@@ -1,0 +1,55 @@
+#include "circle/LensChoice.h"
+
+#include <algorithm>
+
+#include "circle/CameraFile.h"
+#include "circle/LensText.h"
+
+namespace fovix_host {
+namespace {
+
+// Says what was kept; nothing without a camera.
+std::string kept(const LensRequest& request, const LensCircle& lens) {
+    if (request.camera.empty()) return {};
+    const CameraFile file(request.camera);
+    file.keep(lens);
+    return "kept in '" + file.path().string() + "'";
+}
+
+}  // namespace
+
+std::optional<LensChoice> lensAtHand(const LensRequest& request) {
+    if (request.given) {
+        const std::string where = kept(request, *request.given);
+        return LensChoice{request.given,
+                          where.empty() ? "" : "lens circle " + textOf(*request.given) + " " + where};
+    }
+    if (request.camera.empty()) return std::nullopt;
+    const CameraFile file(request.camera);
+    const auto lens = file.read();
+    if (!lens) return std::nullopt;
+    return LensChoice{lens, "lens circle " + textOf(*lens) + " from '" + file.path().string() + "'"};
+}
+
+LensChoice lensAfterSearch(const LensRequest& request, const std::optional<FoundLens>& found) {
+    if (!found || !found->isSure())
+        return {std::nullopt, "no lens circle found" +
+                                  (found ? " (confidence " + found->percent() + ")" : "") +
+                                  ", so one in the middle of the picture is assumed; --lens sets it"};
+    const std::string where = kept(request, found->circle);
+    return {found->circle, "lens circle " + textOf(found->circle) + " found, confidence " + found->percent() +
+                               (where.empty() ? "" : ", and " + where) + "; --lens sets another"};
+}
+
+std::string misfitOf(const LensCircle& lens, int width, int height) {
+    constexpr double sameAs = 1.02;  // encoders cut or add a few rows
+    const double across = static_cast<double>(width) / lens.imageWidth;
+    const double down = static_cast<double>(height) / lens.imageHeight;
+    if (std::max(across, down) <= sameAs * std::min(across, down)) return {};
+    const std::string size = std::to_string(width) + "," + std::to_string(height);
+    return "lens circle " + textOf(lens) + " is that of an image with other proportions than the picture's " +
+           std::to_string(width) + "x" + std::to_string(height) + "; --lens CX,CY,RADIUS," + size +
+           " would be right";
+}
+
+}  // namespace fovix_host

@@ -1,0 +1,20 @@
+// A lens circle as people write and read it: CX,CY,RADIUS,W,H.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "circle/LensCircle.h"
+
+namespace fovix_host {
+
+// What lensIn takes, for sentences that refuse something else.
+constexpr std::string_view lensWanted =
+    "five whole numbers above 0 with commas between: centre x, centre y and radius of the lens circle, width "
+    "and height of the image they refer to";
+
+std::optional<LensCircle> lensIn(std::string_view text);
+std::string textOf(const LensCircle& lens);
+
+}  // namespace fovix_host

@@ -1,0 +1,59 @@
+#include "media/LensInMedia.h"
+
+#include <bit>
+#include <stdexcept>
+
+#include "media/PictureLuma.h"
+
+namespace fovix_host {
+namespace {
+
+// Looks at the 1st, 2nd, 4th, 8th... of so many pictures: decoding is the larger part of the work, and
+// pictures that follow each other closely show the same.
+class SpreadLook {
+  public:
+    SpreadLook(MediaReader& reader, const MediaReader::Interrupted& interrupted)
+        : _reader(reader), _interrupted(interrupted) {}
+
+    void lookAt(unsigned int pictures, LensFinder& finder) {
+        constexpr double longEnough = 60.0;  // seconds
+        for (unsigned int number = 1; number <= pictures && _reader.seconds() < longEnough; ++number) {
+            const AVFrame* frame = _reader.next();
+            if (_interrupted && _interrupted())
+                throw std::runtime_error("the search for the lens circle in '" + _reader.input() +
+                                         "' was interrupted");
+            if (!frame) return;
+            if (!std::has_single_bit(number)) continue;
+            const auto luma = lumaOf(*frame);
+            finder.add(luma ? *luma : packed(*frame));
+        }
+    }
+
+  private:
+    LumaView packed(const AVFrame& frame) try {
+        return lumaOf(_packer.pack(frame));
+    } catch (const std::runtime_error& problem) {
+        throw std::runtime_error("'" + _reader.input() + "' cannot be shown: " + problem.what());
+    }
+
+    MediaReader& _reader;
+    const MediaReader::Interrupted& _interrupted;
+    PicturePacker _packer;
+};
+
+}  // namespace
+
+std::optional<FoundLens> findLens(const std::string& input, const MediaReader::Interrupted& interrupted) {
+    MediaReader reader(input, interrupted);
+    LensFinder finder;
+    SpreadLook look(reader, interrupted);
+    constexpr unsigned int inARow = 8, keyPictures = 32, live = 64;
+    look.lookAt(reader.isLive() ? live : inARow, finder);
+    if (!reader.isLive() && !reader.isStill()) {
+        reader.onlyKeyPictures();
+        look.lookAt(keyPictures, finder);
+    }
+    return finder.result();
+}
+
+}  // namespace fovix_host

@@ -1,0 +1,84 @@
+#include "render/script/ScriptPictures.h"
+
+#include <Fovix.h>
+
+#include <algorithm>
+#include <array>
+#include <stdexcept>
+
+namespace fovix_host {
+namespace {
+
+std::unique_ptr<PictureSource> open(const std::string& name, const MediaDemands& demands) {
+    using enum SampleScene::Camera;
+    if (name == "sample") return openSample(ceiling, sampleSize, sampleSize);
+    if (name == "sample=wall") return openSample(wall, sampleSize, sampleSize);
+    if (name == "sample=two-lenses") return openStackedSample(wall, ceiling, sampleSize, sampleSize);
+    return openMedia(name, demands);
+}
+
+AVPixelFormat mediaFormat(int pixelFormat) {
+    switch (pixelFormat) {
+        case FOVIX_FORMAT_YUV420P:
+            return AV_PIX_FMT_YUV420P;
+        case FOVIX_FORMAT_NV12:
+            return AV_PIX_FMT_NV12;
+        case FOVIX_FORMAT_NV21:
+            return AV_PIX_FMT_NV21;
+        default:
+            return AV_PIX_FMT_RGBA;
+    }
+}
+
+// A frame whose planes are those of a packed picture.
+AVFrame frameOver(int pixelFormat, const unsigned char* bytes, int width, int height) {
+    AVFrame frame{};
+    frame.format = mediaFormat(pixelFormat);
+    frame.width = width;
+    frame.height = height;
+    frame.colorspace = AVCOL_SPC_UNSPECIFIED;
+    auto* first = const_cast<unsigned char*>(bytes);  // a frame that is read has no type of its own
+    const std::size_t luma = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
+    const std::array<std::uint8_t*, 3> planes{first, first + luma, first + luma + luma / 4};
+    const int pairs = width / 2 * 2;
+    const auto set = [&](std::size_t count, const std::array<int, 3>& rowBytes) {
+        std::copy_n(planes.begin(), count, frame.data);
+        std::copy_n(rowBytes.begin(), count, frame.linesize);
+    };
+    if (pixelFormat == FOVIX_FORMAT_RGBA)
+        set(1, {4 * width});
+    else if (pixelFormat == FOVIX_FORMAT_YUV420P)
+        set(3, {width, width / 2, width / 2});
+    else
+        set(2, {width, pairs});
+    return frame;
+}
+
+}  // namespace
+
+PackedPicture ScriptPictures::next(const std::string& name) {
+    std::unique_ptr<PictureSource>& source = _sources[name];
+    if (source)
+        if (const auto picture = source->next()) return *picture;
+    source = open(name, _demands);
+    if (const auto picture = source->next()) return *picture;
+    throw std::runtime_error("'" + name + "' holds no picture");
+}
+
+PackedPicture ScriptPictures::next(const std::string& name, int pixelFormat) {
+    const PackedPicture picture = next(name);
+    if (picture.pixelFormat == pixelFormat) return picture;
+
+    const int width = picture.width / 2 * 2, height = picture.height / 2 * 2;
+    constexpr std::size_t slack = 64;  // see PictureScaler
+    _converted.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 4 + slack);
+    AVFrame from = frameOver(picture.pixelFormat, picture.data, picture.width, picture.height);
+    from.width = width;
+    from.height = height;
+    AVFrame to = frameOver(pixelFormat, _converted.data(), width, height);
+    _scaler.scale(from, to);
+    const int size = pixelFormat == FOVIX_FORMAT_RGBA ? 4 * width * height : width * height * 3 / 2;
+    return {pixelFormat, _converted.data(), size, width, height};
+}
+
+}  // namespace fovix_host

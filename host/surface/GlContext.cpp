@@ -1,0 +1,144 @@
+#include "surface/GlContext.h"
+
+#include <EGL/egl.h>
+#include <EGL/eglext.h>
+#include <GL/gl.h>
+
+#include <cstdlib>
+#include <stdexcept>
+#include <string_view>
+
+#include "surface/SurfacePixels.h"
+
+namespace fovix_host {
+
+struct GlContext::Handles {
+    EGLDisplay display = EGL_NO_DISPLAY;
+    EGLSurface surface = EGL_NO_SURFACE;
+    EGLContext context = EGL_NO_CONTEXT;
+
+    ~Handles() {
+        if (display == EGL_NO_DISPLAY) return;
+        eglMakeCurrent(display, EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT);
+        if (context != EGL_NO_CONTEXT) eglDestroyContext(display, context);
+        if (surface != EGL_NO_SURFACE) eglDestroySurface(display, surface);
+        // The display stays open: closing it would take every other context of the process along.
+    }
+};
+
+namespace {
+
+constexpr const char* installHint =
+    "; install a GL driver, on Debian the packages libegl1 and libgl1-mesa-dri (software rendering is "
+    "enough)";
+
+bool hasSurfacelessPlatform() {
+    const char* names = eglQueryString(EGL_NO_DISPLAY, EGL_EXTENSIONS);
+    return names && std::string_view(names).find("EGL_MESA_platform_surfaceless") != std::string_view::npos;
+}
+
+EGLDisplay initialised(EGLDisplay display) {
+    const bool works = display != EGL_NO_DISPLAY && eglInitialize(display, nullptr, nullptr);
+    return works ? display : EGL_NO_DISPLAY;
+}
+
+EGLDisplay openDisplay() {
+    // What fails is said once, by the caller of this class, and not by the driver as well.
+    setenv("EGL_LOG_LEVEL", "fatal", 0);
+    EGLDisplay display = EGL_NO_DISPLAY;
+    if (hasSurfacelessPlatform())
+        display =
+            initialised(eglGetPlatformDisplay(EGL_PLATFORM_SURFACELESS_MESA, EGL_DEFAULT_DISPLAY, nullptr));
+    if (display == EGL_NO_DISPLAY) display = initialised(eglGetDisplay(EGL_DEFAULT_DISPLAY));
+    if (display == EGL_NO_DISPLAY)
+        throw std::runtime_error(std::string("no OpenGL: EGL finds no display") + installHint);
+    return display;
+}
+
+EGLConfig chooseConfig(EGLDisplay display) {
+    constexpr EGLint wanted[] = {EGL_SURFACE_TYPE,
+                                 EGL_PBUFFER_BIT,
+                                 EGL_RENDERABLE_TYPE,
+                                 EGL_OPENGL_BIT,
+                                 EGL_RED_SIZE,
+                                 8,
+                                 EGL_GREEN_SIZE,
+                                 8,
+                                 EGL_BLUE_SIZE,
+                                 8,
+                                 EGL_DEPTH_SIZE,
+                                 24,
+                                 EGL_NONE};
+    EGLConfig config = nullptr;
+    EGLint found = 0;
+    if (!eglBindAPI(EGL_OPENGL_API) || !eglChooseConfig(display, wanted, &config, 1, &found) || found < 1)
+        throw std::runtime_error(
+            std::string("no OpenGL: the driver draws no off-screen surfaces with 8 bits per colour") +
+            installHint);
+    return config;
+}
+
+[[noreturn]] void failSize(int width, int height, int mostWidth, int mostHeight) {
+    throw std::runtime_error("a surface of " + std::to_string(width) + "x" + std::to_string(height) +
+                             " pixels is more than this GL draws; the largest is " +
+                             std::to_string(mostWidth) + "x" + std::to_string(mostHeight));
+}
+
+EGLSurface makeSurface(EGLDisplay display, EGLConfig config, int width, int height) {
+    EGLint mostWidth = 0;
+    EGLint mostHeight = 0;
+    eglGetConfigAttrib(display, config, EGL_MAX_PBUFFER_WIDTH, &mostWidth);
+    eglGetConfigAttrib(display, config, EGL_MAX_PBUFFER_HEIGHT, &mostHeight);
+    if (width > mostWidth || height > mostHeight) failSize(width, height, mostWidth, mostHeight);
+    const EGLint size[] = {EGL_WIDTH, width, EGL_HEIGHT, height, EGL_NONE};
+    const EGLSurface surface = eglCreatePbufferSurface(display, config, size);
+    if (surface == EGL_NO_SURFACE)
+        throw std::runtime_error("the GL cannot make a surface of " + std::to_string(width) + "x" +
+                                 std::to_string(height) + " pixels; a smaller one may work");
+    return surface;
+}
+
+}  // namespace
+
+GlContext::GlContext(int width, int height)
+    : _egl(std::make_unique<Handles>()), _width(width), _height(height) {
+    _egl->display = openDisplay();
+    const EGLConfig config = chooseConfig(_egl->display);
+    _egl->surface = makeSurface(_egl->display, config, width, height);
+    // Without attributes the driver gives its newest compatibility profile.
+    _egl->context = eglCreateContext(_egl->display, config, EGL_NO_CONTEXT, nullptr);
+    if (_egl->context == EGL_NO_CONTEXT ||
+        !eglMakeCurrent(_egl->display, _egl->surface, _egl->surface, _egl->context))
+        throw std::runtime_error(std::string("no OpenGL: the driver makes no desktop GL context") +
+                                 installHint);
+    GLint most[2] = {0, 0};
+    glGetIntegerv(GL_MAX_VIEWPORT_DIMS, most);
+    if (width > most[0] || height > most[1]) failSize(width, height, most[0], most[1]);
+}
+
+GlContext::~GlContext() = default;
+
+RgbaImage GlContext::readPixels() const {
+    return readSurface(_width, _height);
+}
+
+void GlContext::setDrawnPart(int width, int height) const {
+    glEnable(GL_SCISSOR_TEST);
+    glScissor(0, 0, width, height);
+}
+
+int GlContext::maxTextureSize() const {
+    GLint size = 0;
+    glGetIntegerv(GL_MAX_TEXTURE_SIZE, &size);
+    return size;
+}
+
+std::string GlContext::description() const {
+    const auto text = [](GLenum name) {
+        const GLubyte* words = glGetString(name);
+        return words ? std::string(reinterpret_cast<const char*>(words)) : std::string("unknown");
+    };
+    return text(GL_RENDERER) + ", OpenGL " + text(GL_VERSION);
+}
+
+}  // namespace fovix_host

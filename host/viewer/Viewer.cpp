@@ -1,0 +1,307 @@
+#include "viewer/Viewer.h"
+
+#include <SDL_opengl.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <utility>
+
+#include "media/InputName.h"
+#include "media/PngWriter.h"
+#include "viewer/Screenshot.h"
+#include "viewer/state/ViewKeys.h"
+#include "viewer/window/Sensors.h"
+
+namespace fovix_host {
+namespace {
+
+// How long a view may move after what happened without its angles telling: the longest change of a layout.
+constexpr double settles = 1.6;  // seconds
+constexpr double movesOn = 0.1;  // after its angles changed
+constexpr double numbersEvery = 0.5;
+
+std::string titleOf(const ViewerOptions& options) {
+    if (options.input.inputs.empty()) return "sample - fovix-view";
+    return shownName(options.input.inputs.front()) + " - fovix-view";
+}
+
+void warn(const std::string& text) {
+    std::fprintf(stderr, "fovix-view: %s\n", text.c_str());
+}
+
+}  // namespace
+
+Viewer::Viewer(const ViewerOptions& options, OwnOutput& out)
+    : _options(options),
+      _out(out),
+      _window(titleOf(options), options.window, options.fullScreen),
+      _view(Fovix_Create),
+      _shown(_view.handle(), options, _playback),
+      _calls(
+          _view.handle(), [this]() -> Pictures& { return _playback->pictures(); }, _shown, _scale,
+          [this](const std::string& word) { say(word); }),
+      _gestures(_calls),
+      _overlay(Font::open()) {
+    Fovix_Prepare(_view.handle());
+    resize();
+    _playback = std::make_unique<Playback>(
+        _options, Playback::Host{_view.handle(), _window.maxTextureSize(), wakeEventLoop});
+    _shown.reset();
+    if (_options.sensors && !openAccelerometers()) {
+        warn("no accelerometer is found; --sensors has nothing to steer by");
+        say("no accelerometer");
+    }
+}
+
+int Viewer::run() {
+    while (!_quit) {
+        handleEvents();
+        _gestures.tick(secondsNow());
+        resize();
+        followPlayback();
+        draw();
+    }
+    return _status;
+}
+
+// Events
+
+int Viewer::waitMilliseconds() const {
+    constexpr int resting = 200;
+    const double now = secondsNow();
+    if (!_window.isVisible()) return resting;
+    const bool moves = _drawWanted || _gestures.isWheelTurning() || now < _movesUntil;
+    if (moves) return static_cast<int>(std::ceil(_clock.untilNext(now) * 1000));
+    return resting;
+}
+
+void Viewer::handleEvents() {
+    SDL_Event event;
+    if (SDL_WaitEventTimeout(&event, waitMilliseconds()) == 0) return;
+    do {
+        if (const auto read = _events.read(event, _scale))
+            std::visit([this](const auto& known) { handle(known); }, *read);
+    } while (!_quit && SDL_PollEvent(&event) != 0);
+}
+
+void Viewer::handle(const PointerEvent& event) {
+    const bool isHover = event.kind == PointerEvent::Kind::move && !_gestures.isDown();
+    if (isHover) return;
+    const bool grasps = event.kind != PointerEvent::Kind::move && event.kind != PointerEvent::Kind::cancel;
+    if (grasps) _shown.stopCruise();
+    _gestures.handle(event);
+    wake(settles);
+}
+
+void Viewer::handle(const KeyEvent& event) {
+    const Key* key = keyNamed(event.name);
+    if (!key || (event.repeated && !key->repeats)) return;
+    perform(*key);
+    wake(settles);
+}
+
+void Viewer::handle(const DropEvent& event) {
+    try {
+        auto playback = std::make_unique<Playback>(
+            event.file, _options, Playback::Host{_view.handle(), _window.maxTextureSize(), wakeEventLoop});
+        _playback = std::move(playback);
+        _pictureSize = {};
+        _window.setTitle(shownName(event.file) + " - fovix-view");
+        _gestures.forget();
+        _shown.apply();
+        _shown.setLens(std::nullopt);
+    } catch (const std::exception& problem) {
+        tell(problem.what());
+    }
+    wake(settles);
+}
+
+void Viewer::handle(const SensorEvent& event) {
+    steerByAcceleration(_view.handle(), event.x, event.y);
+    wake(settles);
+}
+
+void Viewer::handle(WindowEvent event) {
+    if (event == WindowEvent::quit) _quit = true;
+    if (event != WindowEvent::exposed) return;
+    resize();  // what is waiting behind this event counts in the new size
+    _drawWanted = true;
+}
+
+// Keys
+
+void Viewer::perform(const Key& key) {
+    switch (key.action) {
+        case Action::pause:
+        case Action::seek:
+        case Action::step:
+            return performOnPlayback(key);
+        case Action::fullScreen:
+            return _window.setFullScreen(!_window.isFullScreen());
+        case Action::screenshot:
+            return saveScreenshot();
+        case Action::statistics:
+            _numbersShown = !_numbersShown;
+            return updateNumbers();
+        case Action::help:
+            return _overlay.toggleHelp();
+        case Action::leave:
+            return leave();
+        case Action::quit:
+            _quit = true;
+            return;
+        default:
+            return performOnView(key);
+    }
+}
+
+void Viewer::performOnView(const Key& key) {
+    const bool begins =
+        key.action != Action::cruise && key.action != Action::cruiseSpeed && key.action != Action::background;
+    if (begins) _gestures.forget();
+    if (const std::string word = changeView(_shown, key); !word.empty()) say(word);
+}
+
+void Viewer::performOnPlayback(const Key& key) {
+    if (key.action == Action::pause) {
+        _playback->togglePause();
+        return say(_playback->isPaused() ? "paused" : "playing");
+    }
+    if (key.action == Action::step) return _playback->step();
+    if (!_playback->seekBy(key.amount)) return say("no other place to go to here");
+    say(key.amount < 0 ? std::to_string(-key.amount) + " s back" : std::to_string(key.amount) + " s on");
+}
+
+void Viewer::leave() {
+    if (_overlay.isHelpShown())
+        _overlay.toggleHelp();
+    else if (_window.isFullScreen())
+        _window.setFullScreen(false);
+    else
+        _quit = true;
+}
+
+void Viewer::saveScreenshot() {
+    try {
+        const std::string name = screenshotName();
+        drawView();
+        writePng(name, _window.readPixels());
+        say("saved " + name);
+        _out.line(name);
+    } catch (const ReaderGone&) {
+    } catch (const std::exception& problem) {
+        tell(problem.what());
+    }
+}
+
+// Following what is played
+
+void Viewer::followPlayback() {
+    if (_playback->pictures().takeNew()) _drawWanted = true;
+    if (const Pictures::Size size = _playback->pictures().size(); size != _pictureSize) {
+        _pictureSize = size;
+        _shown.applyLens();
+        checkLens();
+        wake(settles);
+    }
+    followLens();
+    const bool ended = _playback->hasEnded();  // asked first: what it said last comes before it has ended
+    for (const std::string& message : _playback->takeMessages()) tell(message);
+    if (_numbersShown && secondsNow() - _numbersSince >= numbersEvery) updateNumbers();
+    if (_options.keepOpen || !ended) return;
+    _quit = true;
+    if (_playback->hasFailed()) _status = 1;
+}
+
+void Viewer::followLens() {
+    try {
+        const auto choice = _playback->takeLens();
+        if (!choice) return;
+        if (!choice->remark.empty()) warn(choice->remark);
+        _shown.setLens(choice->lens);
+        checkLens();
+        wake(settles);
+    } catch (const std::exception& problem) {
+        tell(problem.what());
+    }
+}
+
+void Viewer::checkLens() {
+    if (const std::string misfit = _shown.misfit(); !misfit.empty()) tell(misfit);
+}
+
+void Viewer::updateNumbers() {
+    const double now = secondsNow();
+    const double framesPerSecond = _framesSince / std::max(now - _numbersSince, 0.001);
+    _numbersSince = now;
+    _framesSince = 0;
+    _drawWanted = true;
+    if (!_numbersShown) return _overlay.setNumbers("");
+    const PlayerStatus status = _playback->status();
+    char text[160];
+    std::snprintf(text, sizeof text, "%dx%d   %.1f pictures/s   %ld dropped   %.0f frames/s   %.1f s",
+                  status.width, status.height, status.picturesPerSecond, _playback->dropped(),
+                  framesPerSecond, status.position);
+    _overlay.setNumbers(text);
+}
+
+// Drawing
+
+// Asked anew each time: not every window system tells every change.
+void Viewer::resize() {
+    const SurfaceScale scale = _window.scale();
+    if (scale == _scale) return;
+    _scale = scale;
+    Fovix_SetPPIZoom(scale.ppiZoom);
+    Fovix_Init(_view.handle(), scale.width, scale.height);
+    wake(settles);
+}
+
+void Viewer::draw() {
+    const double now = secondsNow();
+    if (!_window.isVisible()) return;
+    const bool moves = now < _movesUntil;
+    if (!moves && !_drawWanted) return;
+    if (!moves) _clock.restart(now);
+    const int steps = _clock.due(now);
+    if (steps == 0) return;
+    drawHidden(steps - 1);
+    drawView();
+    _overlay.draw(_scale, _gestures.band(), now);
+    _window.present();
+    ++_framesSince;
+    _drawWanted = false;
+    if (_watch.hasMoved(_view.handle())) wake(movesOn);
+}
+
+// Steps that the display is too slow to show; a pixel of them is enough.
+void Viewer::drawHidden(int steps) {
+    if (steps < 1) return;
+    glEnable(GL_SCISSOR_TEST);
+    glScissor(0, 0, 1, 1);
+    for (int i = 0; i < steps; ++i) drawView();
+    glDisable(GL_SCISSOR_TEST);
+}
+
+void Viewer::drawView() {
+    Fovix_Drawself(_view.handle());
+}
+
+void Viewer::say(const std::string& word) {
+    _overlay.say(word, secondsNow());
+    wake(Overlay::wordSeconds);
+}
+
+void Viewer::tell(const std::string& text) {
+    warn(text);
+    say(text);
+}
+
+void Viewer::wake(double seconds) {
+    const double now = secondsNow();
+    if (now >= _movesUntil) _clock.restart(now);
+    _movesUntil = std::max(_movesUntil, now + seconds);
+}
+
+}  // namespace fovix_host

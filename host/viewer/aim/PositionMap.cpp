@@ -1,0 +1,42 @@
+#include "viewer/aim/PositionMap.h"
+
+#include <cstdlib>
+#include <vector>
+
+namespace fovix_host {
+namespace {
+
+constexpr int most = 255;
+constexpr int mark = 170;  // neither that of black surroundings nor of white lines
+
+std::vector<std::uint8_t> ramp(int size) {
+    std::vector<std::uint8_t> values;
+    values.reserve(static_cast<std::size_t>(size));
+    for (int i = 0; i < size; ++i) values.push_back(static_cast<std::uint8_t>((i + 0.5) / size * most + 0.5));
+    return values;
+}
+
+}  // namespace
+
+RgbaImage PositionMap::picture() const {
+    RgbaImage image(_width, _height);
+    const std::vector<std::uint8_t> across = ramp(_width), down = ramp(_height);
+    std::uint8_t* to = image.pixels.data();
+    for (const std::uint8_t y : down)
+        for (const std::uint8_t x : across) {
+            *to++ = x;
+            *to++ = y;
+            *to++ = mark;
+            *to++ = most;
+        }
+    return image;
+}
+
+std::optional<PictureSpot> PositionMap::spot(const Colour& colour) const {
+    constexpr int tolerance = 3;
+    if (std::abs(colour[2] - mark) > tolerance) return std::nullopt;
+    return PictureSpot{colour[0] * static_cast<double>(_width) / most,
+                       colour[1] * static_cast<double>(_height) / most};
+}
+
+}  // namespace fovix_host

@@ -1,0 +1,71 @@
+#include "viewer/options/ViewerOptions.h"
+
+#include <algorithm>
+
+#include "cli/CommandLine.h"
+#include "cli/OptionValues.h"
+#include "options/ViewTypes.h"
+
+namespace fovix_host {
+namespace {
+
+SurfaceSize parseWindowSize(const std::string& text) {
+    constexpr int most = 16384;  // of SDL
+    const SurfaceSize size = parseSize(text);
+    if (std::max(size.width, size.height) > most)
+        refuse("--size", text, "a window that SDL can open, of at most 16384x16384 pixels");
+    return size;
+}
+
+void describeViewer(CommandLine& line, ViewerOptions& options) {
+    line.addText("--size", "WxH", "size of the window [1280x720]",
+                 [&](const std::string& value) { options.window = parseWindowSize(value); });
+    line.addText("--background", "RRGGBB", "colour around the picture [000000]",
+                 [&](const std::string& value) { options.background = parseBackground(value); });
+    line.addText("--start", "TIME", "begin there in a video; seconds or [H:]M:S",
+                 [&](const std::string& value) { options.start = parseTime("--start", value); });
+    line.addFlag("--full-screen", "without a window's frame", options.fullScreen);
+    line.addFlag("--loop", "play videos again and again", options.loop);
+    line.addFlag("--keep-open", "stay open at the end of a video", options.keepOpen);
+    line.addFlag("--sensors", "steer by tilting the device", options.sensors);
+    line.addList("--list", "list types, mounts, shapes and draw modes", namesToList);
+    line.addFlag("--verbose", "show the library's diagnostics (standard error)", options.verbose);
+}
+
+// People come to look round; several inputs are there to be seen side by side.
+void chooseType(ViewTexts& texts, const InputOptions& input) {
+    if (!texts.type.empty()) return;
+    texts.type = !texts.showLens.empty()                          ? "lenses"
+                 : input.inputs.size() > 1 || !texts.grid.empty() ? "grid"
+                                                                  : "360";
+}
+
+}  // namespace
+
+ViewerOptions parseViewerOptions(int argc, const char* const* argv) {
+    ViewerOptions options;
+    ViewTexts texts;
+    CommandLine line("fovix-view",
+                     "Shows fisheye pictures, videos, streams and cameras as views to look round in.",
+                     "Keys: ? shows them all; q quits.\n"
+                     "Examples:\n"
+                     "  fovix-view --sample\n"
+                     "  fovix-view rtsp://camera/live --mount wall\n"
+                     "  fovix-view hall.mp4 --loop --shape four-screens");
+    describeInputOptions(line, options.input);
+    describeViewOptions(line, texts, ViewOptionSet::layout);
+    describeViewer(line, options);
+    line.parse(argc, argv);
+    chooseType(texts, options.input);
+    const bool onWall = options.input.sample == SampleScene::Camera::wall;
+    if (onWall && texts.type == "360" && texts.mount.empty() && texts.shape.empty()) texts.mount = "wall";
+    options.view = readViewOptions(texts);
+    if (options.input.inputs.empty() && !options.input.sample)
+        throw UsageError("no input; give a picture, video, stream or device, or --sample");
+    checkInputOptions(options.input, options.view);
+    if (options.start > 0 && options.input.sample)
+        throw UsageError("--start goes with a video as input; the sample has one beginning");
+    return options;
+}
+
+}  // namespace fovix_host

@@ -1,0 +1,217 @@
+#include "viewer/pointer/Gestures.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace fovix_host {
+namespace {
+
+using Kind = PointerEvent::Kind;
+
+constexpr double wheelRest = 0.2;       // seconds after which a turn of the wheel has ended
+constexpr float wheelPlace = 24;        // pixels; a cursor farther off turns for another screen
+constexpr float slowestFling = 120;     // pixels per second
+constexpr double doubleTapTime = 0.35;  // seconds
+constexpr float tapPlace = 32;          // pixels
+constexpr float fingersApart = 200;     // pixels between the two that stand for the wheel
+
+float distance(SurfacePosition a, SurfacePosition b) {
+    return std::hypot(a.x - b.x, a.y - b.y);
+}
+
+// Of these the end of a gesture would bring the whole picture back from any moderate zoom.
+bool isFlat(int type) {
+    return type != FOVIX_TYPE_360VR && type != FOVIX_TYPE_180VR && type != FOVIX_TYPE_SINGLE_PIP;
+}
+
+}  // namespace
+
+float zoomOfNotch(int type) {
+    // Beyond 1.2 at once the 360-degree view takes it for a flick of two fingers; the zoom of a flat picture
+    // counts in smaller steps of its field of view.
+    return isFlat(type) ? 1.4f : 1.15f;
+}
+
+void Gestures::handle(const PointerEvent& event) {
+    switch (event.kind) {
+        case Kind::press:
+            return press(event);
+        case Kind::move:
+            return drag(event);
+        case Kind::release:
+            return release(event);
+        case Kind::cancel:
+            return cancel(event);
+        case Kind::wheel:
+            return zoomBy(event, std::pow(zoomOfNotch(_view.type()), static_cast<double>(event.amount)));
+        case Kind::zoom:
+            return zoomBy(event, event.amount);
+        case Kind::fingerDown:
+            return fingerDown(event);
+        case Kind::fingerMove:
+            return fingerMove(event);
+        case Kind::fingerUp:
+            return fingerUp(event);
+    }
+}
+
+void Gestures::tick(double seconds) {
+    if (_wheel && seconds - _wheel->lastNotch >= wheelRest) endWheel();
+}
+
+void Gestures::forget() {
+    _dragging = _pinched = false;
+    _band.reset();
+    _wheel.reset();
+    _tap.reset();
+    _fingers.clear();
+}
+
+// A hand on a mouse zooms with the wheel before it drags: what it sees then is to stay, unless it is smaller
+// than the picture need be.
+void Gestures::settle() {
+    if (!isFlat(_view.type()) || _pinched || _view.zoom() < 1) _view.autoAdjust();
+}
+
+// The mouse
+
+void Gestures::press(const PointerEvent& event) {
+    if (_wheel) endWheel();
+    if (_dragging || !_fingers.empty()) return;
+    if (event.shift)
+        _band = Band{event.at, event.at};
+    else if (event.clicks == 2)
+        _view.lookAt(event.at);
+    else
+        startDrag(event);
+}
+
+void Gestures::startDrag(const PointerEvent& event) {
+    _dragging = true;
+    _downAt = event.at;
+    _velocity.start(event.at, event.seconds);
+    _view.touchDown(event.at);
+}
+
+void Gestures::drag(const PointerEvent& event) {
+    if (_band) _band->to = event.at;
+    if (!_dragging) return;
+    _velocity.move(event.at, event.seconds);
+    _view.touchMove(event.at);
+}
+
+void Gestures::endDrag(const PointerEvent& event, bool mayFling) {
+    _dragging = false;
+    _view.touchUp(event.at);
+    const PixelsPerSecond speed = _velocity.at(event.seconds);
+    const bool flings = mayFling && std::hypot(speed.x, speed.y) >= slowestFling;
+    if (flings) _view.fling(speed.x, speed.y);
+    // A fling on a flat picture is a wish to see more of it, not the whole again.
+    if (!flings || !isFlat(_view.type())) settle();
+}
+
+void Gestures::release(const PointerEvent& event) {
+    if (_dragging) endDrag(event, true);
+    if (!_band) return;
+    const Band band{_band->from, event.at};
+    _band.reset();
+    constexpr float least = 4;  // pixels; less is a slip of the hand
+    if (std::abs(band.to.x - band.from.x) < least || std::abs(band.to.y - band.from.y) < least) return;
+    _view.showRectangle({std::min(band.from.x, band.to.x), std::min(band.from.y, band.to.y)},
+                        {std::max(band.from.x, band.to.x), std::max(band.from.y, band.to.y)});
+}
+
+void Gestures::cancel(const PointerEvent& event) {
+    if (_wheel) endWheel();
+    if (_dragging) endDrag(event, false);
+    forget();
+}
+
+// The wheel and the trackpad: one pinch for all notches that follow each other quickly
+
+void Gestures::zoomBy(const PointerEvent& event, double ratio) {
+    if (_dragging || _band || !_fingers.empty() || !std::isfinite(ratio) || ratio <= 0 || ratio == 1) return;
+    if (_wheel && distance(_wheel->at, event.at) > wheelPlace) endWheel();
+    if (!_wheel) {
+        _wheel = Wheel{event.at, 1, event.seconds};
+        _view.touchDown(event.at);
+        showZoom();
+    }
+    _wheel->lastNotch = event.seconds;
+    // Several notches at once are one after the other for the view.
+    const double notch = zoomOfNotch(_view.type());
+    for (double left = std::clamp(ratio, 1e-3, 1e3); left != 1;) {
+        const double part = std::clamp(left, 1 / notch, notch);
+        left = std::abs(std::log(left / part)) < 1e-6 ? 1 : left / part;
+        _wheel->scale = std::clamp(_wheel->scale * static_cast<float>(part), 1e-3f, 1e3f);
+        showZoom();
+    }
+}
+
+void Gestures::showZoom() {
+    if (_view.type() != FOVIX_TYPE_SINGLE_PIP) {
+        if (_wheel->scale != 1) _view.pinchScale(_wheel->scale);
+        return;
+    }
+    const float half = fingersApart / 2 * _wheel->scale;
+    _view.pinch({_wheel->at.x - half, _wheel->at.y}, {_wheel->at.x + half, _wheel->at.y});
+}
+
+void Gestures::endWheel() {
+    _view.touchUp(_wheel->at);
+    _wheel.reset();
+    settle();
+}
+
+// Fingers on a touch screen
+
+bool Gestures::isSecondTap(const PointerEvent& event) const {
+    return _tap && event.seconds - _tap->seconds < doubleTapTime && distance(_tap->at, event.at) < tapPlace;
+}
+
+void Gestures::fingerDown(const PointerEvent& event) {
+    if (_wheel) endWheel();
+    if (_fingers.empty()) {
+        _pinched = false;
+        if (isSecondTap(event)) {
+            _tap.reset();
+            return _view.lookAt(event.at);
+        }
+        startDrag(event);
+    }
+    _fingers.push_back({event.finger, event.at});
+    if (_fingers.size() != 2) return;
+    _pinched = true;
+    _view.pinch(_fingers[0].at, _fingers[1].at);
+}
+
+void Gestures::fingerMove(const PointerEvent& event) {
+    const auto finger = std::find_if(_fingers.begin(), _fingers.end(),
+                                     [&](const Finger& known) { return known.id == event.finger; });
+    if (finger == _fingers.end()) return;
+    finger->at = event.at;
+    if (_fingers.size() == 1)
+        drag(event);
+    else if (finger - _fingers.begin() < 2)
+        _view.pinch(_fingers[0].at, _fingers[1].at);
+}
+
+void Gestures::fingerUp(const PointerEvent& event) {
+    const auto finger = std::find_if(_fingers.begin(), _fingers.end(),
+                                     [&](const Finger& known) { return known.id == event.finger; });
+    if (finger == _fingers.end()) return;
+    const bool counted = finger - _fingers.begin() < 2;
+    _fingers.erase(finger);
+    if (!_fingers.empty()) {
+        // The fingers that stay go on from where they are.
+        if (counted) _view.touchUp(_fingers[0].at);
+        if (counted && _fingers.size() > 1) _view.pinch(_fingers[0].at, _fingers[1].at);
+        return;
+    }
+    const bool isTap = !_pinched && distance(_downAt, event.at) < tapPlace;
+    _tap = isTap ? std::optional(Tap{event.at, event.seconds}) : std::nullopt;
+    if (_dragging) endDrag(event, !_pinched);
+    _pinched = false;
+}
+
+}  // namespace fovix_host

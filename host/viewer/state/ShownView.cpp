@@ -1,0 +1,154 @@
+#include "viewer/state/ShownView.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <iterator>
+#include <utility>
+
+#include "circle/LensChoice.h"
+#include "options/ViewTypes.h"
+#include "setup/ViewLayout.h"
+#include "viewer/state/ViewChoices.h"
+
+namespace fovix_host {
+namespace {
+
+constexpr std::array<unsigned int, 5> backgrounds{0x000000, 0x202830, 0x606468, 0xFFFFFF, 0x103050};
+
+constexpr double cruiseStep = 0.5, fastestCruise = 5;
+// Its offsets are about one where the others count degrees.
+constexpr double insetCruise = 0.02;
+
+}  // namespace
+
+ShownView::ShownView(VRHANDLE handle, const ViewerOptions& options, const std::unique_ptr<Playback>& playback)
+    : _handle(handle),
+      _options(options),
+      _playback(playback),
+      _view(options.view),
+      _background(options.background) {}
+
+void ShownView::setType(int type) const {
+    // By way of another one, so that the view begins anew; and the library refuses the straightened picture
+    // right after a panorama.
+    Fovix_SetType(_handle, type == FOVIX_TYPE_ORIGINAL ? FOVIX_TYPE_SINGLE_PIP : FOVIX_TYPE_ORIGINAL);
+    Fovix_SetType(_handle, type);
+}
+
+void ShownView::apply() {
+    _cruising = false;
+    // Until the end of this no player may hand in a picture that was meant for the other type.
+    const Pictures::Hold hold(_playback->pictures());
+    setType(_view.type);
+    Fovix_SetBackground(_handle, _background);
+    setLayout(_handle, _view, pictures());
+}
+
+void ShownView::applyLens() {
+    if (const auto circle = lens())
+        Fovix_SetFecParams(_handle, circle->xCenter, circle->yCenter, circle->radius, circle->imageWidth,
+                           circle->imageHeight);
+    else
+        Fovix_SetFecParams(_handle, 0, 0, 0, 0, 0);
+}
+
+void ShownView::setLens(const std::optional<LensCircle>& lens) {
+    _lens = lens;
+    applyLens();
+}
+
+std::string ShownView::misfit() const {
+    const Pictures::Size size = _playback->pictures().size();
+    if (!_lens || size.width < 1 || !showsWholePicture()) return {};
+    return misfitOf(*_lens, size.width, size.height);
+}
+
+bool ShownView::showsWholePicture() const {
+    return _view.type != FOVIX_TYPE_TWO_LENSES && _view.type != FOVIX_TYPE_MULTI_IMAGE;
+}
+
+std::optional<LensCircle> ShownView::lens() const {
+    // The sample of two lenses is one for this type only.
+    const bool isStacked = _options.view.type == FOVIX_TYPE_TWO_LENSES;
+    const bool fits =
+        isStacked == (_view.type == FOVIX_TYPE_TWO_LENSES) && _view.type != FOVIX_TYPE_MULTI_IMAGE;
+    if (fits && _playback->lensOfSample()) return _playback->lensOfSample();
+    if (_lens && (showsWholePicture() || _options.input.lens)) return _lens;
+    const Pictures::Size size = _playback->pictures().size();
+    return lensOfType(_view, pictures(), size.width, size.height);
+}
+
+ViewOptions ShownView::options() const {
+    ViewOptions view = _view;
+    if (view.type == FOVIX_TYPE_360VR) view.mount = Fovix_GetCameraMount(_handle);
+    if (view.type == FOVIX_TYPE_360VR || view.type == FOVIX_TYPE_180VR) view.shape = Fovix_GetShape(_handle);
+    const int screen = Fovix_GetTwoLensesScreen(_handle);
+    if (screen != FOVIX_TWO_LENSES_SCREEN_NONE) view.twoLensesScreen = screen;
+    return view;
+}
+
+bool ShownView::change(const ViewOptions& wanted) {
+    const ViewOptions before = options();
+    if (wordsFor(wanted, pictures()) == wordsFor(before, pictures())) return false;
+    _view = wanted;
+    // A layout blends into the next one, unless a cruise is still on its way to where it goes round.
+    const bool beginsAnew = wanted.type != before.type || wanted.mount != before.mount || _cruising;
+    stopCruise();
+    if (beginsAnew)
+        reset();
+    else
+        setLayout(_handle, wanted, pictures());
+    return true;
+}
+
+void ShownView::reset() {
+    apply();
+    applyLens();
+}
+
+void ShownView::startCruise() const {
+    Fovix_StartAutoCruise(_handle, _cruiseSpeed * (_view.type == FOVIX_TYPE_SINGLE_PIP ? insetCruise : 1));
+}
+
+bool ShownView::toggleCruise() {
+    if (_cruising) {
+        stopCruise();
+        return true;
+    }
+    if (!canCruise(options())) return false;
+    _cruising = true;
+    startCruise();
+    return true;
+}
+
+void ShownView::stopCruise() {
+    if (std::exchange(_cruising, false)) Fovix_StopAutoCruise(_handle);
+}
+
+// Past standing still it goes the other way round.
+void ShownView::changeCruiseSpeed(int steps) {
+    _cruiseSpeed = std::clamp(_cruiseSpeed + steps * cruiseStep, -fastestCruise, fastestCruise);
+    if (_cruiseSpeed == 0) _cruiseSpeed = steps * cruiseStep;
+    if (_cruising) startCruise();
+}
+
+void ShownView::nextBackground() {
+    const auto* at = std::find(backgrounds.begin(), backgrounds.end(), _background);
+    _background =
+        at == backgrounds.end() || std::next(at) == backgrounds.end() ? backgrounds.front() : *std::next(at);
+    Fovix_SetBackground(_handle, _background);
+}
+
+std::string ShownView::words() const {
+    return wordsFor(options(), pictures());
+}
+
+std::string ShownView::cruiseWords() const {
+    char words[64];
+    std::snprintf(words, sizeof words, "cruise %s at %.1f", _cruising ? "on" : "off", _cruiseSpeed);
+    return words;
+}
+
+}  // namespace fovix_host

@@ -1,0 +1,52 @@
+#include "viewer/state/ViewKeys.h"
+
+#include <optional>
+
+#include "viewer/state/ViewChoices.h"
+
+namespace fovix_host {
+namespace {
+
+// What the key chooses; nothing where it is no key for a choice.
+std::optional<ViewOptions> choiceOf(const Key& key, const ViewOptions& view, int pictures) {
+    switch (key.action) {
+        case Action::setType:
+            return withTypeNumber(view, key.amount);
+        case Action::nextType:
+            return withNextType(view, key.amount);
+        case Action::nextMount:
+            return withNextMount(view);
+        case Action::nextShape:
+            return withNextShape(view, key.amount);
+        case Action::nextMode:
+            return withNextMode(view);
+        case Action::nextLens:
+            return withNextLens(view, pictures);
+        default:
+            return std::nullopt;
+    }
+}
+
+}  // namespace
+
+std::string changeView(ShownView& shown, const Key& key) {
+    if (const auto choice = choiceOf(key, shown.options(), shown.pictures())) {
+        const bool changes = shown.change(*choice) || key.action == Action::setType;
+        return shown.words() + (changes ? "" : " has no other choice here");
+    }
+    switch (key.action) {
+        case Action::cruise:
+            return shown.toggleCruise() ? shown.cruiseWords() : "no cruise in this view";
+        case Action::cruiseSpeed:
+            shown.changeCruiseSpeed(key.amount);
+            return shown.cruiseWords();
+        case Action::background:
+            shown.nextBackground();
+            return {};
+        default:
+            shown.reset();
+            return shown.words();
+    }
+}
+
+}  // namespace fovix_host

@@ -1,0 +1,35 @@
+#include "viewer/window/Sensors.h"
+
+#include <SDL.h>
+
+#include <cmath>
+
+namespace fovix_host {
+namespace {
+
+constexpr float gravity = SDL_STANDARD_GRAVITY;
+constexpr float rest = 0.08f;       // of gravity; a hand is never quite still
+constexpr float turnFactor = 0.3f;  // the panorama turns on with each reading
+constexpr float lookFactor = 2.5f;  // the half view looks where the device is tilted to
+
+float share(float reading) {
+    const float part = reading / gravity;
+    return std::isfinite(part) && std::abs(part) > rest ? part : 0.0f;
+}
+
+}  // namespace
+
+bool openAccelerometers() {
+    if (SDL_InitSubSystem(SDL_INIT_SENSOR) != 0) return false;
+    bool found = false;
+    for (int i = 0; i < SDL_NumSensors(); ++i)
+        if (SDL_SensorGetDeviceType(i) == SDL_SENSOR_ACCEL && SDL_SensorOpen(i)) found = true;
+    return found;
+}
+
+void steerByAcceleration(VRHANDLE view, float x, float y) {
+    const float factor = Fovix_GetType(view) == FOVIX_TYPE_360VR ? turnFactor : lookFactor;
+    Fovix_OnAccelerometer(view, share(x) * factor, share(y) * factor);
+}
+
+}  // namespace fovix_host
