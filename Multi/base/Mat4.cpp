@@ -4,6 +4,8 @@
 #include <cmath>
 #include <limits>
 
+#include "base/Angles.h"
+
 namespace fovix {
 
 namespace {
@@ -12,7 +14,7 @@ constexpr Mat4 kZero = {{}};
 
 /// A rotation in the plane of two axes: the sine stands in row `to`, column `from`, its negative opposite.
 void rotate(Mat4& m, double degrees, std::size_t from, std::size_t to) {
-    const double angle = degrees * kRadiansPerDegree;
+    const double angle = degrees * kMatrixRadiansPerDegree;
     const double cosine = std::cos(angle), sine = std::sin(angle);
     Mat4 e;
     e.m[5 * from] = e.m[5 * to] = cosine;
@@ -54,7 +56,7 @@ void Mat4_Scale(Mat4& m, double x, double y, double z) {
 void Mat4_Perspective(Mat4& m, double fov, double near, double far, double numerator, double denominator,
                       double scale) {
     // A zoom may close the field of view and a surface may have no height: the matrix stays finite.
-    const double tangent = std::tan(fov * kRadiansPerDegree * 0.5);
+    const double tangent = std::tan(fov * kMatrixRadiansPerDegree * 0.5);
     const double f = scale / std::copysign(std::max(std::abs(tangent), 1e-9), tangent);
     const double stretch = denominator != 0.0 ? numerator / denominator : 1.0;
     Mat4 e = kZero;

@@ -9,9 +9,6 @@
 
 namespace fovix {
 
-/// Degrees to radians, to the digits that every angle of the library is computed with.
-inline constexpr double kRadiansPerDegree = 0.01745329252;
-
 /// Planes of every projection.
 inline constexpr double kNearPlane = 0.1000000014901161;
 inline constexpr double kFarPlane = 30.0;

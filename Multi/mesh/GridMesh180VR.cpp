@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <numbers>
 
+#include "base/Angles.h"
 #include "base/Diagnostics.h"
 #include "lens/PictureFit.h"
 #include "mesh/GridCells.h"
@@ -19,7 +19,6 @@ namespace {
 constexpr int kChords = 50;  ///< rows of cells; one chord more bounds them
 constexpr int kCellsPerChord = 120;
 constexpr double kBendRadius = 1.06;  ///< of the bent surfaces, in lens radii
-constexpr double kPi = std::numbers::pi;
 
 /// The lens circle in the picture, read once per mesh; offsetU and offsetV are shares of the picture's size.
 struct LensPicture {

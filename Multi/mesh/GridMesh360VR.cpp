@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <numbers>
 
+#include "base/Angles.h"
 #include "base/Diagnostics.h"
 #include "mesh/GridCells.h"
 
@@ -17,7 +17,6 @@ constexpr int kSectors = 60;  ///< of 6 degrees
 constexpr int kRings = 30;    ///< of 3 degrees, the first at the lens's centre
 
 constexpr double kSphereRadius = 1.09;
-constexpr double kLensRadiansPerDegree = 0.017453293;
 
 enum class Surface { Nothing, Sphere, Cylinder, Strip, Wall };
 
@@ -71,9 +70,8 @@ struct Ring {
 std::array<Sector, kSectors + 1> makeSectors() {
     std::array<Sector, kSectors + 1> sectors;
     for (int i = 0; i <= kSectors; ++i) {
-        const double angle = i % kSectors * std::numbers::pi / 30.0;
-        sectors[static_cast<std::size_t>(i)] = {i * std::numbers::pi / 30.0, std::cos(angle),
-                                                std::sin(angle)};
+        const double angle = i % kSectors * kPi / 30.0;
+        sectors[static_cast<std::size_t>(i)] = {i * kPi / 30.0, std::cos(angle), std::sin(angle)};
     }
     return sectors;
 }
@@ -81,7 +79,7 @@ std::array<Sector, kSectors + 1> makeSectors() {
 std::array<Ring, kRings + 1> makeRings(double maxRadius, double degreesPerPixel) {
     std::array<Ring, kRings + 1> rings;
     for (int j = 0; j <= kRings; ++j) {
-        const double r = std::sin(j * std::numbers::pi / 60.0) * maxRadius;
+        const double r = std::sin(j * kPi / 60.0) * maxRadius;
         const double psi = r * degreesPerPixel * kLensRadiansPerDegree * 0.5;
         rings[static_cast<std::size_t>(j)] = {r, psi, std::cos(psi), std::sin(psi)};
     }

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 #include <optional>
 
+#include "base/Angles.h"
 #include "base/Diagnostics.h"
 #include "base/Numbers.h"
 #include "handle/FovixContext.h"
@@ -233,7 +233,7 @@ void displayTarget(TouchController& controller, int targetX, int targetY, int wi
     const VR360TouchParams& p = paramsOf360(controller);
     const PictureTarget target = locateTarget(targetX, targetY, width, height);
     // 0 - dy, not -dy: straight left and right have one angle each, not two.
-    const double angle = std::atan2(0.0 - target.dy, target.dx) * 180.0 / std::numbers::pi;
+    const double angle = toDegrees(std::atan2(0.0 - target.dy, target.dx));
     const double distance = length(target.dx, target.dy), halfDiagonal = length(target.cx, target.cy);
     printLine("pan : %f, tilt : %f -> angle : %f, distance = %f\n", p.mPan.get(), p.mTilt.get(), angle,
               distance);

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
+#include "base/Angles.h"
 #include "touch/Gestures.h"
 #include "touch/TouchMotion360VR.h"
 
@@ -35,7 +35,7 @@ double pinchedZoom(double zoomAtDown, double ratio) {
 /// Direction of the line from the first finger to the second, degrees.
 float fingerAngle(float x1, float y1, float x2, float y2) {
     const double radians = std::atan2(dragDistance(y1, y2), dragDistance(x1, x2));
-    return static_cast<float>(radians * 180.0 / std::numbers::pi);
+    return static_cast<float>(toDegrees(radians));
 }
 
 void startSample(VR360TouchParams& p, float x2, float y2) {

@@ -82,8 +82,8 @@ int screenAt(int mount, int shape, int width, int height, int x, int y) {
 }
 
 StripScroll scrollStrip(double pan, int screen, int width, int height) {
-    constexpr int kTurn = 628;  // whole hundredths of a radian
-    const double visible = static_cast<double>(width) / height * 2.0 * 100.0;
+    constexpr int kTurn = kWholeStripTurn;
+    const double visible = stripWidthSeen(width, height);
     const auto remainder = static_cast<int>((std::int64_t{truncateToInt(pan)} + screen * kTurn / 2) % kTurn);
     const int position = remainder < 0 ? remainder + kTurn : remainder;
     return {truncateToInt(position - visible * 0.5), position < visible};

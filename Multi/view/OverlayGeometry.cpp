@@ -5,13 +5,11 @@
 #include <cstdint>
 
 #include "Fovix.h"
-#include "base/Numbers.h"
+#include "base/Angles.h"
 
 namespace fovix {
 
 namespace {
-
-constexpr double kPi = 3.141592653589793;
 
 /// Middle of the large screen in the upper left of the overview layout.
 constexpr float kOverviewX = -0.333333f, kOverviewY = 0.337333f;
@@ -45,12 +43,6 @@ float toFloat(double value) {
     return static_cast<float>(std::clamp(value, -kFarOutside, kFarOutside));
 }
 
-/// Truncated to whole degrees, 0..359.
-int wholeDegrees(double degrees) {
-    const int remainder = truncateToInt(degrees) % 360;
-    return remainder < 0 ? remainder + 360 : remainder;
-}
-
 std::optional<float> aspectOf(std::int64_t width, std::int64_t height) {
     if (width <= 0 || height <= 0) return std::nullopt;
     return static_cast<float>(height) / static_cast<float>(width);
@@ -82,9 +74,9 @@ FanLoop buildDirectionFan(float aspect, double pan, double tilt) {
     const double span = (1.0 / aspect - 1.0) * 50.0 / 0.7777777800000001 + 110.0;
     const double base = 0.33 * tilt / 60.0 - 0.33;
     const double outerRadius = base + 0.705, innerRadius = base + 0.05;
-    const double outerStep = span * kPi / 180.0 / 50.0;
-    const double outerStart = wholeDegrees((90.0 - pan) - span * 0.5) * kPi / 180.0;
-    const double innerStart = wholeDegrees((90.0 - pan) - 80.0) * kPi / 180.0;
+    const double outerStep = toRadians(span) / 50.0;
+    const double outerStart = toRadians(wholeDegrees((90.0 - pan) - span * 0.5));
+    const double innerStart = toRadians(wholeDegrees((90.0 - pan) - 80.0));
 
     FanLoop loop;
     float* vertex = loop.data();

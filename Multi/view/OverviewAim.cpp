@@ -4,13 +4,12 @@
 #include <cmath>
 #include <cstdint>
 
-#include "base/Numbers.h"
+#include "base/Angles.h"
 
 namespace fovix {
 
 namespace {
 
-constexpr double kPi = 3.141592653589793;
 constexpr double kMaxTilt = 90.0;
 
 /// A surface without extent stands for one of a pixel, so that every aim is a number.
@@ -28,7 +27,7 @@ AimedView aimOnOverview(float x, float y, int backingWidth, int backingHeight) {
     const double radius = std::min(cx, cy) * 0.5;
     const double distance = std::sqrt(dx * dx + dy * dy);
     const double tilt = radius > 0.0 ? distance * 60.0 / radius : kMaxTilt;
-    return {std::atan2(dy, dx) * 180.0 / kPi + 90.0, std::clamp(tilt, 0.0, kMaxTilt)};
+    return {toDegrees(std::atan2(dy, dx)) + 90.0, std::clamp(tilt, 0.0, kMaxTilt)};
 }
 
 AimedView aimOnStrip(float x, float y, double zoom, int backingWidth, int backingHeight) {

@@ -170,8 +170,8 @@ Sight sightOf(const Scene360VR& scene, int screen, double extraPan) {
         }
     } else if (isOverviewStrip(scene, screen)) {
         // The whole turn fills the surface's width.
-        view = {.mPan = kHalfStripTurn, .mZoom = 90.0};
-        sight.xScale = static_cast<double>(scene.width) / scene.height * 2.0 * 100.0 / kStripTurn;
+        view = {.mPan = kStripTurn / 2.0, .mZoom = 90.0};
+        sight.xScale = stripWidthSeen(scene.width, scene.height) / kStripTurn;
         sight.yScale = 1.21;
     }
     if (scene.blendView) {

@@ -5,15 +5,23 @@
 #include <array>
 #include <optional>
 
+#include "base/Angles.h"
 #include "base/Mat4.h"
 
 namespace fovix {
 
 inline constexpr int kPanoramaScreens = 6;
 
-/// One turn of an unrolled strip and half of it, in hundredths of a radian.
-inline constexpr double kStripTurn = 628.3185307179587;
-inline constexpr double kHalfStripTurn = 314.1592653589793;
+/// One turn of an unrolled strip in hundredths of a radian: as it is drawn, and as whole pans are counted. A
+/// pan that wraps moves the picture by the difference, a third of a hundredth.
+inline constexpr double kStripTurn = 200.0 * kPi;
+inline constexpr int kWholeStripTurn = 628;
+
+/// Hundredths of a radian that a screen of this size (pixels, height above 0) shows of a strip. A wide screen
+/// shows two units of height, and width in its own proportions.
+constexpr double stripWidthSeen(int width, int height) {
+    return static_cast<double>(width) / height * 2.0 * 100.0;
+}
 
 /// Degrees throughout; in the strip shapes the pan counts hundredths of a radian.
 struct View360VR {

@@ -4,6 +4,8 @@
 #include <array>
 #include <cmath>
 
+#include "base/Angles.h"
+
 namespace fovix::drawings {
 
 namespace {
@@ -106,7 +108,7 @@ class SpaceView {
     /// Right, up and towards the viewer.
     Place turned(const Place& p) const {
         const Place q = upright(p);
-        const double turn = _outlook.turn * kRadiansPerDegree, lift = _outlook.lift * kRadiansPerDegree;
+        const double turn = toRadians(_outlook.turn), lift = toRadians(_outlook.lift);
         const double x = q[0] * std::cos(turn) + q[2] * std::sin(turn);
         const double z = q[2] * std::cos(turn) - q[0] * std::sin(turn);
         return {x, q[1] * std::cos(lift) - z * std::sin(lift), q[1] * std::sin(lift) + z * std::cos(lift)};
