@@ -1,5 +1,5 @@
 #!/usr/bin/perl
-# The guide's tables of diagnostics have every line that the library prints, as the code has it, and no other.
+# The guide's tables of diagnostics quote every line that the library prints, exactly, and no other.
 use strict;
 use warnings;
 
@@ -17,18 +17,21 @@ for my $path (glob 'Multi/*.cpp Multi/*.h Multi/*/*.cpp Multi/*/*.h') {
     next if $path =~ /FovixShaders/;
     $code =~ s{//.*}{}g;
     $code =~ s/^\s*#.*//mg;
-    $code =~ s/"\s*\n\s*"//g;    # adjacent literals are one
+    $code =~ s/"\s*\n\s*"//g;    # adjacent literals are concatenated
     while ($code =~ /printLine\((.*?)\);/gs) {
         my $arguments = $1;
         $printed{$1} = $path while $arguments =~ /$literal/g;
     }
-    $printed{$1} = $path while $code =~ /"((?:\\.|[^"\\])*\\n)"/g;    # handed on to a printLine
+    $printed{$1} = $path while $code =~ /"((?:\\.|[^"\\])*\\n)"/g;    # passed to a printLine
 }
 delete @printed{'%s', ''};
 
 my ($chapter) = slurp('docs/host-guide.md') =~ /^## Diagnostics$(.*?)(?=^## |\z)/ms;
 die "docs/host-guide.md: no chapter Diagnostics\n" unless $chapter;
-my %explained = map { $_ => 1 } $chapter =~ /^\| `([^`]+)` \|/mg;
+my %explained;
+for my $cell ($chapter =~ /^\| (`.+?`) \|/mg) {    # one line, or several that belong together
+    $explained{$1} = 1 while $cell =~ /`([^`]+)`/g;
+}
 
 my @missing = grep { !$explained{$_} } sort keys %printed;
 my @stale = grep { !$printed{$_} } sort keys %explained;
