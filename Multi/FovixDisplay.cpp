@@ -6,6 +6,7 @@
 #include "base/Diagnostics.h"
 #include "handle/DisplayTypes.h"
 #include "handle/FovixHandle.h"
+#include "handle/HandleOwner.h"
 
 namespace fovix {
 
@@ -24,8 +25,9 @@ std::shared_ptr<Display> makeDisplay(FovixContext& context, int code) {
     display->type = code;
     display->serial = ++lastSerial;
     display->model = type.createModel(context.fishEye);
+    const OwnerPtr owner = HandleOwner_Create(&context);
     for (int screen = 0; context.touchEnabled && screen < type.controllerCount; ++screen) {
-        display->controllers[static_cast<std::size_t>(screen)] = type.createController(&context, screen);
+        display->controllers[static_cast<std::size_t>(screen)] = type.createController(owner, screen);
     }
     return display;
 }
@@ -144,11 +146,7 @@ int Fovix_GetType(VRHANDLE handle) {
 }
 
 void Fovix_SetDrawMode(VRHANDLE handle, int mode) {
-    withContext(handle, [&](FovixContext& context) {
-        const DisplayPtr display = context.display.load();
-        tellControllers(*display, &ControllerOps::setDrawMode, mode);
-        if (tellModel(*display, &ModelOps::setDrawMode, mode)) context.configChanged = 1;
-    });
+    withContext(handle, [&](FovixContext& context) { fovix::setDrawMode(context, mode); });
 }
 
 void Fovix_SetDrawModeCartoon(VRHANDLE handle, int fromMode, int toMode, int step, int frameCount) {

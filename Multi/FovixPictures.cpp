@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "base/Diagnostics.h"
+#include "handle/FovixHandle.h"
 
 namespace fovix {
 

@@ -61,7 +61,7 @@ void easeView(FlatTouchParams& p) {
 
 void FlatTouch_PushView(TouchController& controller) {
     const FlatTouchParams& p = params(controller);
-    TouchController_PushRotateZoom(controller, p.mXAngle, p.mYAngle, p.mZAngle, p.mZoom);
+    controller.owner->pushRotateZoom(controller, p.mXAngle, p.mYAngle, p.mZAngle, p.mZoom);
 }
 
 void FlatTouch_OnTouchDown(TouchController& controller, float x, float y) {

@@ -1,52 +1,89 @@
 // The touch controller: turns one screen's gestures, sensor input and pan-tilt-zoom commands into a view,
-// animates it and pushes it into the model once per frame.
+// animates it and pushes it into the model once per rendered frame.
 //
 // The library reaches every kind through one table of 26 operations; a kind leaves null what it does not
-// support. Input operations run on the host's threads, update on the GL thread inside a frame.
+// support. Callers use the members of TouchController, which test the slot; implementations may assume a
+// controller of their own kind. The kinds are listed in DisplayTypes.cpp.
 #pragma once
 
 #include <memory>
 
 #include "base/SharedLock.h"
-#include "handle/FovixHandle.h"
 #include "model/FovixModel.h"
+#include "touch/ViewOwner.h"
 
 namespace fovix {
 
 struct TouchController;
 
-/// In the order of the table; every operation takes the controller first.
+/// In the order of the table; every operation takes the controller first. Operations run on the thread of the
+/// export that is named and without the lock; update runs on the GL thread. All but three are commands and
+/// return nothing. "Current" is the controller of the screen under the last touch-down. Positions are surface
+/// pixels from the top left; angles are degrees.
 struct TouchControllerOperations {
+    /// Optional. Touches on an overview or strip, on the selected screen: its new view; zoom is the field of
+    /// view.
     void (*setPTZ)(TouchController&, double pan, double tilt, double zoom, double roll) = nullptr;
-    // The six touch operations and update are filled by every kind.
+    /// Mandatory. Fovix_OnTouchDown, current: a gesture begins.
     void (*onTouchDown)(TouchController&, float x, float y) = nullptr;
+    /// Mandatory. Fovix_OnTouchUp, current: a finger leaves the surface; another one may stay.
     void (*onTouchUp)(TouchController&, float x, float y) = nullptr;
+    /// Mandatory. Fovix_OnTouchMove, current: the finger drags.
     void (*onTouchMove)(TouchController&, float x, float y) = nullptr;
+    /// Mandatory. Fovix_OnTouchPinch, current: positions of two fingers.
     void (*onTouchPinch)(TouchController&, float x1, float y1, float x2, float y2) = nullptr;
+    /// Mandatory. Fovix_OnTouchPinchScale, current: finger distance over that at the start of the pinch.
     void (*onTouchPinchScale)(TouchController&, float scale) = nullptr;
+    /// Mandatory. Fovix_OnTouchFling, current: speed of the finger that left, pixels per second.
     void (*onTouchFling)(TouchController&, float velocityX, float velocityY) = nullptr;
+    /// Optional. Fovix_OnAccelerometer, current: sensor readings; the kind sets the degrees per unit.
     void (*onAccelerometer)(TouchController&, float x, float y) = nullptr;
+    /// Optional. Fovix_OnOrientation, current: angles of the device.
     void (*onOrientation)(TouchController&, float a, float b, float c) = nullptr;
+    /// Mandatory. Fovix_Drawself, GL thread, each visible screen: one animation step; the view goes to the
+    /// owner.
     void (*update)(TouchController&) = nullptr;
+    /// Optional. Fovix_AutoAdjust, current, or the selected screen after a touch on an overview: the gesture
+    /// is over.
     void (*autoAdjust)(TouchController&) = nullptr;
+    /// Optional. Fovix_SetDrawMode and the owner's switchDrawMode, all, before the model's: FOVIX_180_... and
+    /// others.
     void (*setDrawMode)(TouchController&, int mode) = nullptr;
+    /// Optional. Fovix_SetCameraMount, all, before the model's: FOVIX_MOUNT_...
     void (*setCameraMount)(TouchController&, int mount) = nullptr;
+    /// Optional. Fovix_SetShape, all, after the model's: FOVIX_SHAPE_...
     void (*setShape)(TouchController&, int shape) = nullptr;
+    /// Optional. Fovix_StartAutoCruise, the selected screen or else all: degrees or offset per frame are 0.2
+    /// x speed.
     void (*startAutoCruise)(TouchController&, double speed) = nullptr;
+    /// Optional. Fovix_StopAutoCruise, all: the view stays where it is.
     void (*stopAutoCruise)(TouchController&) = nullptr;
+    /// Optional. Fovix_DisplayRect, current: a rectangle to show, in pixels of a picture of width x height.
     void (*displayRect)(TouchController&, int left, int top, int right, int bottom, int width,
                         int height) = nullptr;
+    /// Optional. Fovix_DisplayTarget, current: a point to show, in pixels of a picture of width x height.
     void (*displayTarget)(TouchController&, int targetX, int targetY, int width, int height) = nullptr;
+    /// Optional. Fovix_GetPTZFor180VR, current: stores angles, a third value and the zoom factor; null is
+    /// skipped.
     void (*getPTZFor180VR)(TouchController&, double* xAngle, double* yAngle, double* third,
                            double* zoom) = nullptr;
+    /// Optional. Fovix_SetPTZFor180VR, current: angles and zoom factor to ease to.
     void (*setPTZFor180VR)(TouchController&, double xAngle, double yAngle, double zAngle,
                            double zoom) = nullptr;
+    /// Optional. Fovix_Drawself, GL thread, screen 0: stores the offsets as shares of their range; null is
+    /// skipped.
     void (*getViewOffset)(TouchController&, double* first, double* second) = nullptr;
+    /// Optional. Fovix_SetRotateZoomRecoverMode, all, before the model's: the view that the model is about to
+    /// get.
     void (*setRotateZoom)(TouchController&, double xAngle, double yAngle, double zAngle,
                           double zoom) = nullptr;
+    /// Optional. Fovix_GetRelativeXOffset, screen 0: returns the horizontal offset, -1 and 1 at the ends.
     float (*getRelativeXOffset)(TouchController&) = nullptr;
+    /// Optional. Fovix_SetLogicZoom, all, after the model's: zoom factors.
     void (*setLogicZoom)(TouchController&, double min, double max, double div, double zoom) = nullptr;
+    /// Optional. Fovix_SetTwoLensesDrawMode, all, after the model's: FOVIX_TWO_LENSES_...
     void (*setTwoLensesDrawMode)(TouchController&, int mode) = nullptr;
+    /// Optional. Fovix_SetTwoLensesScreen, all, after the model's: FOVIX_TWO_LENSES_SCREEN_...
     void (*setTwoLensesScreen)(TouchController&, int screen) = nullptr;
 };
 
@@ -56,19 +93,79 @@ struct ControllerParams {
 };
 
 struct TouchController {
-    VRHANDLE owner = nullptr;  ///< the handle that it belongs to
-    SharedLock lock;           ///< its own handle of the process's lock
-    int screenIndex = 0;       ///< screen of the model that it drives, 0..5
+    OwnerPtr owner;       ///< the handle that it belongs to
+    SharedLock lock;      ///< its own handle of the process's lock
+    int screenIndex = 0;  ///< screen of the model that it drives, 0..5
     std::unique_ptr<ControllerParams> params;
     TouchControllerOperations operations;
+
+    // The operations, as callers use them. Optional ones return false if the kind does not support them.
+    bool setPTZ(double pan, double tilt, double zoom, double roll) {
+        return callIfFilled(operations.setPTZ, pan, tilt, zoom, roll);
+    }
+    void onTouchDown(float x, float y) { operations.onTouchDown(*this, x, y); }
+    void onTouchUp(float x, float y) { operations.onTouchUp(*this, x, y); }
+    void onTouchMove(float x, float y) { operations.onTouchMove(*this, x, y); }
+    void onTouchPinch(float x1, float y1, float x2, float y2) {
+        operations.onTouchPinch(*this, x1, y1, x2, y2);
+    }
+    void onTouchPinchScale(float scale) { operations.onTouchPinchScale(*this, scale); }
+    void onTouchFling(float velocityX, float velocityY) {
+        operations.onTouchFling(*this, velocityX, velocityY);
+    }
+    bool onAccelerometer(float x, float y) { return callIfFilled(operations.onAccelerometer, x, y); }
+    bool onOrientation(float a, float b, float c) { return callIfFilled(operations.onOrientation, a, b, c); }
+    void update() { operations.update(*this); }
+    bool autoAdjust() { return callIfFilled(operations.autoAdjust); }
+    bool setDrawMode(int mode) { return callIfFilled(operations.setDrawMode, mode); }
+    bool setCameraMount(int mount) { return callIfFilled(operations.setCameraMount, mount); }
+    bool setShape(int shape) { return callIfFilled(operations.setShape, shape); }
+    bool startAutoCruise(double speed) { return callIfFilled(operations.startAutoCruise, speed); }
+    bool stopAutoCruise() { return callIfFilled(operations.stopAutoCruise); }
+    bool displayRect(int left, int top, int right, int bottom, int width, int height) {
+        return callIfFilled(operations.displayRect, left, top, right, bottom, width, height);
+    }
+    bool displayTarget(int targetX, int targetY, int width, int height) {
+        return callIfFilled(operations.displayTarget, targetX, targetY, width, height);
+    }
+    bool getPTZFor180VR(double* xAngle, double* yAngle, double* third, double* zoom) {
+        return callIfFilled(operations.getPTZFor180VR, xAngle, yAngle, third, zoom);
+    }
+    bool setPTZFor180VR(double xAngle, double yAngle, double zAngle, double zoom) {
+        return callIfFilled(operations.setPTZFor180VR, xAngle, yAngle, zAngle, zoom);
+    }
+    bool getViewOffset(double* first, double* second) {
+        return callIfFilled(operations.getViewOffset, first, second);
+    }
+    bool setRotateZoom(double xAngle, double yAngle, double zAngle, double zoom) {
+        return callIfFilled(operations.setRotateZoom, xAngle, yAngle, zAngle, zoom);
+    }
+    float getRelativeXOffset() {
+        return operations.getRelativeXOffset ? operations.getRelativeXOffset(*this) : 0.0f;
+    }
+    bool setLogicZoom(double min, double max, double div, double zoom) {
+        return callIfFilled(operations.setLogicZoom, min, max, div, zoom);
+    }
+    bool setTwoLensesDrawMode(int mode) { return callIfFilled(operations.setTwoLensesDrawMode, mode); }
+    bool setTwoLensesScreen(int screen) { return callIfFilled(operations.setTwoLensesScreen, screen); }
+
+    /// True if touches on an overview can aim it.
+    bool canBeAimed() const { return operations.setPTZ && operations.autoAdjust; }
+
+  private:
+    template <class... Arguments>
+    bool callIfFilled(void (*operation)(TouchController&, Arguments...), Arguments... arguments) {
+        if (operation) operation(*this, arguments...);
+        return operation != nullptr;
+    }
 };
 
 using ControllerPtr = std::shared_ptr<TouchController>;
-using ControllerCreator = ControllerPtr (*)(VRHANDLE owner, int screenIndex);
+using ControllerCreator = ControllerPtr (*)(OwnerPtr owner, int screenIndex);
 
 inline constexpr int kScreenCount = 6;
 
-/// True when the operations that callers do not test are there.
+/// True if all mandatory operations are filled; each kind asserts it.
 constexpr bool hasTouchOperations(const TouchControllerOperations& operations) {
     return isFilled(operations.onTouchDown) && isFilled(operations.onTouchUp) &&
            isFilled(operations.onTouchMove) && isFilled(operations.onTouchPinch) &&
@@ -78,20 +175,12 @@ constexpr bool hasTouchOperations(const TouchControllerOperations& operations) {
 
 /// A new controller with its table and its params record; screenIndex is 0..5.
 ControllerPtr TouchController_Create(const TouchControllerOperations& operations,
-                                     std::unique_ptr<ControllerParams> params, VRHANDLE owner,
+                                     std::unique_ptr<ControllerParams> params, OwnerPtr owner,
                                      int screenIndex);
 
-/// For an operation that a kind takes and does nothing with.
+/// Accepts a call and ignores it.
 template <class... Arguments>
 void TouchController_Ignore(TouchController&, Arguments...) {}
-
-/// The model that the controller drives. Null when the owner is no live handle, which is reported, and when
-/// the handle shows another type by now: a frame may still be stepping the controllers of the last one.
-ModelPtr TouchController_Model(const TouchController& controller);
-
-/// Hands a view to the controller's screen of the model; without the lock.
-void TouchController_PushRotateZoom(const TouchController& controller, double xAngle, double yAngle,
-                                    double zAngle, double zoom);
 
 /// The kind's own record.
 template <class Params>

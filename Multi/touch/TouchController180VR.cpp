@@ -4,7 +4,9 @@
 #include <cmath>
 #include <iterator>
 #include <limits>
+#include <utility>
 
+#include "Fovix.h"
 #include "base/AnimatorStep.h"
 #include "base/Diagnostics.h"
 #include "base/Easing.h"
@@ -80,7 +82,7 @@ void resetTargets(VR180TouchParams& p) {
 
 /// Changes the draw mode of the handle: of its model and of all its controllers, this one included.
 void switchDrawMode(TouchController& controller, int mode) {
-    Fovix_SetDrawMode(controller.owner, mode);
+    controller.owner->switchDrawMode(mode);
     resetTargets(params(controller));
 }
 
@@ -252,7 +254,7 @@ void update(TouchController& controller) {
         stepInto(p.mYAngleBounce, p.mYAngle);
         if (p.mCruising) cruise(p);
     }
-    TouchController_PushRotateZoom(controller, p.mXAngle, p.mYAngle, p.mZAngle, p.mZoom);
+    controller.owner->pushRotateZoom(controller, p.mXAngle, p.mYAngle, p.mZAngle, p.mZoom);
 }
 
 void startAutoCruise(TouchController& controller, double speed) {
@@ -399,8 +401,9 @@ static_assert(hasTouchOperations(kOperations));
 
 }  // namespace
 
-ControllerPtr TouchController180VR_Create(VRHANDLE owner, int screenIndex) {
-    return TouchController_Create(kOperations, std::make_unique<VR180TouchParams>(), owner, screenIndex);
+ControllerPtr TouchController180VR_Create(OwnerPtr owner, int screenIndex) {
+    return TouchController_Create(kOperations, std::make_unique<VR180TouchParams>(), std::move(owner),
+                                  screenIndex);
 }
 
 }  // namespace fovix

@@ -32,6 +32,6 @@ struct VR180TouchParams : ControllerParams {
     Cell<double> mCruiseStep = 0.0;  ///< degrees of yaw per frame
 };
 
-ControllerPtr TouchController180VR_Create(VRHANDLE owner, int screenIndex);
+ControllerPtr TouchController180VR_Create(OwnerPtr owner, int screenIndex);
 
 }  // namespace fovix

@@ -3,11 +3,12 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <utility>
 
+#include "Fovix.h"
 #include "base/Angles.h"
 #include "base/Diagnostics.h"
 #include "base/Numbers.h"
-#include "handle/FovixContext.h"
 #include "touch/PictureTarget.h"
 #include "touch/TouchLimits360VR.h"
 #include "touch/TouchMotion360VR.h"
@@ -51,8 +52,7 @@ void setPTZ(TouchController& controller, double pan, double tilt, double zoom, d
 // Drags and flings
 
 double degreesPerPixel(const TouchController& controller, double zoom) {
-    const ContextPtr context = contextOf(controller.owner);
-    const int width = context ? context->viewWidth.get() : 0;
+    const int width = controller.owner->surfaceSize().width;
     return kReferenceWidth / (width > 0 ? width : kReferenceWidth) * (zoom / 360.0);
 }
 
@@ -251,9 +251,7 @@ void update(TouchController& controller) {
     const double roll = p.mRoll, ptzFifth = p.mPtzFifth;
     advanceMotion(controller);
     clampView(p);
-    const ModelPtr model = TouchController_Model(controller);
-    if (!model || !model->operations.setPTZ) return;
-    model->operations.setPTZ(*model, controller.screenIndex, p.mPan, p.mTilt, p.mZoom, roll, ptzFifth);
+    controller.owner->pushPTZ(controller, p.mPan, p.mTilt, p.mZoom, roll, ptzFifth);
 }
 
 constexpr TouchControllerOperations kOperations = {
@@ -291,10 +289,10 @@ void restartDrag(VR360TouchParams& p, float x, float y) {
     startDrag(p, truncateToInt(x), truncateToInt(y));
 }
 
-ControllerPtr TouchController360VR_Create(VRHANDLE owner, int screenIndex) {
+ControllerPtr TouchController360VR_Create(OwnerPtr owner, int screenIndex) {
     auto params = std::make_unique<VR360TouchParams>();
     resetView(*params);
-    return TouchController_Create(kOperations, std::move(params), owner, screenIndex);
+    return TouchController_Create(kOperations, std::move(params), std::move(owner), screenIndex);
 }
 
 }  // namespace fovix

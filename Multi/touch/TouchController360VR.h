@@ -56,6 +56,6 @@ void startDrag(VR360TouchParams& p, double x, double y);
 /// A finger that leaves the surface, or stays on it after a pinch, drags on from here; whole pixels.
 void restartDrag(VR360TouchParams& p, float x, float y);
 
-ControllerPtr TouchController360VR_Create(VRHANDLE owner, int screenIndex);
+ControllerPtr TouchController360VR_Create(OwnerPtr owner, int screenIndex);
 
 }  // namespace fovix

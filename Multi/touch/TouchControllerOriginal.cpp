@@ -1,5 +1,7 @@
 #include "touch/TouchControllerOriginal.h"
 
+#include <utility>
+
 namespace fovix {
 
 namespace {
@@ -47,8 +49,9 @@ static_assert(hasTouchOperations(kOperations));
 
 OriginalTouchParams::OriginalTouchParams() : FlatTouchParams(kKind, 20.0) {}
 
-ControllerPtr TouchControllerOriginal_Create(VRHANDLE owner, int screenIndex) {
-    return TouchController_Create(kOperations, std::make_unique<OriginalTouchParams>(), owner, screenIndex);
+ControllerPtr TouchControllerOriginal_Create(OwnerPtr owner, int screenIndex) {
+    return TouchController_Create(kOperations, std::make_unique<OriginalTouchParams>(), std::move(owner),
+                                  screenIndex);
 }
 
 }  // namespace fovix

@@ -9,6 +9,6 @@ struct OriginalTouchParams : FlatTouchParams {
     OriginalTouchParams();
 };
 
-ControllerPtr TouchControllerOriginal_Create(VRHANDLE owner, int screenIndex);
+ControllerPtr TouchControllerOriginal_Create(OwnerPtr owner, int screenIndex);
 
 }  // namespace fovix

@@ -4,11 +4,11 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <utility>
 
 #include "base/AnimatorStep.h"
 #include "base/Diagnostics.h"
 #include "base/Numbers.h"
-#include "handle/FovixContext.h"
 #include "model/FovixModelSinglePIP.h"
 #include "touch/Gestures.h"
 #include "touch/PictureTarget.h"
@@ -27,19 +27,8 @@ constexpr double kCruisePerSpeed = 0.2;
 /// A view that a host sets is kept within this, so that no product with a surface size or a drag overflows.
 constexpr double kHostLimit = 1e30;
 
-/// Size of the surface in pixels; without a surface, or without a live owner, both are 0.
-struct SurfaceSize {
-    int width = 0, height = 0;
-};
-
 SinglePIPTouchParams& params(TouchController& controller) {
     return paramsOf<SinglePIPTouchParams>(controller);
-}
-
-SurfaceSize surfaceOf(const TouchController& controller) {
-    const ContextPtr context = contextOf(controller.owner);
-    if (!context) return {};
-    return {std::max(0, context->viewWidth.get()), std::max(0, context->viewHeight.get())};
 }
 
 double within(double value, double limit) {
@@ -64,7 +53,7 @@ double limitOnSurface(double limit, int height, int width) {
 
 void pushView(TouchController& controller) {
     const SinglePIPTouchParams& p = params(controller);
-    TouchController_PushRotateZoom(controller, p.mCurOffsetX, p.mOffsetY, kSinglePipDistance, p.mZoom);
+    controller.owner->pushRotateZoom(controller, p.mCurOffsetX, p.mOffsetY, kSinglePipDistance, p.mZoom);
 }
 
 std::unique_ptr<GlideAnimator> startGlide(double from, double to) {
@@ -111,7 +100,7 @@ bool isInInset(const SinglePIPTouchParams& p, float x, float y, const SurfaceSiz
 
 void onTouchDown(TouchController& controller, float x, float y) {
     SinglePIPTouchParams& p = params(controller);
-    const SurfaceSize surface = surfaceOf(controller);
+    const SurfaceSize surface = controller.owner->surfaceSize();
     if (isInInset(p, x, y, surface)) {
         p.mTouchTarget = kTouchInset;
         pipTouch(controller, x, surface.width, true);
@@ -152,7 +141,7 @@ void dragMainView(SinglePIPTouchParams& p, double dx, double dy, const SurfaceSi
 void onTouchMove(TouchController& controller, float x, float y) {
     SinglePIPTouchParams& p = params(controller);
     if (p.mPinching) return;
-    const SurfaceSize surface = surfaceOf(controller);
+    const SurfaceSize surface = controller.owner->surfaceSize();
     switch (p.mTouchTarget) {
         case kTouchMainView:
             dragMainView(p, dragDistance(p.mLastX, x), dragDistance(p.mLastY, y), surface);
@@ -183,7 +172,7 @@ void onTouchPinch(TouchController& controller, float x1, float y1, float x2, flo
         p.mPinchStartDistance = distance;
         return;
     }
-    contextOf(controller.owner);  // reports an owner that is gone; the pinch goes on
+    controller.owner->surfaceSize();  // prints a released owner's line; the pinch goes on
     const double zoom = pinchZoom(distance, p.mPinchStartZoom, p.mPinchStartDistance);
     p.mZoom = std::clamp(zoom, kSmallestZoom, kLargestZoom);
     const double limitX = offsetLimitX(p.mZoom), limitY = offsetLimitY(p.mZoom);
@@ -246,7 +235,7 @@ int onSurface(int surfaceSize, int place, int pictureSize) {
 void displayRect(TouchController& controller, int left, int top, int right, int bottom, int width,
                  int height) {
     SinglePIPTouchParams& p = params(controller);
-    const SurfaceSize surface = surfaceOf(controller);
+    const SurfaceSize surface = controller.owner->surfaceSize();
     if (width == 0 || height == 0) return;  // no picture, no rectangle in it
     const int x1 = onSurface(surface.width, left, width), x2 = onSurface(surface.width, right, width);
     const int y1 = onSurface(surface.height, top, height), y2 = onSurface(surface.height, bottom, height);
@@ -336,8 +325,9 @@ double zoomForRect(double rectHeight, double surfaceHeight) {
     return 1.0;
 }
 
-ControllerPtr TouchControllerSinglePIP_Create(VRHANDLE owner, int screenIndex) {
-    return TouchController_Create(kOperations, std::make_unique<SinglePIPTouchParams>(), owner, screenIndex);
+ControllerPtr TouchControllerSinglePIP_Create(OwnerPtr owner, int screenIndex) {
+    return TouchController_Create(kOperations, std::make_unique<SinglePIPTouchParams>(), std::move(owner),
+                                  screenIndex);
 }
 
 }  // namespace fovix

@@ -52,6 +52,6 @@ float insetToSurface(float x, int surfaceWidth);
 /// half of it, 1 from four fifths on.
 double zoomForRect(double rectHeight, double surfaceHeight);
 
-ControllerPtr TouchControllerSinglePIP_Create(VRHANDLE owner, int screenIndex);
+ControllerPtr TouchControllerSinglePIP_Create(OwnerPtr owner, int screenIndex);
 
 }  // namespace fovix

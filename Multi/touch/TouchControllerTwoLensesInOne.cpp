@@ -1,6 +1,7 @@
 #include "touch/TouchControllerTwoLensesInOne.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace fovix {
 
@@ -82,8 +83,9 @@ bool crossesLensThreshold(double previousZoom, double zoom, double zoomDiv) {
     return zoomsOut || zoomsIn;
 }
 
-ControllerPtr TouchControllerTwoLensesInOne_Create(VRHANDLE owner, int screenIndex) {
-    return TouchController_Create(kOperations, std::make_unique<TwoLensesTouchParams>(), owner, screenIndex);
+ControllerPtr TouchControllerTwoLensesInOne_Create(OwnerPtr owner, int screenIndex) {
+    return TouchController_Create(kOperations, std::make_unique<TwoLensesTouchParams>(), std::move(owner),
+                                  screenIndex);
 }
 
 }  // namespace fovix

@@ -18,6 +18,6 @@ struct TwoLensesTouchParams : FlatTouchParams {
 /// half a unit early, so that the pan has settled when the other picture comes.
 bool crossesLensThreshold(double previousZoom, double zoom, double zoomDiv);
 
-ControllerPtr TouchControllerTwoLensesInOne_Create(VRHANDLE owner, int screenIndex);
+ControllerPtr TouchControllerTwoLensesInOne_Create(OwnerPtr owner, int screenIndex);
 
 }  // namespace fovix

@@ -3,6 +3,7 @@
 // Animators are made, stepped and dropped under the controller's lock, which these functions take.
 #pragma once
 
+#include "Fovix.h"
 #include "touch/TouchController360VR.h"
 #include "view/Views360VR.h"
 
