@@ -4,7 +4,6 @@
 
 #include "Fovix.h"
 #include "base/Diagnostics.h"
-#include "base/Numbers.h"
 #include "model/DrawMesh.h"
 #include "view/Screens180VR.h"
 
@@ -18,69 +17,18 @@ Model180VRParams& params(FovixModel& model) {
     return paramsOf<Model180VRParams>(model);
 }
 
-// The cartoon
+// The blend
 
-void clearCartoon(Model180VRParams& p) {
-    p.mCartoonActive = 0;
-    p.mCartoonFrom = p.mCartoonTo = 0;
-    p.mCartoonFrame = 0;
-    p.mCartoonFrames = 0;
-    p.mCartoonDirty = 0;
-}
-
-/// The same cartoon as the one that stands is only taken up again.
-void startCartoon(Model180VRParams& p, int from, int to, int step, int frameCount) {
-    const bool isSame = p.mCartoonFrom == from && p.mCartoonTo == to && p.mCartoonFrame == step &&
-                        p.mCartoonFrames == frameCount;
-    if (!isSame) {
-        p.mCartoonFrom = from;
-        p.mCartoonTo = to;
-        p.mCartoonFrame = step;
-        p.mCartoonFrames = frameCount;
-        p.mCartoonDirty = 1;
-    }
-    p.mCartoonActive = 1;
-}
-
-bool isCartoonRunning(const Model180VRParams& p) {
-    return p.mCartoonActive && p.mCartoonFrom != p.mCartoonTo && p.mCartoonFrames > 0;
-}
-
-/// The layouts with several screens and the cylinder change at once.
-bool isCartoonVisible(const Model180VRParams& p) {
+/// The layouts with several screens and the cylinder switch without steps between.
+bool isBlendVisible(const Model180VRParams& p) {
     const bool oneScreen = p.mShape != FOVIX_SHAPE_FOUR_SCREENS && p.mShape != FOVIX_SHAPE_LARGE_AND_TWO;
-    return oneScreen && p.mCartoonFrom != FOVIX_180_CYLINDER && p.mCartoonTo != FOVIX_180_CYLINDER;
+    return oneScreen && p.mBlend.from != FOVIX_180_CYLINDER && p.mBlend.to != FOVIX_180_CYLINDER;
 }
 
-/// GL may point at the blend of the last frame, so its arrays are never resized.
-VertexCache& blendBufferFor(Model180VRParams& p, const VertexCache& target) {
-    std::shared_ptr<VertexCache>& buffer = p.mCartoonCache;
-    if (!buffer || buffer->triangleCount != target.triangleCount) {
-        buffer = std::make_shared<VertexCache>();
-        buffer->triangleCount = target.triangleCount;
-        buffer->textureCoords.resize(target.textureCoords.size());
-        buffer->positions.resize(target.positions.size());
-    }
-    return *buffer;
-}
-
-/// Only the positions wander: the picture lies as on the target from the first frame on.
-void blendMeshes(Model180VRParams& p, const VertexCachePtr& from, const VertexCachePtr& to) {
-    if (!from || !to) {
-        printLine("----------------> error pCtxtFrom = %p, pCtxtTo = %p\n",
-                  static_cast<const void*>(from.get()), static_cast<const void*>(to.get()));
-        return;
-    }
-    VertexCache& blend = blendBufferFor(p, *to);
-    std::copy(to->textureCoords.begin(), to->textureCoords.end(), blend.textureCoords.begin());
-    std::copy(to->positions.begin(), to->positions.end(), blend.positions.begin());
-    const auto frame = static_cast<float>(p.mCartoonFrame), frames = static_cast<float>(p.mCartoonFrames);
-    const std::size_t common = std::min(from->positions.size(), to->positions.size());
-    for (std::size_t i = 0; i < common; ++i) {
-        const float start = from->positions[i];
-        blend.positions[i] = start + (to->positions[i] - start) * frame / frames;
-    }
-    p.mCartoonDirty = 0;
+void mixMeshes(MeshBlend& blend, const VertexCachePtr& from, const VertexCachePtr& to) {
+    if (from && to) return blend.mix(*from, *to);
+    printLine("----------------> error pCtxtFrom = %p, pCtxtTo = %p\n", static_cast<const void*>(from.get()),
+              static_cast<const void*>(to.get()));
 }
 
 // Meshes
@@ -114,41 +62,36 @@ VertexCachePtr meshOfMode(FovixModel& model, int mode) {
     return mesh;
 }
 
-/// What the matrices need to know of the mesh that is bound next; without one they keep the bound mesh's.
-VertexCachePtr handOut(Model180VRParams& p, VertexCachePtr mesh) {
-    if (!mesh) return nullptr;
-    p.mMeshExtent = mesh->extent;
+/// Records extent and lens offset of the mesh about to be bound.
+void recordMesh(Model180VRParams& p, const VertexCache& mesh) {
+    p.mMeshExtent = mesh.extent;
     const FishEyeConfig lens = *p.mFishEye;
     const bool isKnown = isFecValid(lens);
     p.mLensOffsetX = isKnown ? (lens.Fec_imgWidth * 0.5 - lens.Fec_xCenter) / lens.Fec_imgWidth : 0.0;
     p.mLensOffsetY = isKnown ? (lens.Fec_imgHeight * 0.5 - lens.Fec_yCenter) / lens.Fec_imgHeight : 0.0;
-    return mesh;
 }
 
-/// One frame of the running cartoon; its last one is the target itself.
-VertexCachePtr fetchCartoon(FovixModel& model) {
+/// The mesh of the running blend's next step; the last one is the target itself.
+VertexCachePtr stepBlend(FovixModel& model) {
     Model180VRParams& p = params(model);
-    const VertexCachePtr from = meshOfMode(model, p.mCartoonFrom);
-    const VertexCachePtr to = meshOfMode(model, p.mCartoonTo);
-    if (isCartoonVisible(p)) {
-        if (p.mCartoonDirty || !p.mCartoonCache) blendMeshes(p, from, to);
-        p.mCartoonFrame = saturateToInt(std::int64_t{p.mCartoonFrame} + 1);
-        if (p.mCartoonFrame < p.mCartoonFrames) {
-            p.mCartoonDirty = 1;
-            return handOut(p, p.mCartoonCache);
-        }
+    MeshBlend& blend = p.mBlend;
+    const VertexCachePtr from = meshOfMode(model, blend.from);
+    const VertexCachePtr to = meshOfMode(model, blend.to);
+    if (isBlendVisible(p)) {
+        if (blend.isStale || !blend.mesh) mixMeshes(blend, from, to);
+        if (blend.advance()) return blend.mesh;
     }
-    p.mCartoonDirty = 0;
-    p.mCartoonActive = 0;
-    return handOut(p, to);
+    blend.stop();
+    return to;
 }
 
 VertexCachePtr getVerticesCache(FovixModel& model) {
     Model180VRParams& p = params(model);
-    if (isCartoonRunning(p)) return fetchCartoon(model);
-    const VertexCachePtr mesh = meshOfMode(model, p.mDrawMode);
-    if (!mesh) printLine("error pCtxt = NULL\n");
-    return handOut(p, mesh);
+    const bool isBlending = p.mBlend.isRunning();
+    const VertexCachePtr mesh = isBlending ? stepBlend(model) : meshOfMode(model, p.mDrawMode);
+    if (mesh) recordMesh(p, *mesh);
+    if (!mesh && !isBlending) printLine("error pCtxt = NULL\n");
+    return mesh;
 }
 
 void onConfigChanged(FovixModel& model) {
@@ -156,7 +99,7 @@ void onConfigChanged(FovixModel& model) {
 }
 
 int needsVertexUpdate(FovixModel& model) {
-    return isCartoonRunning(params(model)) ? 1 : 0;
+    return params(model).mBlend.isRunning() ? 1 : 0;
 }
 
 // Shape and draw mode
@@ -173,7 +116,7 @@ constexpr std::array kShapeModes = {
     ShapeMode{FOVIX_SHAPE_LARGE_AND_TWO, FOVIX_180_CURVED},
 };
 
-constexpr int kShapeCartoonFrames = 20;
+constexpr int kShapeBlendFrames = 20;
 
 void setShape(FovixModel& model, int shape) {
     const auto found = std::find_if(kShapeModes.begin(), kShapeModes.end(),
@@ -182,9 +125,9 @@ void setShape(FovixModel& model, int shape) {
     Model180VRParams& p = params(model);
     const LockSection section(p.mLock);
     const int oldMode = p.mDrawMode;
-    clearCartoon(p);
+    p.mBlend.reset();
     p.mDrawMode = found->drawMode;
-    startCartoon(p, oldMode, found->drawMode, 1, kShapeCartoonFrames);
+    p.mBlend.start(oldMode, found->drawMode, 1, kShapeBlendFrames);
     p.mShape = shape;
 }
 
@@ -196,13 +139,13 @@ void setDrawMode(FovixModel& model, int mode) {
     Model180VRParams& p = params(model);
     const LockSection section(p.mLock);
     p.mDrawMode = mode;
-    clearCartoon(p);
+    p.mBlend.reset();
 }
 
 void setDrawModeCartoon(FovixModel& model, int fromMode, int toMode, int step, int frameCount) {
     Model180VRParams& p = params(model);
     const LockSection section(p.mLock);
-    startCartoon(p, fromMode, toMode, step, frameCount);
+    p.mBlend.start(fromMode, toMode, step, frameCount);
 }
 
 // Screens and views
@@ -262,8 +205,8 @@ void init(FovixModel& model) {
     p.mDrawMode = 0;
     p.mSelectedScreen = 0;
     p.mLensOffsetX = p.mLensOffsetY = 0.0;
-    clearCartoon(p);
-    p.mCartoonCache = nullptr;
+    p.mBlend.reset();
+    p.mBlend.mesh = nullptr;
 }
 
 constexpr FovixModelOperations kOperations = {

@@ -1,13 +1,13 @@
 // The 180-degree view: the lens circle on a disc, stretched flat, round a cylinder or on a curved screen,
 // seen through one, three or four screens.
 //
-// A change of shape morphs the mesh that was shown into the next one (the cartoon): for some frames the model
-// hands out a blend of both, and every fetch carries it on by one frame.
+// A change of shape blends the mesh that was shown into the next one; every fetch is a step of the blend.
 #pragma once
 
 #include <array>
 
 #include "base/SharedLock.h"
+#include "mesh/MeshBlend.h"
 #include "model/FovixModel.h"
 #include "view/RotateZoomView.h"
 
@@ -24,14 +24,8 @@ struct Model180VRParams : ModelParams {
     Cell<int> mDrawMode = 0;  ///< mesh in use; a host may ask for one that does not exist
     Cell<int> mShape = 0;
 
-    // The cartoon; changed under the lock, as every fetch changes it too.
-    Cell<int> mCartoonActive = 0;
-    Cell<int> mCartoonFrom = 0, mCartoonTo = 0;  ///< meshes at both ends
-    int mCartoonFrame = 0;                       ///< frames shown so far
-    Cell<int> mCartoonFrames = 0;                ///< length in frames
-    int mCartoonDirty = 0;                       ///< the next fetch has to blend anew
-    std::shared_ptr<VertexCache> mCartoonCache;  ///< the blend; kept for the next cartoon
-    SharedLock mLock;
+    MeshBlend mBlend;  ///< between the meshes of two modes
+    SharedLock mLock;  ///< guards the blend
 
     // The mesh handed out last; GL thread.
     std::array<VertexCachePtr, k180VRModes> mVertexCaches;  ///< by mode, built on first use

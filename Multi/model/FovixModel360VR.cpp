@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 #include "Fovix.h"
 #include "base/Numbers.h"
@@ -14,7 +13,7 @@ namespace fovix {
 namespace {
 
 constexpr char kSource[] = "Multi/FovixModel360VR";
-constexpr int kBlendFrames = 30;
+constexpr int kBlendFrames = 30;  ///< of which the last shows the target
 
 Model360VRParams& params(FovixModel& model) {
     return paramsOf<Model360VRParams>(model);
@@ -26,10 +25,6 @@ constexpr bool isWithin(int index, int count) {
 
 ViewCells360VR& viewOf(Model360VRParams& p, int screen) {
     return p.mViews[static_cast<std::size_t>(screen)];
-}
-
-bool isBlending(const Model360VRParams& p) {
-    return p.mMorphFrom != p.mMorphTo && p.mMorphFrame < kBlendFrames;
 }
 
 // Mount, shape and views
@@ -60,17 +55,15 @@ int getCameraMount(FovixModel& model) {
     return params(model).mMount;
 }
 
-/// The layouts with an overview appear at once, with the first of their closer views selected.
+/// Overview layouts switch without a blend. The first of their closer views is selected.
 void switchTo(Model360VRParams& p, int shape) {
-    p.mMorphFrom = p.mMorphTo = shape;
+    p.mBlend.reset();
     p.mSelectedScreen = shape == FOVIX_SHAPE_OVERVIEW_FIVE ? 1 : 0;
 }
 
 void startBlend(Model360VRParams& p, int shape, const View360VR& start) {
-    p.mMorphFrame = 0;
-    p.mMorphFrom = p.mShape.get();
-    p.mMorphTo = shape;
-    p.mMorphStart = p.mMorphView = start;
+    p.mBlend.start(p.mShape, shape, 0, kBlendFrames);
+    p.mBlendStart = p.mBlendView = start;
 }
 
 void startCeilingBlend(Model360VRParams& p, int shape) {
@@ -163,22 +156,10 @@ VertexCachePtr meshOf(Model360VRParams& p, int mount, int shape) {
     return cache;
 }
 
-/// Vertices that only the target has start in the middle.
-void blendPositions(VertexCache& blended, const VertexCache& from, const VertexCache& to, int frame) {
-    const std::size_t common = std::min(from.positions.size(), to.positions.size());
-    for (std::size_t i = 0; i < common; ++i) {
-        const float start = from.positions[i];
-        blended.positions[i] =
-            start + (to.positions[i] - start) * static_cast<float>(frame) / static_cast<float>(kBlendFrames);
-    }
-    std::fill(blended.positions.begin() + static_cast<std::ptrdiff_t>(common), blended.positions.end(), 0.0f);
-}
-
 View360VR blendView(const View360VR& from, const View360VR& to, int frame) {
-    // The way between two angles at the ends of what a double holds is no double: the view is there at once
-    // then.
     const auto between = [frame](double start, double end) {
         const double value = start + (end - start) * frame / kBlendFrames;
+        // end - start may overflow; the view jumps to its end then.
         return std::isfinite(value) ? value : end;
     };
     return {between(from.mPan, to.mPan), between(from.mRoll, to.mRoll), between(from.mTilt, to.mTilt),
@@ -186,40 +167,37 @@ View360VR blendView(const View360VR& from, const View360VR& to, int frame) {
 }
 
 VertexCachePtr blendedMesh(Model360VRParams& p) {
-    const VertexCachePtr from = meshOf(p, p.mMount, p.mMorphFrom), to = meshOf(p, p.mMount, p.mMorphTo);
+    MeshBlend& blend = p.mBlend;
+    const VertexCachePtr from = meshOf(p, p.mMount, blend.from), to = meshOf(p, p.mMount, blend.to);
     if (!from || !to) return nullptr;
-    // Meshes with as many triangles have the same texture coordinates: they leave out the same rings.
-    if (!p.mMorphCache || p.mMorphCache->triangleCount != to->triangleCount) {
-        p.mMorphCache = std::make_shared<VertexCache>(*to);
-    }
-    blendPositions(*p.mMorphCache, *from, *to, p.mMorphFrame);
-    p.mMorphView = blendView(p.mMorphStart, viewOf(p, 0).load(), p.mMorphFrame);
-    return p.mMorphCache;
+    blend.mix(*from, *to);
+    p.mBlendView = blendView(p.mBlendStart, viewOf(p, 0).load(), blend.frame);
+    return blend.mesh;
 }
 
 VertexCachePtr getVerticesCache(FovixModel& model) {
     Model360VRParams& p = params(model);
     const LockSection section(p.mLock);
-    if (p.mMorphFrame < std::numeric_limits<int>::max()) p.mMorphFrame = p.mMorphFrame + 1;
     VertexCachePtr cache;
-    if (isBlending(p)) {
+    if (p.mBlend.isRunning() && p.mBlend.advance()) {
         cache = blendedMesh(p);
     } else {
+        p.mBlend.stop();
         cache = meshOf(p, p.mMount, p.mShape);
-        p.mMorphCache = nullptr;
+        p.mBlend.mesh = nullptr;
     }
     if (cache) p.mNumTriangles = cache->triangleCount;
     return cache;
 }
 
 int needsVertexUpdate(FovixModel& model) {
-    return isBlending(params(model)) ? 1 : 0;
+    return params(model).mBlend.isRunning() ? 1 : 0;
 }
 
 void onConfigChanged(FovixModel& model) {
     Model360VRParams& p = params(model);
     p.mMeshCaches = {};
-    p.mMorphCache = nullptr;
+    p.mBlend.mesh = nullptr;
 }
 
 int getOverlayCount(FovixModel& model) {
@@ -238,7 +216,7 @@ Scene360VR takeScene(FovixModel& model, Model360VRParams& p) {
     Scene360VR scene = {p.mMount, p.mShape, model.backingWidth, model.backingHeight, {}, {}};
     for (std::size_t screen = 0; screen < p.mViews.size(); ++screen)
         scene.views[screen] = p.mViews[screen].load();
-    if (isBlending(p) && p.mMorphCache) scene.blendView = p.mMorphView;
+    if (p.mBlend.isRunning() && p.mBlend.mesh) scene.blendView = p.mBlendView;
     return scene;
 }
 
@@ -260,7 +238,7 @@ Seams scrollStrips(Model360VRParams& p, int width, int height) {
     for (int screen = 0; screen < (twoStrips ? 2 : 1); ++screen) {
         const StripScroll scroll = scrollStrip(viewOf(p, screen).mPan, screen, width, stripHeight);
         viewOf(p, screen).mPan = scroll.pan;
-        seams[static_cast<std::size_t>(screen)] = scroll.showsSeam && !isBlending(p);
+        seams[static_cast<std::size_t>(screen)] = scroll.showsSeam && !p.mBlend.isRunning();
     }
     return seams;
 }

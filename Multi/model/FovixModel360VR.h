@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "base/SharedLock.h"
+#include "mesh/MeshBlend.h"
 #include "model/FovixModel.h"
 #include "view/Views360VR.h"
 
@@ -34,16 +35,14 @@ struct Model360VRParams : ModelParams {
     std::array<ViewCells360VR, kPanoramaScreens> mViews;
     Cell<int> mSelectedScreen = 0;  ///< chosen by the last selectScreen
 
-    Cell<int> mMorphFrom = 0, mMorphTo = 0;  ///< shapes between which the mesh is blended
-    Cell<int> mMorphFrame = 0;               ///< fetches since the last blend began
-    View360VR mMorphStart,
-        mMorphView;  ///< screen 0's view when the blend began, and as it is drawn; under mLock
+    MeshBlend mBlend;       ///< between the meshes of two shapes
+    View360VR mBlendStart;  ///< screen 0's view when the blend began
+    View360VR mBlendView;   ///< the view that is drawn meanwhile, on its way to screen 0's
 
     // GL thread.
     std::array<std::array<VertexCachePtr, kPanoramaShapes>, kPanoramaMounts>
-        mMeshCaches;                           ///< built on first use
-    std::shared_ptr<VertexCache> mMorphCache;  ///< the blended mesh
-    int mNumTriangles = 0;                     ///< of the mesh last handed out
+        mMeshCaches;        ///< built on first use
+    int mNumTriangles = 0;  ///< of the mesh last handed out
 };
 
 ModelPtr FovixModel360VR_Create(const FishEyeConfig& lens);

@@ -54,13 +54,13 @@ TEST_F(Model180VR, CartoonsMoveTheMesh) {
         expectShare(*disc, *stretch, share);
     }
     EXPECT_EQ(params.mDrawMode, 0) << "a cartoon leaves the matrix's mode alone";
-    const VertexCachePtr buffer = params.mCartoonCache;
+    const VertexCachePtr buffer = params.mBlend.mesh;
     EXPECT_EQ(meshOf(1), stretch) << "a draw mode ends it";
     ops.setShape(*model, 0);
     ops.onConfigChanged(*model);
     EXPECT_EQ(fetch(), buffer) << "GL may still point at it";
     ops.init(*model);
-    EXPECT_TRUE(!params.mCartoonCache && !isMoving());
+    EXPECT_TRUE(!params.mBlend.mesh && !isMoving());
 }
 
 TEST_F(Model180VR, AnyNumbersMakeAHarmlessCartoon) {

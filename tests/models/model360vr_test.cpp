@@ -74,7 +74,7 @@ TEST_F(Model360VR, AShapeBlendsForThirtyFetches) {
         ASSERT_EQ(blend->triangleCount, 3480);
         if (frame == 15) halfway = blend->positions;
     }
-    EXPECT_EQ(valuesOf(params.mMorphView), (View{88, 2, 50 + 40 * 29 / 30.0, 9 - 9 * 29 / 30.0}));
+    EXPECT_EQ(valuesOf(params.mBlendView), (View{88, 2, 50 + 40 * 29 / 30.0, 9 - 9 * 29 / 30.0}));
     const VertexCachePtr cylinder = fetch();
     EXPECT_FALSE(isMoving());
     for (std::size_t i = 0; i < cylinder->positions.size(); ++i) {
@@ -93,15 +93,15 @@ TEST_F(Model360VR, BlendsBeginWhereTheirKindSays) {
     const std::pair<int, double> panOfShapes[] = {{1, 30}, {2, -30}, {1, -30}, {5, 0}, {3, 30}};
     for (const auto& [shape, pan] : panOfShapes) {
         ops.setShape(*model, shape);
-        EXPECT_EQ(valuesOf(params.mMorphView), (View{pan, 60, 50, 9})) << shape;
+        EXPECT_EQ(valuesOf(params.mBlendView), (View{pan, 60, 50, 9})) << shape;
         const VertexCachePtr blend = fetch(), target = params.mMeshCaches[0][static_cast<std::size_t>(shape)];
         EXPECT_EQ(blend->triangleCount, target->triangleCount) << shape;
     }
-    EXPECT_EQ(params.mMorphStart.mPtzFifth, 3.0);
+    EXPECT_EQ(params.mBlendStart.mPtzFifth, 3.0);
     ops.setCameraMount(*model, FOVIX_MOUNT_WALL);
     ops.setShape(*model, FOVIX_SHAPE_BOWL);
     EXPECT_EQ(viewOf(0), (View{90, 90, 90, 0}));
-    EXPECT_EQ(valuesOf(params.mMorphStart), (View{90, 90, 90, 0}));
+    EXPECT_EQ(valuesOf(params.mBlendStart), (View{90, 90, 90, 0}));
     show(FOVIX_MOUNT_WALL, FOVIX_SHAPE_OVERVIEW_FIVE);
     EXPECT_FALSE(isMoving());
     EXPECT_EQ(ops.getSelectedScreen(*model), 1);
@@ -113,8 +113,8 @@ TEST_F(Model360VR, ABlendNeitherBeginsAgainNorLeavesWhatIsFinite) {
     ops.setShape(*model, FOVIX_SHAPE_CYLINDER_INSIDE);
     ops.setPTZ(*model, 0, huge, 0, 90, 0, 0);
     fetch();
-    EXPECT_TRUE(std::isfinite(params.mMorphView.mPan));
-    params.mMorphFrame = INT_MAX - 1;
+    EXPECT_TRUE(std::isfinite(params.mBlendView.mPan));
+    params.mBlend.frame = INT_MAX - 1;
     for (int i = 0; i < 3; ++i) fetch();
     EXPECT_FALSE(isMoving());
 }
