@@ -1,8 +1,7 @@
 #!/usr/bin/perl
-# Rooms: every include of the library and of the programs leads to its own room or down, as the tables in
-# docs/architecture.md list them from the ground up; rooms of one row do not include each other. Modules do not
-# include each other in circles. GL stays in its room, and nothing outside knows more of the library than Fovix.h,
-# tests, benchmarks and drawings excepted.
+# Rooms: every include of the library and of the programs points to its own room or down, in the order of the tables
+# in CONTRIBUTING.md; rooms of one row do not include each other. Modules do not include each other in circles. GL
+# names appear only in their room, and only tests, benchmarks and drawings know more of the library than Fovix.h.
 use strict;
 use warnings;
 
@@ -22,11 +21,12 @@ sub without_comments {
 
 my (%level, @faults);
 my $row = 0;
-for my $line (slurp('docs/architecture.md') =~ /^(\| `(?:Multi|host)\/[^|]*\|)/mg) {
+my ($chapter) = slurp('CONTRIBUTING.md') =~ /^## Rooms$(.*?)(?=^## )/ms;
+for my $line (($chapter // '') =~ /^(\| `(?:Multi|host)\/[^|]*\|)/mg) {
     ++$row;
     $level{$_} = $row for $line =~ /`((?:Multi|host)\/[\w\/]*)`/g;
 }
-die "docs/architecture.md: no table of rooms\n" unless keys %level > 10;
+die "CONTRIBUTING.md: no table of rooms\n" unless keys %level > 10;
 
 my %used;      # module => modules that it includes
 my @sources = grep { /\.(h|c|cpp)$/ } split /\n/, `git ls-files --cached --others --exclude-standard Multi host examples`;
