@@ -13,14 +13,14 @@ namespace {
 
 constexpr char kSource[] = "Multi/FovixModel180VR";
 
-Model180VRParams& params(FovixModel& model) {
-    return paramsOf<Model180VRParams>(model);
+VR180Params& params(FovixModel& model) {
+    return paramsOf<VR180Params>(model);
 }
 
 // The blend
 
 /// The layouts with several screens and the cylinder switch without steps between.
-bool isBlendVisible(const Model180VRParams& p) {
+bool isBlendVisible(const VR180Params& p) {
     const bool oneScreen = p.mShape != FOVIX_SHAPE_FOUR_SCREENS && p.mShape != FOVIX_SHAPE_LARGE_AND_TWO;
     return oneScreen && p.mBlend.from != FOVIX_180_CYLINDER && p.mBlend.to != FOVIX_180_CYLINDER;
 }
@@ -38,7 +38,7 @@ constexpr bool hasMesh(int mode) {
 }
 
 VertexCachePtr createVertices(FovixModel& model, int mode) {
-    Model180VRParams& p = params(model);
+    VR180Params& p = params(model);
     printLine("FovixModel180VR.createVertices(%d)\n", mode);
     if (!hasMesh(mode)) {
         printLine("createVertices() mode is error : %d\n", mode);
@@ -63,7 +63,7 @@ VertexCachePtr meshOfMode(FovixModel& model, int mode) {
 }
 
 /// Records extent and lens offset of the mesh about to be bound.
-void recordMesh(Model180VRParams& p, const VertexCache& mesh) {
+void recordMesh(VR180Params& p, const VertexCache& mesh) {
     p.mMeshExtent = mesh.extent;
     const FishEyeConfig lens = *p.mFishEye;
     const bool isKnown = isFecValid(lens);
@@ -73,7 +73,7 @@ void recordMesh(Model180VRParams& p, const VertexCache& mesh) {
 
 /// The mesh of the running blend's next step; the last one is the target itself.
 VertexCachePtr stepBlend(FovixModel& model) {
-    Model180VRParams& p = params(model);
+    VR180Params& p = params(model);
     MeshBlend& blend = p.mBlend;
     const VertexCachePtr from = meshOfMode(model, blend.from);
     const VertexCachePtr to = meshOfMode(model, blend.to);
@@ -86,7 +86,7 @@ VertexCachePtr stepBlend(FovixModel& model) {
 }
 
 VertexCachePtr getVerticesCache(FovixModel& model) {
-    Model180VRParams& p = params(model);
+    VR180Params& p = params(model);
     const bool isBlending = p.mBlend.isRunning();
     const VertexCachePtr mesh = isBlending ? stepBlend(model) : meshOfMode(model, p.mDrawMode);
     if (mesh) recordMesh(p, *mesh);
@@ -122,7 +122,7 @@ void setShape(FovixModel& model, int shape) {
     const auto found = std::find_if(kShapeModes.begin(), kShapeModes.end(),
                                     [shape](const ShapeMode& entry) { return entry.shape == shape; });
     if (found == kShapeModes.end()) return;
-    Model180VRParams& p = params(model);
+    VR180Params& p = params(model);
     const LockSection section(p.mLock);
     const int oldMode = p.mDrawMode;
     p.mBlend.reset();
@@ -136,14 +136,14 @@ int getShape(FovixModel& model) {
 }
 
 void setDrawMode(FovixModel& model, int mode) {
-    Model180VRParams& p = params(model);
+    VR180Params& p = params(model);
     const LockSection section(p.mLock);
     p.mDrawMode = mode;
     p.mBlend.reset();
 }
 
 void setDrawModeCartoon(FovixModel& model, int fromMode, int toMode, int step, int frameCount) {
-    Model180VRParams& p = params(model);
+    VR180Params& p = params(model);
     const LockSection section(p.mLock);
     p.mBlend.start(fromMode, toMode, step, frameCount);
 }
@@ -151,7 +151,7 @@ void setDrawModeCartoon(FovixModel& model, int fromMode, int toMode, int step, i
 // Screens and views
 
 void drawSelf(FovixModel& model, int mvpMatrixUniform, int verticalOffsetUniform) {
-    const Model180VRParams& p = params(model);
+    const VR180Params& p = params(model);
     const Layout180VR layout = layout180VR(p.mShape, model.backingWidth, model.backingHeight);
     const Scene180VR scene = {p.mDrawMode, p.mMeshExtent, p.mLensOffsetX, p.mLensOffsetY, model.rotation};
     for (int s = 0; s < layout.count; ++s) {
@@ -164,8 +164,8 @@ void drawSelf(FovixModel& model, int mvpMatrixUniform, int verticalOffsetUniform
 }
 
 int selectScreen(FovixModel& model, int x, int y) {
-    Model180VRParams& p = params(model);
-    const int screen = screenAt180VR(p.mShape, x, y, model.backingWidth, model.backingHeight);
+    VR180Params& p = params(model);
+    const int screen = screenAt180VR(p.mShape, model.backingWidth, model.backingHeight, x, y);
     p.mSelectedScreen = screen;
     return screen;
 }
@@ -199,7 +199,7 @@ void setRotation(FovixModel& model, double degrees) {
 
 /// The shape and the meshes stay.
 void init(FovixModel& model) {
-    Model180VRParams& p = params(model);
+    VR180Params& p = params(model);
     const LockSection section(p.mLock);
     resetPosition(model);
     p.mDrawMode = 0;
@@ -235,7 +235,7 @@ static_assert(hasMandatoryOperations(kOperations));
 }  // namespace
 
 ModelPtr FovixModel180VR_Create(const FishEyeConfig& lens) {
-    return FovixModel_Create(kOperations, std::make_unique<Model180VRParams>(lens));
+    return FovixModel_Create(kOperations, std::make_unique<VR180Params>(lens));
 }
 
 }  // namespace fovix

@@ -16,7 +16,7 @@ namespace fovix {
 inline constexpr int k180VRScreens = 6;
 inline constexpr int k180VRModes = 4;
 
-struct Model180VRParams : ModelParams {
+struct VR180Params : ModelParams {
     using ModelParams::ModelParams;
 
     std::array<RotateZoomView, k180VRScreens> mViews;

@@ -15,28 +15,28 @@ namespace {
 constexpr char kSource[] = "Multi/FovixModel360VR";
 constexpr int kBlendFrames = 30;  ///< of which the last shows the target
 
-Model360VRParams& params(FovixModel& model) {
-    return paramsOf<Model360VRParams>(model);
+VR360Params& params(FovixModel& model) {
+    return paramsOf<VR360Params>(model);
 }
 
 constexpr bool isWithin(int index, int count) {
     return index >= 0 && index < count;
 }
 
-ViewCells360VR& viewOf(Model360VRParams& p, int screen) {
+ViewCells360VR& viewOf(VR360Params& p, int screen) {
     return p.mViews[static_cast<std::size_t>(screen)];
 }
 
 // Mount, shape and views
 
 void resetPosition(FovixModel& model) {
-    Model360VRParams& p = params(model);
+    VR360Params& p = params(model);
     const LockSection section(p.mLock);
     for (ViewCells360VR& view : p.mViews) view.store(defaultView(view.load(), p.mMount, p.mShape));
 }
 
 void init(FovixModel& model) {
-    Model360VRParams& p = params(model);
+    VR360Params& p = params(model);
     const LockSection section(p.mLock);
     p.mMount = FOVIX_MOUNT_CEILING;
     for (ViewCells360VR& view : p.mViews) view.store({});
@@ -44,7 +44,7 @@ void init(FovixModel& model) {
 }
 
 void setCameraMount(FovixModel& model, int mount) {
-    Model360VRParams& p = params(model);
+    VR360Params& p = params(model);
     const LockSection section(p.mLock);
     if (!isWithin(mount, kPanoramaMounts) || mount == p.mMount) return;
     p.mMount = mount;
@@ -56,17 +56,17 @@ int getCameraMount(FovixModel& model) {
 }
 
 /// Overview layouts switch without a blend. The first of their closer views is selected.
-void switchTo(Model360VRParams& p, int shape) {
+void switchTo(VR360Params& p, int shape) {
     p.mBlend.reset();
     p.mSelectedScreen = shape == FOVIX_SHAPE_OVERVIEW_FIVE ? 1 : 0;
 }
 
-void startBlend(Model360VRParams& p, int shape, const View360VR& start) {
+void startBlend(VR360Params& p, int shape, const View360VR& start) {
     p.mBlend.start(p.mShape, shape, 0, kBlendFrames);
     p.mBlendStart = p.mBlendView = start;
 }
 
-void startCeilingBlend(Model360VRParams& p, int shape) {
+void startCeilingBlend(VR360Params& p, int shape) {
     const int from = p.mShape;
     const bool turnsOver = (from == FOVIX_SHAPE_DOME && shape == FOVIX_SHAPE_BOWL) ||
                            (from == FOVIX_SHAPE_BOWL && shape == FOVIX_SHAPE_DOME);
@@ -77,7 +77,7 @@ void startCeilingBlend(Model360VRParams& p, int shape) {
     p.mSelectedScreen = 0;
 }
 
-void startWallBlend(Model360VRParams& p, int shape) {
+void startWallBlend(VR360Params& p, int shape) {
     const View360VR ahead = {.mPan = 90.0, .mTilt = 90.0, .mZoom = 90.0};
     viewOf(p, 0).store(ahead);
     startBlend(p, shape, ahead);
@@ -85,7 +85,7 @@ void startWallBlend(Model360VRParams& p, int shape) {
 
 /// Cameras that hang otherwise than on the ceiling or on a wall have one shape.
 void setShape(FovixModel& model, int shape) {
-    Model360VRParams& p = params(model);
+    VR360Params& p = params(model);
     const LockSection section(p.mLock);
     const bool onCeiling = p.mMount == FOVIX_MOUNT_CEILING, onWall = p.mMount == FOVIX_MOUNT_WALL;
     if (!isWithin(shape, kPanoramaShapes) || shape == p.mShape || (!onCeiling && !onWall)) return;
@@ -106,7 +106,7 @@ int getShape(FovixModel& model) {
 void setPTZ(FovixModel& model, int screen, double pan, double tilt, double zoom, double roll,
             double ptzFifth) {
     if (!isWithin(screen, kPanoramaScreens) || !allFinite(pan, tilt, zoom, roll, ptzFifth)) return;
-    Model360VRParams& p = params(model);
+    VR360Params& p = params(model);
     const LockSection section(p.mLock);
     viewOf(p, screen).store(limitedView({pan, roll, tilt, ptzFifth, zoom}, p.mMount, p.mShape));
 }
@@ -121,10 +121,10 @@ void getPTZ(FovixModel& model, int screen, double* pan, double* tilt, double* zo
 }
 
 int selectScreen(FovixModel& model, int x, int y) {
-    Model360VRParams& p = params(model);
+    VR360Params& p = params(model);
     const LockSection section(p.mLock);
     const int shape = p.mShape;
-    const int screen = screenAt(p.mMount, shape, model.backingWidth, model.backingHeight, x, y);
+    const int screen = screenAt360VR(p.mMount, shape, model.backingWidth, model.backingHeight, x, y);
     const bool isOverview = (shape == FOVIX_SHAPE_OVERVIEW_FIVE && screen == 0) ||
                             (shape == FOVIX_SHAPE_TWO_AND_STRIP && screen >= 2);
     if (!isOverview) p.mSelectedScreen = screen;
@@ -145,7 +145,7 @@ int shapeOfMesh(int mount, int shape) {
     return sharesHemisphere ? FOVIX_SHAPE_SINGLE : shape;
 }
 
-VertexCachePtr meshOf(Model360VRParams& p, int mount, int shape) {
+VertexCachePtr meshOf(VR360Params& p, int mount, int shape) {
     const int meshShape = shapeOfMesh(mount, shape);
     VertexCachePtr& cache =
         p.mMeshCaches[static_cast<std::size_t>(mount)][static_cast<std::size_t>(meshShape)];
@@ -166,7 +166,7 @@ View360VR blendView(const View360VR& from, const View360VR& to, int frame) {
             between(from.mPtzFifth, to.mPtzFifth), between(from.mZoom, to.mZoom)};
 }
 
-VertexCachePtr blendedMesh(Model360VRParams& p) {
+VertexCachePtr blendedMesh(VR360Params& p) {
     MeshBlend& blend = p.mBlend;
     const VertexCachePtr from = meshOf(p, p.mMount, blend.from), to = meshOf(p, p.mMount, blend.to);
     if (!from || !to) return nullptr;
@@ -176,7 +176,7 @@ VertexCachePtr blendedMesh(Model360VRParams& p) {
 }
 
 VertexCachePtr getVerticesCache(FovixModel& model) {
-    Model360VRParams& p = params(model);
+    VR360Params& p = params(model);
     const LockSection section(p.mLock);
     VertexCachePtr cache;
     if (p.mBlend.isRunning() && p.mBlend.advance()) {
@@ -195,7 +195,7 @@ int needsVertexUpdate(FovixModel& model) {
 }
 
 void onConfigChanged(FovixModel& model) {
-    Model360VRParams& p = params(model);
+    VR360Params& p = params(model);
     p.mMeshCaches = {};
     p.mBlend.mesh = nullptr;
 }
@@ -205,14 +205,14 @@ int getOverlayCount(FovixModel& model) {
 }
 
 VertexCachePtr getOverlayVerticesCache(FovixModel& model, int index) {
-    Model360VRParams& p = params(model);
+    VR360Params& p = params(model);
     const LockSection section(p.mLock);
     return getOverlayCount(model) && index == 0 ? meshOf(p, p.mMount, FOVIX_SHAPE_STRIP) : nullptr;
 }
 
 // Drawing
 
-Scene360VR takeScene(FovixModel& model, Model360VRParams& p) {
+Scene360VR takeScene(FovixModel& model, VR360Params& p) {
     Scene360VR scene = {p.mMount, p.mShape, model.backingWidth, model.backingHeight, {}, {}};
     for (std::size_t screen = 0; screen < p.mViews.size(); ++screen)
         scene.views[screen] = p.mViews[screen].load();
@@ -224,7 +224,7 @@ Scene360VR takeScene(FovixModel& model, Model360VRParams& p) {
 using Seams = std::array<bool, kPanoramaScreens>;
 
 /// The strips move on within the model's views; the second one follows the first.
-Seams scrollStrips(Model360VRParams& p, int width, int height) {
+Seams scrollStrips(VR360Params& p, int width, int height) {
     const bool twoStrips = p.mShape == FOVIX_SHAPE_TWO_STRIPS;
     Seams seams = {};
     const int stripHeight = twoStrips ? height / 2 : height;
@@ -248,7 +248,7 @@ bool hasSurface(const Scene360VR& scene) {
 }
 
 void drawSelf(FovixModel& model, int mvpMatrixUniform, int verticalOffsetUniform) {
-    Model360VRParams& p = params(model);
+    VR360Params& p = params(model);
     const DrawUniforms uniforms = {mvpMatrixUniform, verticalOffsetUniform};
     Scene360VR scene;
     Seams seams;
@@ -259,9 +259,9 @@ void drawSelf(FovixModel& model, int mvpMatrixUniform, int verticalOffsetUniform
     }
     if (!hasSurface(scene)) return;
     const auto draw = [&](int screen, double extraPan) {
-        drawMesh(model, screenMatrix(scene, screen, extraPan), uniforms, p.mNumTriangles, kSource);
+        drawMesh(model, screenMatrix360VR(scene, screen, extraPan), uniforms, p.mNumTriangles, kSource);
     };
-    const Layout360VR layout = layoutOf(scene.shape, scene.width, scene.height);
+    const Layout360VR layout = layout360VR(scene.shape, scene.width, scene.height);
     for (int screen = 0; screen < std::max(layout.count, 1); ++screen) {
         const auto index = static_cast<std::size_t>(screen);
         if (layout.count > 0) setViewport(layout.screens[index]);
@@ -271,7 +271,7 @@ void drawSelf(FovixModel& model, int mvpMatrixUniform, int verticalOffsetUniform
 }
 
 void drawOverlay(FovixModel& model, int index, int mvpMatrixUniform, int verticalOffsetUniform) {
-    Model360VRParams& p = params(model);
+    VR360Params& p = params(model);
     Scene360VR scene;
     {
         const LockSection section(p.mLock);
@@ -281,11 +281,11 @@ void drawOverlay(FovixModel& model, int index, int mvpMatrixUniform, int vertica
     const VertexCachePtr& strip = p.mMeshCaches[static_cast<std::size_t>(scene.mount)][FOVIX_SHAPE_STRIP];
     if (!strip) return;
     setViewport(overviewStripRect(scene.width, scene.height));
-    drawMesh(model, screenMatrix(scene, 2, 0.0), {mvpMatrixUniform, verticalOffsetUniform},
+    drawMesh(model, screenMatrix360VR(scene, 2, 0.0), {mvpMatrixUniform, verticalOffsetUniform},
              strip->triangleCount, kSource);
 }
 
-constexpr FovixModelOperations kPanoramaOperations = {
+constexpr FovixModelOperations kOperations = {
     .init = init,
     .release = FovixModel_Release,
     .setCameraMount = setCameraMount,
@@ -308,7 +308,7 @@ constexpr FovixModelOperations kPanoramaOperations = {
     .selectScreen = selectScreen,
     .getSelectedScreen = getSelectedScreen,
 };
-static_assert(hasMandatoryOperations(kPanoramaOperations));
+static_assert(hasMandatoryOperations(kOperations));
 
 }  // namespace
 
@@ -325,7 +325,7 @@ void ViewCells360VR::store(const View360VR& view) {
 }
 
 ModelPtr FovixModel360VR_Create(const FishEyeConfig& lens) {
-    return FovixModel_Create(kPanoramaOperations, std::make_unique<Model360VRParams>(lens));
+    return FovixModel_Create(kOperations, std::make_unique<VR360Params>(lens));
 }
 
 }  // namespace fovix

@@ -26,7 +26,7 @@ struct ViewCells360VR {
 };
 
 /// Whatever changes several fields holds mLock meanwhile; the frame takes what it draws in one section.
-struct Model360VRParams : ModelParams {
+struct VR360Params : ModelParams {
     using ModelParams::ModelParams;
 
     SharedLock mLock;

@@ -42,7 +42,7 @@ void getRotateZoom(FovixModel& model, int, double* xAngle, double* yAngle, doubl
     params(model).mView.get(xAngle, yAngle, zAngle, zoom);
 }
 
-constexpr FovixModelOperations kFlatPictureOperations = {
+constexpr FovixModelOperations kOperations = {
     .init = reset,
     .release = FovixModel_Release,
     .setViewSize = FovixModel_SetViewSize,
@@ -56,7 +56,7 @@ constexpr FovixModelOperations kFlatPictureOperations = {
     .getRotateZoom = getRotateZoom,
     .needsVertexUpdate = FovixModel_NeedContinue,
 };
-static_assert(hasMandatoryOperations(kFlatPictureOperations));
+static_assert(hasMandatoryOperations(kOperations));
 
 }  // namespace
 
@@ -74,7 +74,7 @@ void FlatMesh_OnConfigChanged(FovixModel& model) {
 }
 
 ModelPtr FlatPicture_Create(const FishEyeConfig& lens, const FlatPictureKind& kind) {
-    return FovixModel_Create(kFlatPictureOperations, std::make_unique<OriginalParams>(lens, kind));
+    return FovixModel_Create(kOperations, std::make_unique<OriginalParams>(lens, kind));
 }
 
 ModelPtr FovixModelOriginal_Create(const FishEyeConfig& lens) {

@@ -222,7 +222,7 @@ int getTwoLensesScreen(FovixModel& model) {
     return p.mDrawMode == FOVIX_TWO_LENSES_BOTH ? p.mScreen.get() : FOVIX_TWO_LENSES_SCREEN_NONE;
 }
 
-constexpr FovixModelOperations kTwoLensesOperations = {
+constexpr FovixModelOperations kOperations = {
     .init = reset,
     .release = FovixModel_Release,
     .setViewSize = setViewSize,
@@ -244,7 +244,7 @@ constexpr FovixModelOperations kTwoLensesOperations = {
     .setTwoLensesScreen = setTwoLensesScreen,
     .getTwoLensesScreen = getTwoLensesScreen,
 };
-static_assert(hasMandatoryOperations(kTwoLensesOperations));
+static_assert(hasMandatoryOperations(kOperations));
 
 }  // namespace
 
@@ -304,7 +304,7 @@ double aspectFixOf(int width, int height, int imgWidth, int imgHeight) {
 }
 
 ModelPtr FovixModelTwoLensesInOne_Create(const FishEyeConfig& lens) {
-    return FovixModel_Create(kTwoLensesOperations, std::make_unique<TwoLensesParams>(lens));
+    return FovixModel_Create(kOperations, std::make_unique<TwoLensesParams>(lens));
 }
 
 }  // namespace fovix

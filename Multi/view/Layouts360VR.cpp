@@ -51,7 +51,7 @@ int screenOfOverviewAndFive(int width, int height, int x, int y) {
 
 }  // namespace
 
-Layout360VR layoutOf(int shape, int width, int height) {
+Layout360VR layout360VR(int shape, int width, int height) {
     switch (shape) {
         case FOVIX_SHAPE_TWO_STRIPS:
             return twoStrips(width, height);
@@ -70,7 +70,7 @@ SurfaceRect overviewStripRect(int width, int height) {
     return {0, 0, width, height / 3};
 }
 
-int screenAt(int mount, int shape, int width, int height, int x, int y) {
+int screenAt360VR(int mount, int shape, int width, int height, int x, int y) {
     const bool onCeiling = mount == FOVIX_MOUNT_CEILING;
     const int right = x < width / 2 ? 0 : 1;
     if (onCeiling && shape == FOVIX_SHAPE_FOUR_SCREENS) return y < height / 2 ? right : 2 + right;

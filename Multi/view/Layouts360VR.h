@@ -15,13 +15,13 @@ struct Layout360VR {
     int count = 0;
 };
 
-Layout360VR layoutOf(int shape, int width, int height);
+Layout360VR layout360VR(int shape, int width, int height);
 
 /// Bottom third of the surface: the overview strip under the two screens of FOVIX_SHAPE_TWO_AND_STRIP.
 SurfaceRect overviewStripRect(int width, int height);
 
 /// The screen under a point, in pixels from the top left.
-int screenAt(int mount, int shape, int width, int height, int x, int y);
+int screenAt360VR(int mount, int shape, int width, int height, int x, int y);
 
 /// One step of a strip through its screen.
 struct StripScroll {

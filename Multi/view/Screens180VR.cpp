@@ -55,7 +55,7 @@ Layout180VR layout180VR(int shape, int width, int height) {
     }
 }
 
-int screenAt180VR(int shape, int x, int y, int width, int height) {
+int screenAt180VR(int shape, int width, int height, int x, int y) {
     const bool right = x >= width / 2, lower = y >= height / 2;
     if (shape == FOVIX_SHAPE_FOUR_SCREENS) return (lower ? 2 : 0) + (right ? 1 : 0);
     if (shape == FOVIX_SHAPE_LARGE_AND_TWO && lower) return right ? 2 : 1;

@@ -24,7 +24,7 @@ struct Layout180VR {
 Layout180VR layout180VR(int shape, int width, int height);
 
 /// The screen under a point counted from the surface's top left.
-int screenAt180VR(int shape, int x, int y, int width, int height);
+int screenAt180VR(int shape, int width, int height, int x, int y);
 
 /// What all screens of a frame share.
 struct Scene180VR {

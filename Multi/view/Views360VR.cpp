@@ -20,11 +20,11 @@ struct Range {
 };
 
 constexpr Range kFree = {-kInfinity, kInfinity};
-constexpr Range kAhead = {90.0, 90.0};  ///< the zoom of the shapes that cannot be zoomed
+constexpr Range kFixedZoom = {90.0, 90.0};  ///< the zoom of the shapes that cannot be zoomed
 constexpr Range kZoom = {5.0, 90.0};
-constexpr Range kCloseZoom = {5.0, 40.0};  ///< of the layouts with several screens
-constexpr Range kQuarter = {0.0, 90.0};
-constexpr Range kHalf = {0.0, 180.0};
+constexpr Range kSmallScreenZoom = {5.0, 40.0};  ///< of the layouts with several screens
+constexpr Range kQuarterTurn = {0.0, 90.0};
+constexpr Range kHalfTurn = {0.0, 180.0};
 constexpr Range kInsideRim = {15.0, 165.0};
 constexpr Range kBowlTilt = {-100.0, -60.0};
 
@@ -38,21 +38,21 @@ struct Limits {
 
 /// The first row that fits holds.
 constexpr Limits kLimits[] = {
-    {FOVIX_MOUNT_WALL_INVERTED, kAnyShape, kHalf, kHalf, kZoom},
-    {FOVIX_MOUNT_FLOOR, kAnyShape, kHalf, kHalf, kZoom},
-    {FOVIX_MOUNT_WALL, FOVIX_SHAPE_STRIP, kFree, kHalf, kAhead},
-    {FOVIX_MOUNT_WALL, FOVIX_SHAPE_TWO_STRIPS, kFree, kQuarter, kZoom},
-    {FOVIX_MOUNT_WALL, FOVIX_SHAPE_BOWL, kFree, kBowlTilt, kAhead, {0.0, 0.0}},
-    {FOVIX_MOUNT_WALL, FOVIX_SHAPE_OVERVIEW_FIVE, kFree, kQuarter, kCloseZoom},
+    {FOVIX_MOUNT_WALL_INVERTED, kAnyShape, kHalfTurn, kHalfTurn, kZoom},
+    {FOVIX_MOUNT_FLOOR, kAnyShape, kHalfTurn, kHalfTurn, kZoom},
+    {FOVIX_MOUNT_WALL, FOVIX_SHAPE_STRIP, kFree, kHalfTurn, kFixedZoom},
+    {FOVIX_MOUNT_WALL, FOVIX_SHAPE_TWO_STRIPS, kFree, kQuarterTurn, kZoom},
+    {FOVIX_MOUNT_WALL, FOVIX_SHAPE_BOWL, kFree, kBowlTilt, kFixedZoom, {0.0, 0.0}},
+    {FOVIX_MOUNT_WALL, FOVIX_SHAPE_OVERVIEW_FIVE, kFree, kQuarterTurn, kSmallScreenZoom},
     {FOVIX_MOUNT_WALL, kAnyShape, kInsideRim, kInsideRim, kZoom},
-    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_DOME, kFree, {60.0, 100.0}, kAhead, {0.0, 0.0}},
-    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_BOWL, kFree, kBowlTilt, kAhead, {0.0, 0.0}},
-    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_CYLINDER, kFree, {-45.0, 45.0}, kAhead},
-    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_CYLINDER_INSIDE, kFree, {-10.0, 10.0}, kAhead},
-    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_FOUR_SCREENS, kFree, kQuarter, kCloseZoom},
-    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_OVERVIEW_FIVE, kFree, kQuarter, kCloseZoom},
-    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_TWO_AND_STRIP, kFree, kQuarter, kCloseZoom},
-    {FOVIX_MOUNT_CEILING, kAnyShape, kFree, kQuarter, kZoom},
+    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_DOME, kFree, {60.0, 100.0}, kFixedZoom, {0.0, 0.0}},
+    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_BOWL, kFree, kBowlTilt, kFixedZoom, {0.0, 0.0}},
+    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_CYLINDER, kFree, {-45.0, 45.0}, kFixedZoom},
+    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_CYLINDER_INSIDE, kFree, {-10.0, 10.0}, kFixedZoom},
+    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_FOUR_SCREENS, kFree, kQuarterTurn, kSmallScreenZoom},
+    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_OVERVIEW_FIVE, kFree, kQuarterTurn, kSmallScreenZoom},
+    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_TWO_AND_STRIP, kFree, kQuarterTurn, kSmallScreenZoom},
+    {FOVIX_MOUNT_CEILING, kAnyShape, kFree, kQuarterTurn, kZoom},
 };
 
 const Limits& limitsOf(int mount, int shape) {
@@ -150,90 +150,90 @@ Pose poseOf(const Scene360VR& scene, int screen) {
     }
 }
 
-/// A screen's view as it is drawn.
-struct Sight {
+/// Effective view of a screen, after shape-specific adjustments.
+struct EffectiveView {
     double pan, roll, tilt, ptzFifth, zoom;
     double fov;             ///< of the projection; the zoom unless the pose changes it
     double zOffset = -1.0;  ///< how far the mesh lies from the eye
     double xScale = 1.0, yScale = 1.0;
 };
 
-Sight sightOf(const Scene360VR& scene, int screen, double extraPan) {
-    View360VR view = scene.views[static_cast<std::size_t>(screen)];
-    view.mPan += extraPan;
-    Sight sight{};
+EffectiveView effectiveView(const Scene360VR& scene, int screen, double extraPan) {
+    View360VR own = scene.views[static_cast<std::size_t>(screen)];
+    own.mPan += extraPan;
+    EffectiveView view{};
     if (scene.shape == FOVIX_SHAPE_OVERVIEW_FIVE) {
         if (screen == 0) {
-            view = {.mPan = 90.0, .mZoom = 91.0};
+            own = {.mPan = 90.0, .mZoom = 91.0};
         } else {
-            view.mPan += 90.0;
+            own.mPan += 90.0;
         }
     } else if (isOverviewStrip(scene, screen)) {
         // The whole turn fills the surface's width.
-        view = {.mPan = kStripTurn / 2.0, .mZoom = 90.0};
-        sight.xScale = stripWidthSeen(scene.width, scene.height) / kStripTurn;
-        sight.yScale = 1.21;
+        own = {.mPan = kStripTurn / 2.0, .mZoom = 90.0};
+        view.xScale = stripWidthSeen(scene.width, scene.height) / kStripTurn;
+        view.yScale = 1.21;
     }
     if (scene.blendView) {
-        view = *scene.blendView;
-        view.mPan += scene.shape == FOVIX_SHAPE_FOUR_SCREENS ? screen * 90.0 : extraPan;
+        own = *scene.blendView;
+        own.mPan += scene.shape == FOVIX_SHAPE_FOUR_SCREENS ? screen * 90.0 : extraPan;
     }
-    sight.pan = view.mPan;
-    sight.roll = view.mRoll;
-    sight.tilt = view.mTilt;
-    sight.ptzFifth = view.mPtzFifth;
-    sight.zoom = sight.fov = view.mZoom;
-    return sight;
+    view.pan = own.mPan;
+    view.roll = own.mRoll;
+    view.tilt = own.mTilt;
+    view.ptzFifth = own.mPtzFifth;
+    view.zoom = view.fov = own.mZoom;
+    return view;
 }
 
 /// Zooming in moves the eye into the hemisphere and narrows the field of view only from 40 degrees on. Gives
 /// the tilt that goes with the eye's place.
-double zoomIntoHemisphere(Sight& sight) {
-    const double zoom = sight.zoom, tilt = sight.tilt;
+double zoomIntoHemisphere(EffectiveView& view) {
+    const double zoom = view.zoom, tilt = view.tilt;
     if (zoom > 40.0) {
         const double closer = (zoom - 90.0) / 50.0;
-        sight.zOffset = -1.0 - (zoom - 90.0) * 1.12 / 50.0;
-        sight.fov = 90.0;
+        view.zOffset = -1.0 - (zoom - 90.0) * 1.12 / 50.0;
+        view.fov = 90.0;
         return (tilt - 17.0 * closer) * (90.0 + 30.5 * closer) / 90.0;
     }
     const double narrower = (zoom - 40.0) / 35.0;
-    sight.zOffset = 0.12;
-    sight.fov = 50.0 + zoom;
+    view.zOffset = 0.12;
+    view.fov = 50.0 + zoom;
     return (17.0 + 30.0 * narrower + tilt) * (59.5 - 16.0 * narrower) / 90.0;
 }
 
 /// A wall camera's wide view that looks aside is narrowed and moved, so that the hemisphere's rim stays out
-/// of sight.
-void shiftFromRim(Mat4& m, Sight& sight) {
-    if (sight.zoom <= 64.0) return;
-    const double a = (90.0 - sight.pan) / 90.0 * 0.5;
-    const double b = (90.0 - sight.tilt) / 90.0 * 0.5;
+/// of view.
+void shiftFromRim(Mat4& m, EffectiveView& view) {
+    if (view.zoom <= 64.0) return;
+    const double a = (90.0 - view.pan) / 90.0 * 0.5;
+    const double b = (90.0 - view.tilt) / 90.0 * 0.5;
     const bool sideways = std::abs(a) > std::abs(b);
     const double aside = sideways ? a : b;
-    sight.fov = std::max(sight.zoom / (std::abs(aside) + 1.0), 64.0);
-    const double distance = std::max(sight.zoom / sight.fov - 1.0, 0.0);
+    view.fov = std::max(view.zoom / (std::abs(aside) + 1.0), 64.0);
+    const double distance = std::max(view.zoom / view.fov - 1.0, 0.0);
     const double shift = aside < 0.0 ? -distance : distance;
     Mat4_Translate(m, sideways ? shift : a, sideways ? b : shift, 0.0);
 }
 
-void turnOnWall(Mat4& m, const Sight& sight, double uprightRoll) {
-    Mat4_RotateZ(m, sight.roll - uprightRoll);
-    Mat4_RotateX(m, sight.ptzFifth - 90.0);
-    Mat4_RotateZ(m, 90.0 - sight.pan);
-    Mat4_RotateX(m, sight.tilt);
+void turnOnWall(Mat4& m, const EffectiveView& view, double uprightRoll) {
+    Mat4_RotateZ(m, view.roll - uprightRoll);
+    Mat4_RotateX(m, view.ptzFifth - 90.0);
+    Mat4_RotateZ(m, 90.0 - view.pan);
+    Mat4_RotateX(m, view.tilt);
 }
 
 /// The dome turns against the bowl.
-void turnInPlane(Mat4& m, const Sight& sight, double panSign, double y) {
-    Mat4_RotateZ(m, sight.roll);
-    Mat4_RotateZ(m, panSign * sight.pan);
-    Mat4_RotateX(m, sight.tilt);
+void turnInPlane(Mat4& m, const EffectiveView& view, double panSign, double y) {
+    Mat4_RotateZ(m, view.roll);
+    Mat4_RotateZ(m, panSign * view.pan);
+    Mat4_RotateX(m, view.tilt);
     Mat4_Translate(m, 0.0, y, 0.55);
 }
 
-void turnToPole(Mat4& m, const Sight& sight, double tilt) {
-    Mat4_RotateZ(m, sight.roll);
-    Mat4_RotateZ(m, 90.0 - sight.pan);
+void turnToPole(Mat4& m, const EffectiveView& view, double tilt) {
+    Mat4_RotateZ(m, view.roll);
+    Mat4_RotateZ(m, 90.0 - view.pan);
     Mat4_RotateX(m, tilt);
 }
 
@@ -243,32 +243,32 @@ void turnAboutAxis(Mat4& m, double pan, double tilt, double z) {
     Mat4_Translate(m, 0.0, 0.0, z);
 }
 
-void turnMesh(Mat4& m, Sight& sight, Pose pose, int mount) {
+void turnMesh(Mat4& m, EffectiveView& view, Pose pose, int mount) {
     switch (pose) {
         case Pose::AsBuilt:
             return;
         case Pose::Hemisphere:
-            return turnToPole(m, sight, -zoomIntoHemisphere(sight));
+            return turnToPole(m, view, -zoomIntoHemisphere(view));
         case Pose::Dome:
-            return turnInPlane(m, sight, -1.0, -0.2);
+            return turnInPlane(m, view, -1.0, -0.2);
         case Pose::Bowl:
-            return turnInPlane(m, sight, 1.0, 0.2);
+            return turnInPlane(m, view, 1.0, 0.2);
         case Pose::Cylinder:
-            return turnAboutAxis(m, sight.pan, sight.tilt, 1.2);
+            return turnAboutAxis(m, view.pan, view.tilt, 1.2);
         case Pose::CylinderInside:
-            return turnAboutAxis(m, -sight.pan, -sight.tilt, -1.2);
+            return turnAboutAxis(m, -view.pan, -view.tilt, -1.2);
         case Pose::Strip:
-            return Mat4_Translate(m, sight.pan / -100.0, 0.0, 0.0);
+            return Mat4_Translate(m, view.pan / -100.0, 0.0, 0.0);
         case Pose::Wall:
-            return turnOnWall(m, sight, mount == FOVIX_MOUNT_WALL_INVERTED ? 180.0 : 0.0);
+            return turnOnWall(m, view, mount == FOVIX_MOUNT_WALL_INVERTED ? 180.0 : 0.0);
         case Pose::WallRim:
-            turnOnWall(m, sight, 0.0);
-            return shiftFromRim(m, sight);
+            turnOnWall(m, view, 0.0);
+            return shiftFromRim(m, view);
         case Pose::WallBowl:
-            turnInPlane(m, sight, 1.0, 0.2);
+            turnInPlane(m, view, 1.0, 0.2);
             return Mat4_RotateZ(m, 90.0);
         case Pose::Floor:
-            return turnToPole(m, sight, sight.tilt);
+            return turnToPole(m, view, view.tilt);
     }
 }
 
@@ -291,14 +291,14 @@ View360VR defaultView(const View360VR& before, int mount, int shape) {
     return limitedView(view, mount, shape);
 }
 
-Mat4 screenMatrix(const Scene360VR& scene, int screen, double extraPan) {
-    Sight sight = sightOf(scene, screen, extraPan);
+Mat4 screenMatrix360VR(const Scene360VR& scene, int screen, double extraPan) {
+    EffectiveView view = effectiveView(scene, screen, extraPan);
     Mat4 m;
-    turnMesh(m, sight, poseOf(scene, screen), scene.mount);
-    Mat4_Scale(m, sight.xScale, sight.yScale, -1.0);
-    Mat4_Translate(m, 0.0, 0.0, sight.zOffset);
+    turnMesh(m, view, poseOf(scene, screen), scene.mount);
+    Mat4_Scale(m, view.xScale, view.yScale, -1.0);
+    Mat4_Translate(m, 0.0, 0.0, view.zOffset);
     const auto [smaller, larger] = std::minmax(scene.width, scene.height);
-    Mat4_Perspective(m, sight.fov, kNearPlane, kFarPlane, scene.width, scene.height,
+    Mat4_Perspective(m, view.fov, kNearPlane, kFarPlane, scene.width, scene.height,
                      static_cast<double>(smaller) / larger);
     return m;
 }

@@ -47,6 +47,6 @@ struct Scene360VR {
 };
 
 /// Model-view-projection matrix of one screen; extraPan turns it away from its view.
-Mat4 screenMatrix(const Scene360VR& scene, int screen, double extraPan);
+Mat4 screenMatrix360VR(const Scene360VR& scene, int screen, double extraPan);
 
 }  // namespace fovix

@@ -64,7 +64,7 @@ Scene panorama(int mount, int shape, const View360VR& view, const Outlook& outlo
     const auto* patches = keep(scene, panoramaPatches(lens, mount, shape));
     Scene360VR seen = {mount, shape, kSurfaceWidth, kSurfaceHeight, {}, {}};
     seen.views.fill(view);
-    scene.passes.push_back({patches, screenMatrix(seen, 0, 0.0)});
+    scene.passes.push_back({patches, screenMatrix360VR(seen, 0, 0.0)});
     return scene;
 }
 
@@ -73,7 +73,7 @@ Scene strips(int mount, int shape, double pan) {
     const FishEyeConfig lens = squareLens(FOVIX_TYPE_360VR);
     Scene scene = {pictureOf(lens), {UpAxis::Y, -20.0, 12.0}, {}, {}};
     const auto* patches = keep(scene, panoramaPatches(lens, mount, shape));
-    const Layout360VR layout = layoutOf(shape, kSurfaceWidth, kSurfaceHeight);
+    const Layout360VR layout = layout360VR(shape, kSurfaceWidth, kSurfaceHeight);
     const int screens = std::max(layout.count, 1);
     for (int screen = 0; screen < screens; ++screen) {
         const StripScroll scroll = scrollStrip(pan, screen, kSurfaceWidth, kSurfaceHeight / screens);
@@ -82,9 +82,9 @@ Scene strips(int mount, int shape, double pan) {
         const Box part = layout.count > 0 ? partOf(layout.screens[static_cast<std::size_t>(screen)])
                                           : Box{0.0, 0.0, 1.0, 1.0};
         const bool isPastSeam = scroll.pan < 0;
-        scene.passes.push_back({patches, screenMatrix(seen, screen, 0.0), part, !isPastSeam});
+        scene.passes.push_back({patches, screenMatrix360VR(seen, screen, 0.0), part, !isPastSeam});
         if (!scroll.showsSeam) continue;
-        scene.passes.push_back({patches, screenMatrix(seen, screen, kStripTurn), part, isPastSeam});
+        scene.passes.push_back({patches, screenMatrix360VR(seen, screen, kStripTurn), part, isPastSeam});
     }
     return scene;
 }

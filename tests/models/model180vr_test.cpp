@@ -7,7 +7,7 @@
 namespace fovix {
 namespace {
 
-class Model180VR : public ModelTest<Model180VRParams, FovixModel180VR_Create> {
+class Model180VR : public ModelTest<VR180Params, FovixModel180VR_Create> {
   protected:
     Model180VR() : ModelTest(1, 1000, 1250) {}
 
@@ -128,9 +128,9 @@ TEST(Screens180VR, LieUnderTheirPoints) {
     } points[] = {{99, 49, 0, 0},  {100, 49, 1, 0}, {99, 50, 2, 1},
                   {100, 50, 3, 2}, {-9, 900, 2, 1}, {INT_MAX, INT_MIN, 1, 0}};
     for (const auto& [x, y, ofFour, ofThree] : points) {
-        EXPECT_EQ(screenAt180VR(7, x, y, 201, 101), ofFour) << x << ", " << y;
-        EXPECT_EQ(screenAt180VR(10, x, y, 201, 101), ofThree) << x << ", " << y;
-        EXPECT_EQ(screenAt180VR(8, x, y, 201, 101), 0);
+        EXPECT_EQ(screenAt180VR(7, 201, 101, x, y), ofFour) << x << ", " << y;
+        EXPECT_EQ(screenAt180VR(10, 201, 101, x, y), ofThree) << x << ", " << y;
+        EXPECT_EQ(screenAt180VR(8, 201, 101, x, y), 0);
     }
 }
 

@@ -12,7 +12,7 @@ View valuesOf(const View360VR& view) {
     return {view.mPan, view.mTilt, view.mZoom, view.mRoll};
 }
 
-class Model360VR : public ModelTest<Model360VRParams, FovixModel360VR_Create> {
+class Model360VR : public ModelTest<VR360Params, FovixModel360VR_Create> {
   protected:
     Model360VR() : ModelTest(FOVIX_TYPE_360VR, 800, 600) { ops.setViewSize(*model, 200, 100); }
 

@@ -50,7 +50,8 @@ Scene360VR sceneOf(const Landmark& landmark) {
 /// The landmark's point through its screen's matrix.
 void expectSeen(const Scene360VR& scene, const Landmark& landmark) {
     SCOPED_TRACE(landmark.name);
-    expectSeenAt(landmark.expected, landmark.point, screenMatrix(scene, landmark.screen, landmark.extraPan));
+    expectSeenAt(landmark.expected, landmark.point,
+                 screenMatrix360VR(scene, landmark.screen, landmark.extraPan));
 }
 
 TEST(Views360VR, LandmarksAppearWhereTheScreenLooks) {
@@ -121,10 +122,10 @@ TEST(Layouts360VR, TouchesFindTheScreensOfOddSizes) {
         {1, 8, 66, 47, 3}, {1, 8, 65, 47, 4}, {1, 8, 32, 47, 5}, {0, 9, 49, 46, 0}, {0, 9, 50, 46, 1},
         {0, 9, 99, 47, 2}, {1, 7, 99, 70, 0}, {1, 9, 99, 70, 0}, {3, 8, 99, 70, 0}};
     for (const auto& [mount, shape, x, y, screen] : touches) {
-        EXPECT_EQ(screenAt(mount, shape, 101, 71, x, y), screen) << shape << ": " << x << ", " << y;
+        EXPECT_EQ(screenAt360VR(mount, shape, 101, 71, x, y), screen) << shape << ": " << x << ", " << y;
     }
-    EXPECT_EQ(screenAt(0, 8, kMost, kMost, 0, kMost), 5);
-    EXPECT_EQ(layoutOf(8, kMost, kMost).screens[0].width, 1431655764);
+    EXPECT_EQ(screenAt360VR(0, 8, kMost, kMost, 0, kMost), 5);
+    EXPECT_EQ(layout360VR(8, kMost, kMost).screens[0].width, 1431655764);
 }
 
 TEST(Layouts360VR, StripsAreCentredAndWrapAround) {
