@@ -13,7 +13,6 @@ namespace fovix {
 namespace {
 
 using ModelOps = FovixModelOperations;
-using ControllerOps = TouchControllerOperations;
 
 /// Accepted changes after which the views of types 0 and 1 are not left for the Korvel picture any more.
 constexpr int kFreeTypeSwitches = 3;
@@ -95,13 +94,13 @@ void setShape(FovixContext& context, int shape) {
         tellModel(*display, &ModelOps::resetPosition);
         context.configChanged = 1;
     }
-    tellControllers(*display, &ControllerOps::setShape, shape);
+    forEachController(*display, &TouchController::setShape, shape);
 }
 
 void setCameraMount(FovixContext& context, int mount) {
     const DisplayPtr display = context.display.load();
     if (!acceptsCode(*display, "mount", mount, FOVIX_MOUNT_FLOOR)) return;
-    tellControllers(*display, &ControllerOps::setCameraMount, mount);
+    forEachController(*display, &TouchController::setCameraMount, mount);
     if (!tellModel(*display, &ModelOps::setCameraMount, mount)) return;
     tellModel(*display, &ModelOps::resetPosition);
     context.configChanged = 1;
@@ -130,9 +129,9 @@ bool isInRange(const char* what, int index, int last) {
 
 }  // namespace fovix
 
-using fovix::ControllerOps;
 using fovix::DisplayPtr;
 using fovix::ModelOps;
+using fovix::TouchController;
 using fovix::withContext;
 
 void Fovix_SetType(VRHANDLE handle, int type) {
@@ -196,7 +195,7 @@ void Fovix_SetTwoLensesDrawMode(VRHANDLE handle, int mode) {
     withContext(handle, [&](FovixContext& context) {
         const DisplayPtr display = context.display.load();
         if (tellModel(*display, &ModelOps::setTwoLensesDrawMode, mode)) context.configChanged = 1;
-        tellControllers(*display, &ControllerOps::setTwoLensesDrawMode, mode);
+        forEachController(*display, &TouchController::setTwoLensesDrawMode, mode);
     });
 }
 
@@ -204,7 +203,7 @@ void Fovix_SetTwoLensesScreen(VRHANDLE handle, int screen) {
     withContext(handle, [&](FovixContext& context) {
         const DisplayPtr display = context.display.load();
         tellModel(*display, &ModelOps::setTwoLensesScreen, screen);
-        tellControllers(*display, &ControllerOps::setTwoLensesScreen, screen);
+        forEachController(*display, &TouchController::setTwoLensesScreen, screen);
     });
 }
 

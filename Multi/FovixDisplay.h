@@ -9,16 +9,6 @@ namespace fovix {
 /// does not.
 bool isInRange(const char* what, int index, int last);
 
-/// Calls an operation of every controller that has it, in the order of the screens.
-template <class Operation, class... Arguments>
-void tellControllers(const Display& display, Operation TouchControllerOperations::*operation,
-                     Arguments... arguments) {
-    for (const ControllerPtr& controller : display.controllers) {
-        if (controller && controller->operations.*operation)
-            (controller->operations.*operation)(*controller, arguments...);
-    }
-}
-
 /// Calls an operation of the model; gives whether there is a model that has it.
 template <class Operation, class... Arguments>
 bool tellModel(const Display& display, Operation FovixModelOperations::*operation, Arguments... arguments) {

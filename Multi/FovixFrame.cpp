@@ -78,7 +78,7 @@ void stepControllers(const Display& display) {
     const bool severalScreens = shape >= FOVIX_SHAPE_FOUR_SCREENS && shape <= FOVIX_SHAPE_LARGE_AND_TWO;
     for (int screen = 0; screen < (severalScreens ? kScreenCount : 1); ++screen) {
         const ControllerPtr& controller = display.controllers[static_cast<std::size_t>(screen)];
-        if (controller) controller->operations.update(*controller);
+        if (controller) controller->update();
     }
 }
 

@@ -47,10 +47,7 @@ void drawSelectedScreen(FovixContext& context, FovixModel& model) {
 /// The controller's vertical marker shift; 0 without a controller.
 double markerShift(const Display& display) {
     double shift = 0.0;
-    const ControllerPtr& controller = display.controllers[0];
-    if (controller && controller->operations.getViewOffset) {
-        controller->operations.getViewOffset(*controller, nullptr, &shift);
-    }
+    if (display.controllers[0]) display.controllers[0]->getViewOffset(nullptr, &shift);
     return shift;
 }
 

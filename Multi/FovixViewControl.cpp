@@ -15,7 +15,6 @@ namespace fovix {
 namespace {
 
 using ModelOps = FovixModelOperations;
-using ControllerOps = TouchControllerOperations;
 
 /// Runs operation(context) when all values are finite; exportName appears in the line that refuses others.
 template <class Operation, class... Values>
@@ -31,19 +30,19 @@ TouchController* controllerAt(const Display& display, int screen) {
     return display.controllers[static_cast<std::size_t>(screen)].get();
 }
 
-/// Calls an operation of one screen's controller if it is there.
+/// Calls a member of the controller that the last touch-down chose.
 template <class Operation, class... Arguments>
-void tellController(const Display& display, int screen, Operation ControllerOps::*operation,
-                    Arguments... arguments) {
-    TouchController* controller = controllerAt(display, screen);
-    if (controller && controller->operations.*operation)
-        (controller->operations.*operation)(*controller, arguments...);
+void callCurrent(FovixContext& context, Operation TouchController::*operation, Arguments... arguments) {
+    const DisplayPtr display = context.display.load();
+    TouchController* controller = controllerAt(*display, context.currentScreen);
+    if (controller) (controller->*operation)(arguments...);
 }
 
-/// Calls an operation of the controller that the last touch-down chose.
-template <class Operation, class... Arguments>
-void tellCurrent(FovixContext& context, Operation ControllerOps::*operation, Arguments... arguments) {
-    tellController(*context.display.load(), context.currentScreen, operation, arguments...);
+/// The same for an export whose values must be finite.
+template <class Operation, class... Values>
+void steer(VRHANDLE handle, const char* exportName, Operation TouchController::*operation, Values... values) {
+    const auto call = [&](FovixContext& context) { callCurrent(context, operation, values...); };
+    withFinite(handle, exportName, call, values...);
 }
 
 /// Calls an operation of the model on one of its screens; only the types with six screens look at the index.
@@ -71,18 +70,14 @@ bool aimAtTouch(FovixContext& context, float x, float y, bool adjust) {
     if (!isOnOverview(shape, context.currentScreen)) return false;
     const int selected = model->getSelectedScreen(*display->model);
     TouchController* target = controllerAt(*display, selected);
-    if (!target || !target->operations.setPTZ || !target->operations.autoAdjust) return false;
-    if (adjust) {
-        target->operations.autoAdjust(*target);
-        return true;
-    }
+    if (!target || !target->canBeAimed()) return false;
+    if (adjust) return target->autoAdjust();
     double zoom = 0.0, roll = 0.0;
     model->getPTZ(*display->model, selected, nullptr, nullptr, &zoom, &roll);
     const int width = context.backingWidth, height = context.backingHeight;
     const AimedView aim = shape == FOVIX_SHAPE_OVERVIEW_FIVE ? aimOnOverview(x, y, width, height)
                                                              : aimOnStrip(x, y, zoom, width, height);
-    target->operations.setPTZ(*target, aim.pan, aim.tilt, zoom, roll);
-    return true;
+    return target->setPTZ(aim.pan, aim.tilt, zoom, roll);
 }
 
 void touchDown(FovixContext& context, float x, float y) {
@@ -94,18 +89,14 @@ void touchDown(FovixContext& context, float x, float y) {
     } else {
         context.currentScreen = 0;
     }
-    tellCurrent(context, &ControllerOps::onTouchDown, x, y);
+    callCurrent(context, &TouchController::onTouchDown, x, y);
 }
 
 void startAutoCruise(FovixContext& context, double speed) {
     const DisplayPtr display = context.display.load();
-    const TouchController* selected =
-        controllerAt(*display, askModel(*display, &ModelOps::getSelectedScreen, -1));
-    if (selected && selected->operations.startAutoCruise) {
-        tellController(*display, selected->screenIndex, &ControllerOps::startAutoCruise, speed);
-    } else {
-        tellControllers(*display, &ControllerOps::startAutoCruise, speed);
-    }
+    TouchController* selected = controllerAt(*display, askModel(*display, &ModelOps::getSelectedScreen, -1));
+    if (selected && selected->startAutoCruise(speed)) return;
+    forEachController(*display, &TouchController::startAutoCruise, speed);
 }
 
 /// The panorama looks at a point or a rectangle through its one large screen.
@@ -121,9 +112,10 @@ void displayRect(VRHANDLE handle, FovixContext& context, int left, int top, int 
         return printLine("current type is not support -> [%d]!\n", type);
     }
     if (type == FOVIX_TYPE_360VR) showSingleScreen(handle);
+    const DisplayPtr display = context.display.load();
     const int screen = type == FOVIX_TYPE_SINGLE_PIP ? 0 : context.currentScreen.get();
-    tellController(*context.display.load(), screen, &ControllerOps::displayRect, left, top, right, bottom,
-                   width, height);
+    TouchController* controller = controllerAt(*display, screen);
+    if (controller) controller->displayRect(left, top, right, bottom, width, height);
 }
 
 void displayTarget(VRHANDLE handle, FovixContext& context, int targetX, int targetY, int width, int height) {
@@ -134,17 +126,19 @@ void displayTarget(VRHANDLE handle, FovixContext& context, int targetX, int targ
         return printLine("current type is not support -> [%d]!\n", type);
     }
     if (type == FOVIX_TYPE_360VR) showSingleScreen(handle);
-    tellCurrent(context, &ControllerOps::displayTarget, targetX, targetY, width, height);
+    callCurrent(context, &TouchController::displayTarget, targetX, targetY, width, height);
 }
 
 }  // namespace
 
 }  // namespace fovix
 
-using fovix::ControllerOps;
+using fovix::callCurrent;
+using fovix::ControllerPtr;
 using fovix::DisplayPtr;
 using fovix::ModelOps;
-using fovix::tellCurrent;
+using fovix::steer;
+using fovix::TouchController;
 using fovix::withContext;
 using fovix::withFinite;
 
@@ -156,56 +150,41 @@ void Fovix_OnTouchDown(VRHANDLE handle, float x, float y) {
 }
 
 void Fovix_OnTouchUp(VRHANDLE handle, float x, float y) {
-    const auto up = [&](FovixContext& context) { tellCurrent(context, &ControllerOps::onTouchUp, x, y); };
-    withFinite(handle, "Fovix_OnTouchUp", up, x, y);
+    steer(handle, "Fovix_OnTouchUp", &TouchController::onTouchUp, x, y);
 }
 
 void Fovix_OnTouchMove(VRHANDLE handle, float x, float y) {
     const auto move = [&](FovixContext& context) {
-        if (!fovix::aimAtTouch(context, x, y, false)) tellCurrent(context, &ControllerOps::onTouchMove, x, y);
+        if (!fovix::aimAtTouch(context, x, y, false))
+            callCurrent(context, &TouchController::onTouchMove, x, y);
     };
     withFinite(handle, "Fovix_OnTouchMove", move, x, y);
 }
 
 void Fovix_OnTouchPinch(VRHANDLE handle, float x1, float y1, float x2, float y2) {
-    const auto pinch = [&](FovixContext& context) {
-        tellCurrent(context, &ControllerOps::onTouchPinch, x1, y1, x2, y2);
-    };
-    withFinite(handle, "Fovix_OnTouchPinch", pinch, x1, y1, x2, y2);
+    steer(handle, "Fovix_OnTouchPinch", &TouchController::onTouchPinch, x1, y1, x2, y2);
 }
 
 void Fovix_OnTouchPinchScale(VRHANDLE handle, float scale) {
-    const auto pinch = [&](FovixContext& context) {
-        tellCurrent(context, &ControllerOps::onTouchPinchScale, scale);
-    };
-    withFinite(handle, "Fovix_OnTouchPinchScale", pinch, scale);
+    steer(handle, "Fovix_OnTouchPinchScale", &TouchController::onTouchPinchScale, scale);
 }
 
 void Fovix_OnTouchFling(VRHANDLE handle, float velocityX, float velocityY) {
-    const auto fling = [&](FovixContext& context) {
-        tellCurrent(context, &ControllerOps::onTouchFling, velocityX, velocityY);
-    };
-    withFinite(handle, "Fovix_OnTouchFling", fling, velocityX, velocityY);
+    steer(handle, "Fovix_OnTouchFling", &TouchController::onTouchFling, velocityX, velocityY);
 }
 
 void Fovix_AutoAdjust(VRHANDLE handle) {
     withContext(handle, [](FovixContext& context) {
-        if (!fovix::aimAtTouch(context, 0.0f, 0.0f, true)) tellCurrent(context, &ControllerOps::autoAdjust);
+        if (!fovix::aimAtTouch(context, 0.0f, 0.0f, true)) callCurrent(context, &TouchController::autoAdjust);
     });
 }
 
 void Fovix_OnAccelerometer(VRHANDLE handle, float x, float y) {
-    const auto sense = [&](FovixContext& context) {
-        tellCurrent(context, &ControllerOps::onAccelerometer, x, y);
-    };
-    withFinite(handle, "Fovix_OnAccelerometer", sense, x, y);
+    steer(handle, "Fovix_OnAccelerometer", &TouchController::onAccelerometer, x, y);
 }
 
 void Fovix_OnOrientation(VRHANDLE handle, float a, float b, float c) {
-    const auto sense = [&](FovixContext& context) {
-        tellCurrent(context, &ControllerOps::onOrientation, a, b, c);
-    };
-    withFinite(handle, "Fovix_OnOrientation", sense, a, b, c);
+    steer(handle, "Fovix_OnOrientation", &TouchController::onOrientation, a, b, c);
 }
 
 // Cruise and reset
@@ -217,7 +196,7 @@ void Fovix_StartAutoCruise(VRHANDLE handle, double speed) {
 
 void Fovix_StopAutoCruise(VRHANDLE handle) {
     withContext(handle, [](FovixContext& context) {
-        tellControllers(*context.display.load(), &ControllerOps::stopAutoCruise);
+        forEachController(*context.display.load(), &TouchController::stopAutoCruise);
     });
 }
 
@@ -260,7 +239,7 @@ void Fovix_SetRotateZoomRecoverMode(VRHANDLE handle, double xAngle, double yAngl
                                     double zoom) {
     const auto set = [&](FovixContext& context) {
         const DisplayPtr display = context.display.load();
-        tellControllers(*display, &ControllerOps::setRotateZoom, xAngle, yAngle, zAngle, zoom);
+        forEachController(*display, &TouchController::setRotateZoom, xAngle, yAngle, zAngle, zoom);
         tellModel(*display, &ModelOps::setRotateZoom, 0, xAngle, yAngle, zAngle, zoom);
     };
     withFinite(handle, "Fovix_SetRotateZoomRecoverMode", set, xAngle, yAngle, zAngle, zoom);
@@ -298,7 +277,7 @@ void Fovix_SetLogicZoom(VRHANDLE handle, double min, double max, double div, dou
     const auto set = [&](FovixContext& context) {
         const DisplayPtr display = context.display.load();
         tellModel(*display, &ModelOps::setLogicZoom, min, max, div, zoom);
-        tellControllers(*display, &ControllerOps::setLogicZoom, min, max, div, zoom);
+        forEachController(*display, &TouchController::setLogicZoom, min, max, div, zoom);
     };
     withFinite(handle, "Fovix_SetLogicZoom", set, min, max, div, zoom);
 }
@@ -313,23 +292,19 @@ float Fovix_GetLogicZoom(VRHANDLE handle) {
 
 void Fovix_GetPTZFor180VR(VRHANDLE handle, double* xAngle, double* yAngle, double* third, double* zoom) {
     withContext(handle, [&](FovixContext& context) {
-        tellCurrent(context, &ControllerOps::getPTZFor180VR, xAngle, yAngle, third, zoom);
+        callCurrent(context, &TouchController::getPTZFor180VR, xAngle, yAngle, third, zoom);
     });
 }
 
 void Fovix_SetPTZFor180VR(VRHANDLE handle, double xAngle, double yAngle, double zAngle, double zoom) {
-    const auto set = [&](FovixContext& context) {
-        tellCurrent(context, &ControllerOps::setPTZFor180VR, xAngle, yAngle, zAngle, zoom);
-    };
-    withFinite(handle, "Fovix_SetPTZFor180VR", set, xAngle, yAngle, zAngle, zoom);
+    steer(handle, "Fovix_SetPTZFor180VR", &TouchController::setPTZFor180VR, xAngle, yAngle, zAngle, zoom);
 }
 
 float Fovix_GetRelativeXOffset(VRHANDLE handle) {
     return withContext(handle, 0.0f, [](FovixContext& context) {
         const DisplayPtr display = context.display.load();
-        fovix::TouchController* controller = fovix::controllerAt(*display, 0);
-        const bool hasOffset = controller && controller->operations.getRelativeXOffset;
-        return hasOffset ? controller->operations.getRelativeXOffset(*controller) : 0.0f;
+        const ControllerPtr& controller = display->controllers[0];
+        return controller ? controller->getRelativeXOffset() : 0.0f;
     });
 }
 

@@ -54,6 +54,15 @@ struct Display {
 };
 using DisplayPtr = std::shared_ptr<const Display>;
 
+/// Calls a member of every controller, in the order of the screens.
+template <class Result, class... Parameters, class... Arguments>
+void forEachController(const Display& display, Result (TouchController::*operation)(Parameters...),
+                       Arguments... arguments) {
+    for (const ControllerPtr& controller : display.controllers) {
+        if (controller) (*controller.*operation)(arguments...);
+    }
+}
+
 /// Rows and columns of the multi-image grid, changed together: aligned as the one word that its Cell writes.
 struct alignas(2 * sizeof(int)) GridSize {
     int rows, columns;

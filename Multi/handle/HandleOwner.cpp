@@ -58,9 +58,7 @@ OwnerPtr HandleOwner_Create(VRHANDLE handle) {
 
 void setDrawMode(FovixContext& context, int mode) {
     const DisplayPtr display = context.display.load();
-    for (const ControllerPtr& controller : display->controllers) {
-        if (controller) controller->setDrawMode(mode);
-    }
+    forEachController(*display, &TouchController::setDrawMode, mode);
     const ModelPtr& model = display->model;
     if (!model || !model->operations.setDrawMode) return;
     model->operations.setDrawMode(*model, mode);
