@@ -1,5 +1,5 @@
-// A GL context without a window for tests: EGL on Mesa's surfaceless platform with an off-screen surface.
-// Where GL is missing the constructor throws, so that the test fails and says what to install.
+// The library in a GL context without a window: the off-screen context of the programs, a handle, and both
+// together. Where GL is missing the context throws a sentence that says what to install.
 #pragma once
 
 #include <GL/glew.h>
@@ -12,22 +12,23 @@
 #include "Fovix.h"
 #include "Image.h"
 
+namespace fovix_host {
+class GlContext;
+}
+
 namespace fovix_test {
 
-/// One context of the compatibility profile and its surface; current on the thread that made it. There may be
-/// several: the newest is current. Whichever is current when it is destroyed leaves none current.
+/// A context with its surface, current on the thread that made it. The newest of several is current; the end
+/// of any leaves none current.
 class HeadlessGl {
   public:
     HeadlessGl(int width, int height);
+    ~HeadlessGl();
 
-    Image readPixels() const;  ///< the whole surface
-    int width() const { return width_; }
-    int height() const { return height_; }
+    Image readPixels() const;  ///< the whole surface of the current context
 
   private:
-    using Resource = std::unique_ptr<void, void (*)(void*)>;
-    Resource surface_, context_;
-    int width_, height_;
+    std::unique_ptr<fovix_host::GlContext> _context;
 };
 
 /// What a call prints on standard output.
@@ -38,7 +39,7 @@ std::string printedBy(void (*function)(Parameters...), const Arguments&... argum
     return printedBy([&] { function(arguments...); });
 }
 
-/// A handle that is released at the end of its scope; made quietly.
+/// A handle that is released at the end of its scope; made silently.
 class View {
   public:
     explicit View(void (*create)(VRHANDLE*) = Fovix_CreateNoTouchEvent);
@@ -46,24 +47,25 @@ class View {
     View(const View&) = delete;
     View& operator=(const View&) = delete;
 
-    operator VRHANDLE() const { return handle_; }
-    VRHANDLE operator->() const { return handle_; }  ///< for tests of internals, which know the record
-    void release();                                  ///< now; the destructor does no more then
+    operator VRHANDLE() const { return _handle; }
+    VRHANDLE operator->() const { return _handle; }  ///< for tests of internals, which know the record
+    void release();                                  ///< now; the destructor does nothing then
 
   private:
-    VRHANDLE handle_ = nullptr;
+    VRHANDLE _handle = nullptr;
 };
 
-/// A prepared and sized view of one display type on the surface of a GL context. What set-up prints is kept
-/// off the test's output.
+/// A prepared and sized handle of one display type on the surface of a GL context. What its calls print is
+/// kept off the test's output.
 class Stage {
   public:
     Stage(int type, int width, int height, void (*create)(VRHANDLE*) = Fovix_CreateNoTouchEvent);
 
-    Image draw();             ///< one frame, read back; what it printed is in lines
-    void show(const Image&);  ///< hands an RGBA picture in
-    void show(int pixelFmt, const std::vector<std::uint8_t>& bytes, int width, int height);
-    void show(int slot, const Image&);  ///< for a cell or a lens
+    Image draw();  ///< one frame, read back; what it printed is in lines
+    void show(const Image& picture, int pixelFmt = FOVIX_FORMAT_RGBA);
+    void show(int slot, const Image& picture, int pixelFmt = FOVIX_FORMAT_RGBA);  ///< for a cell or a lens
+    void show(int pixelFmt, const Bytes& bytes, int width, int height);
+    void play(const std::string& script);  ///< see ApiCalls.h; "draw N" draws N frames
 
     HeadlessGl gl;
     View view;

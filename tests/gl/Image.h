@@ -1,5 +1,5 @@
-// Pictures in tests: RGBA, first row on top. Probes and whole-picture comparisons say both values, and what
-// differs is written as PPM files into the build directory.
+// Pictures in tests: RGBA, first row on top. Comparisons say how much differs, and write it as PNG files into
+// the build directory.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -11,6 +11,7 @@
 
 namespace fovix_test {
 
+using Bytes = std::vector<std::uint8_t>;
 using Rgba = std::array<std::uint8_t, 4>;
 
 /// An opaque colour from 0xRRGGBB.
@@ -32,35 +33,39 @@ struct Image {
         }
         return image;
     }
+    /// Twelve by nine cells of a colour each, in which every shift, turn and mirroring shows; the left column
+    /// is the one of this number.
+    static Image chequered(int width, int height, int firstColumn = 0);
 
     Rgba at(int x, int y) const;
     void set(int x, int y, Rgba colour);
     int size() const { return static_cast<int>(bytes.size()); }
+    /// The memory that one of the library's pixel formats wants, with chroma planes of width * height / 4
+    /// bytes.
+    Bytes inFormat(int pixelFmt) const;
 
     int width = 0, height = 0;
-    std::vector<std::uint8_t> bytes;
+    Bytes bytes;
 
   private:
     std::size_t offset(int x, int y) const;
 };
 
-/// One place and the colour that belongs there.
-struct Probe {
-    int x, y;
-    Rgba colour;
+Image readPng(const std::string& file);
+void writePng(const std::string& file, const Image& image);
+
+inline constexpr int kTolerance = 2;  ///< levels of a channel: rounding of the rasteriser and of 8 bits
+
+/// How far the colours of two pictures of one size are apart.
+struct Difference {
+    int pixels = 0;   ///< beyond the tolerance
+    int largest = 0;  ///< levels
 };
+Difference differenceOf(const Image& actual, const Image& expected, int tolerance = kTolerance);
 
-inline constexpr int kTolerance = 2;  ///< per channel: rounding of the rasteriser and of 8 bits
-
-/// Red, green and blue of every probe within the tolerance; a failure writes the picture.
-testing::AssertionResult showsAt(const Image& actual, const std::vector<Probe>& probes,
-                                 int tolerance = kTolerance);
-
-/// A pixel of an expected picture where anything may stand, as where an edge meets a pixel's centre.
-inline constexpr Rgba kAnything = {0, 0, 0, 0};
-
-/// All pixels within the tolerance but those where anything may stand. A failure writes actual, expected and
+/// All pixels but the share that may differ are within the tolerance. A failure writes actual, expected and
 /// difference.
-testing::AssertionResult looksLike(const Image& actual, const Image& expected, int tolerance = kTolerance);
+testing::AssertionResult looksLike(const Image& actual, const Image& expected, int tolerance = kTolerance,
+                                   double shareOfOthers = 0.0);
 
 }  // namespace fovix_test

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "HeadlessGl.h"
-#include "PlainPicture.h"
 
 namespace {
 
@@ -52,7 +51,7 @@ TEST(SteadyState, AllocatesNothingAndCopiesEachPictureOnce) {
         Stage stage(type, 64, 48, Fovix_Create);
         for (const int pixelFmt : {FOVIX_FORMAT_RGBA, FOVIX_FORMAT_YUV420P, FOVIX_FORMAT_NV12}) {
             SCOPED_TRACE(testing::Message() << "type " << type << ", code " << pixelFmt);
-            const auto bytes = pixelFmt == 1 ? quadrants(160, 120).bytes : yuvBytes(pixelFmt, 160, 120);
+            const Bytes bytes = Image::chequered(160, 120).inFormat(pixelFmt);
             const int size = static_cast<int>(bytes.size());
             const auto set = [&] { Fovix_SetTexture(stage.view, pixelFmt, bytes.data(), size, 160, 120); };
             for (int frame = 0; frame < 6; ++frame) {

@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "HeadlessGl.h"
-#include "PlainPicture.h"
 #include "handle/FovixContext.h"
 
 namespace fovix_test {
@@ -14,7 +13,7 @@ namespace {
 
 TEST(Door, WhatIsNoPictureIsRefusedAndTheOldOneStays) {
     Stage stage(FOVIX_TYPE_ORIGINAL, 40, 30);
-    stage.show(quadrants(40, 30));
+    stage.show(Image::chequered(40, 30));
     const auto expectRefused = [&](const unsigned char* data, int size, int width, int height) {
         char line[200];
         std::snprintf(line, sizeof line,
@@ -40,7 +39,7 @@ TEST(Door, WhatIsNoPictureIsRefusedAndTheOldOneStays) {
         EXPECT_EQ(stage.lines, "") << pixelFmt;
     }
     EXPECT_EQ(stage.view->usingYUV, 0);
-    EXPECT_TRUE(looksLike(stage.draw(), letterboxed(quadrants(40, 30), 40, 30)));
+    EXPECT_TRUE(looksLike(stage.draw(), Image::chequered(40, 30)));
 }
 
 TEST(Door, ASizeUpToTheBufferIsTakenAndOneByteMoreIsNot) {
@@ -60,7 +59,7 @@ TEST(Door, ASizeUpToTheBufferIsTakenAndOneByteMoreIsNot) {
 
 TEST(GridDoor, ScreenNumbersBeyond36CellsAreRefused) {
     Stage stage(FOVIX_TYPE_MULTI_IMAGE, 60, 60);
-    stage.show(quadrants(20, 20));
+    stage.show(Image::chequered(20, 20));
     for (const auto& [rows, columns] :
          {std::pair{6, 7}, {1, 37}, {65536, 65536}, {INT_MAX, INT_MAX}, {INT_MIN, INT_MIN}, {-7, -7}}) {
         EXPECT_EQ(printedBy(Fovix_Multi_SetScreenNumber, stage.view, rows, columns),

@@ -9,7 +9,6 @@
 #include <functional>
 
 #include "HeadlessGl.h"
-#include "PlainPicture.h"
 #include "Storm.h"
 
 namespace {
@@ -63,7 +62,7 @@ bool knowsShape(const State& state) {
 }
 
 void handInPictures(VRHANDLE view, int type) {
-    const Image picture = quadrants(96, 80);
+    const Image picture = Image::chequered(96, 80);
     for (int slot = 0; slot < 4 && (type == FOVIX_TYPE_MULTI_IMAGE || type == FOVIX_TYPE_MULTI_LENS);
          ++slot) {
         Fovix_Multi_SetRGBTexture(view, slot, picture.bytes.data(), picture.size(), 96, 80);
@@ -192,7 +191,7 @@ TEST(TypeStorm, LeavesAFrameLikeThatOfAFreshHandleInTheSameState) {
 }
 
 TEST(TypeStorm, FailedFetchesDrawNothingBeyondTheBoundMesh) {
-    const Image picture = quadrants(96, 80);
+    const Image picture = Image::chequered(96, 80);
     for (const int before : {0, 3, 22, 24}) {
         SCOPED_TRACE(before);
         Stage stage(before, kWidth, kHeight);

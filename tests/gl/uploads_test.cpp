@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "HeadlessGl.h"
-#include "PlainPicture.h"
 #include "handle/FovixContext.h"
 
 #if defined(__SANITIZE_ADDRESS__)
@@ -118,17 +117,22 @@ void imposeHostileState() {
 
 TEST(HostileHost, FramesAreRightWhateverTheHostLeft) {
     Stage stage(FOVIX_TYPE_ORIGINAL, 61, 47);
-    const Image rgba = quadrants(61, 47);
+    const Image rgba = Image::chequered(61, 47);
     const auto drawsLike = [&](const Image& expected) {
         imposeHostileState();
         return looksLike(stage.draw(), expected);
     };
+    std::vector<Image> ofPlanes;
+    for (const int pixelFmt : {FOVIX_FORMAT_YUV420P, FOVIX_FORMAT_NV12}) {
+        stage.show(rgba, pixelFmt);
+        ofPlanes.push_back(stage.draw());
+    }
     stage.show(rgba);
     EXPECT_TRUE(drawsLike(rgba));
     EXPECT_TRUE(drawsLike(rgba)) << "a frame without a new picture";
     for (const int pixelFmt : {FOVIX_FORMAT_YUV420P, FOVIX_FORMAT_NV12}) {
-        stage.show(pixelFmt, yuvBytes(pixelFmt, 61, 47), 61, 47);
-        EXPECT_TRUE(drawsLike(yuvColours(61, 47))) << "code " << pixelFmt;
+        stage.show(rgba, pixelFmt);
+        EXPECT_TRUE(drawsLike(ofPlanes[pixelFmt == FOVIX_FORMAT_NV12])) << "code " << pixelFmt;
         EXPECT_EQ(stage.lines, "");
     }
     imposeHostileState();
@@ -144,14 +148,18 @@ testing::AssertionResult holdsImage(const Stage& stage, const Image& image) {
 TEST(TextureLimit, WideRgbaPicturesShowTheirLeftPart) {
     Stage stage(FOVIX_TYPE_ORIGINAL, 260, 40);
     stage.view->maxTextureSize = 64;
-    const Image wide = quadrants(130, 20), fitting = quadrants(64, 64);
-    stage.show(wide);
+    // Every column is as red as the last one and 4 levels more, or 200.
+    const auto column = [](double x) {
+        return rgb(static_cast<unsigned>(std::min(4 * x, 200.0) + 0.5) << 16);
+    };
+    const Image fitting = Image::chequered(64, 64);
+    stage.show(Image::of(130, 20, [&](int x, int) { return column(x); }));
     const Image shown = stage.draw();
-    const Image left = Image::of(64, 20, [&](int x, int y) { return wide.at(x, y); });
-    EXPECT_TRUE(holdsImage(stage, left));
+    EXPECT_TRUE(holdsImage(stage, Image::of(64, 20, [&](int x, int) { return column(x); })));
     // 64 / 20 in whole numbers times as wide: the texture's middle third fills the picture's place.
-    const Sampler stretched = [&](double u, double v) { return sampled(left)((u - 0.5) / 3.0 + 0.5, v); };
-    EXPECT_TRUE(looksLike(shown, flatPicture(stretched, {20.0 / 130}, 260, 40)));
+    EXPECT_TRUE(looksLike(shown, Image::of(260, 40, [&](int x, int) {
+                              return column(((x + 0.5) / 260 - 0.5) * 64 / 3 + 31.5);
+                          })));
     stage.show(fitting);
     stage.draw();
     EXPECT_EQ(stage.view->aspectRatio, 1.0);
@@ -168,12 +176,12 @@ TEST(TextureLimit, WhatCannotBeUploadedIsReportedAndTheTextureStays) {
         SCOPED_TRACE(testing::Message() << "code " << pixelFmt << ", " << width << "x" << height);
         Stage stage(FOVIX_TYPE_ORIGINAL, 32, 32);
         stage.view->maxTextureSize = 64;
-        stage.show(quadrants(32, 32));
+        stage.show(Image::chequered(32, 32));
         stage.draw();
         stage.show(pixelFmt, Bytes(pictureBytes(pixelFmt, width, height), 200), width, height);
         stage.draw();
         EXPECT_NE(stage.lines.find(height > 64 ? tooTall : tooWide), std::string::npos) << stage.lines;
-        EXPECT_TRUE(holdsImage(stage, quadrants(32, 32)));
+        EXPECT_TRUE(holdsImage(stage, Image::chequered(32, 32)));
         stage.draw();
         EXPECT_EQ(stage.lines, "") << "a picture is tried once";
     }

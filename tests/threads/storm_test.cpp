@@ -8,7 +8,6 @@
 #include <thread>
 
 #include "HeadlessGl.h"
-#include "PlainPicture.h"
 #include "Storm.h"
 #include "handle/FovixContext.h"
 
@@ -52,11 +51,11 @@ auto gestures(VRHANDLE view, unsigned seed) {
 
 /// Several views of one GL context in turn, each put into the same state.
 Image drawnInState(const Stage& stage, VRHANDLE view, int type) {
-    const Image picture = quadrants(96, 96);
+    const Image picture = Image::chequered(96, 96);
     printedBy([&] {
         Fovix_SetType(view, 23);
         Fovix_SetType(view, type);
-        Fovix_Init(view, stage.gl.width(), stage.gl.height());
+        Fovix_Init(view, 160, 120);
         Fovix_SetBackground(view, 0x203040);
         Fovix_Multi_SetScreenNumber(view, 1, 2);
         Fovix_Multi_SetLens(view, 1);
