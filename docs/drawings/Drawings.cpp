@@ -42,7 +42,7 @@ const std::vector<Patch>* keep(Scene& scene, std::vector<Patch> patches) {
     return scene.meshes.back().get();
 }
 
-/// GL counts a rectangle from the bottom, a panel from the top.
+/// GL's y points up, a panel's down.
 Box partOf(const SurfaceRect& rect) {
     return {static_cast<double>(rect.x) / kSurfaceWidth,
             1.0 - static_cast<double>(rect.y + rect.height) / kSurfaceHeight,
@@ -68,7 +68,7 @@ Scene panorama(int mount, int shape, const View360VR& view, const Outlook& outlo
     return scene;
 }
 
-/// Strips scroll through their screens, and go on beyond their seam.
+/// Strips scroll through their screens and continue beyond their seam.
 Scene strips(int mount, int shape, double pan) {
     const FishEyeConfig lens = squareLens(FOVIX_TYPE_360VR);
     Scene scene = {pictureOf(lens), {UpAxis::Y, -20.0, 12.0}, {}, {}};
@@ -113,7 +113,7 @@ Scene wideStretch() {
                     {UpAxis::Y, 160.0, 12.0});
 }
 
-// Flat pictures
+// Flat images
 
 Scene flat(const FishEyeConfig& lens, const GridMesh& mesh) {
     Scene scene = {pictureOf(lens), {UpAxis::Y, -30.0, 15.0}, {}, {}};
@@ -138,7 +138,7 @@ Scene korvel() {
 /// Side by side: the upper half on the left, the lower one on the right.
 Scene twoLenses() {
     const FishEyeConfig lens = lensOf(FOVIX_TYPE_TWO_LENSES, kPictureSide, 2 * kPictureSide, 624);
-    FishEyeConfig oneLens = lens;  // the size that the host reports is that of one of the two pictures
+    FishEyeConfig oneLens = lens;  // the host passes the size of one half
     oneLens.Fec_imgHeight = kPictureSide;
     Scene scene = {pictureOf(lens), {UpAxis::Y, -30.0, 15.0}, {}, {}};
     scene.picture.discs = {{0.5, 0.25, 0.49, 0.245}, {0.5, 0.75, 0.49, 0.245}};

@@ -1,4 +1,4 @@
-// The list of drawings: which mesh, which view of it, and from where space is looked at.
+// The list of drawings: the mesh, its view, and the viewpoint of the space panel.
 #pragma once
 
 #include <functional>
@@ -19,7 +19,7 @@ struct Scene {
 };
 
 struct Drawing {
-    std::string name;  ///< of the file, without its ending
+    std::string name;  ///< file name without extension
     std::function<Scene()> makeScene;
 };
 

@@ -49,7 +49,7 @@ PointGrid readGrid(const GridMesh& mesh, const PatchSize& size) {
     return grid;
 }
 
-/// Colours of equal lightness look equally light: OKLCH, converted to sRGB.
+/// Converts OKLCH to sRGB: colours of equal lightness look equally light.
 std::string colourOf(double lightness, double chroma, double hue) {
     const double a = chroma * std::cos(hue), b = chroma * std::sin(hue);
     const double l = std::pow(lightness + 0.3963377774 * a + 0.2158037573 * b, 3);
@@ -69,7 +69,7 @@ std::string colourOf(double lightness, double chroma, double hue) {
     return text;
 }
 
-/// The direction from the lens's centre gives the hue, the distance the lightness; grey is outside the lens.
+/// Hue encodes the direction from the lens's centre, lightness the distance; grey is outside the lens.
 std::string colourAt(double u, double v, bool isOdd, const std::vector<LensDisc>& discs) {
     double nearest = 1e9, direction = 0.0;
     for (const LensDisc& disc : discs) {
@@ -125,7 +125,7 @@ std::vector<Patch> patchesOf(const GridMesh& mesh, const PatchSize& size,
 
 std::vector<Patch> patchesOfRectangle(const GridMesh& mesh, const std::vector<LensDisc>& discs) {
     constexpr int kSectors = 60, kRings = 10;
-    const int joined = discs.size() > 1 ? 2 : 1;  // smaller circles are cut into larger patches
+    const int joined = discs.size() > 1 ? 2 : 1;  // smaller circles have larger patches
     const auto corners = cornersOf(mesh, 0);
     const MeshPoint &topLeft = corners[0], &bottomRight = corners[2];
     const double top = topLeft[4], bottom = bottomRight[4];

@@ -1,5 +1,5 @@
-// A mesh as coloured patches: several cells joined, with one colour for the place in the lens circle that
-// they show. The same patch has the same colour in the picture, in space and on the screen.
+// A mesh as coloured patches: groups of cells whose colour encodes their position in the lens circle. A patch
+// has the same colour in the image, in space and on the surface.
 #pragma once
 
 #include <string>
@@ -11,14 +11,14 @@
 
 namespace fovix::drawings {
 
-/// A circle in the texture, in shares of its width (u) and height (v).
+/// A circle in the texture, as fractions of its width (u) and height (v).
 struct LensDisc {
     double u, v, radiusU, radiusV;
 };
 
 LensDisc discOf(const FishEyeConfig& lens);
 
-/// How the cells of a mesh lie, and how many of them make a patch.
+/// The order of a mesh's cells, and how many of them form a patch.
 struct PatchSize {
     CellCorners corners;
     int cellsPerLine;
@@ -30,11 +30,11 @@ struct Patch {
     std::string colour;
 };
 
-/// Cells of a mesh that are not drawn one by one; discs: the nearest one colours a patch.
+/// Groups the cells of a mesh. The nearest disc colours a patch.
 std::vector<Patch> patchesOf(const GridMesh& mesh, const PatchSize& size, const std::vector<LensDisc>& discs);
 
-/// A rectangle of two triangles: one dark patch for all of it, and the lens circles that lie on it in sectors
-/// and rings.
+/// For a rectangle of two triangles: a dark patch for all of it, and sectors and rings for the lens circles
+/// on it.
 std::vector<Patch> patchesOfRectangle(const GridMesh& mesh, const std::vector<LensDisc>& discs);
 
 }  // namespace fovix::drawings

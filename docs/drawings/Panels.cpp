@@ -13,7 +13,7 @@ namespace {
 constexpr char kFrame[] = "fill=\"none\" stroke=\"#333\" stroke-width=\"5\"";
 constexpr char kEyeLines[] = "fill=\"none\" stroke=\"#111\" stroke-width=\"6\"";
 constexpr char kPatchEdges[] = "stroke=\"#fff\" stroke-width=\"2\"";
-constexpr double kSightLength = 0.6;  ///< model units from the eye to the frame before a curved mesh
+constexpr double kSightLength = 0.6;  ///< model units from the eye to its outline, for a curved mesh
 
 using Clip = std::array<double, 4>;
 using Place = std::array<double, 3>;
@@ -23,7 +23,7 @@ std::vector<SvgPoint> cornersOf(const Box& box) {
     return {{box.x, box.y}, {right, box.y}, {right, bottom}, {box.x, bottom}};
 }
 
-/// A patch as it lies in a panel; farther ones are drawn first.
+/// A patch in a panel; farther ones are drawn first.
 struct Shape {
     double depth;
     std::vector<SvgPoint> corners;
@@ -38,7 +38,7 @@ void drawShapes(SvgFile& svg, std::vector<Shape> shapes, bool isSeeThrough) {
     svg.closeGroup();
 }
 
-/// Patches of a flat mesh lie beside or upon each other, in their order.
+/// Patches of a flat mesh are drawn in their order.
 bool isFlat(const std::vector<Patch>& patches) {
     const double z = patches.front().outline.front()[2];
     return std::all_of(patches.begin(), patches.end(), [z](const Patch& patch) {
@@ -47,14 +47,14 @@ bool isFlat(const std::vector<Patch>& patches) {
     });
 }
 
-/// Points are rows: the matrix stands to the right of the point.
+/// Points are row vectors: point times matrix.
 Clip toClip(const Mat4& m, const MeshPoint& p) {
     Clip clip;
     for (std::size_t c = 0; c < 4; ++c) clip[c] = p[0] * m[c] + p[1] * m[4 + c] + p[2] * m[8 + c] + m[12 + c];
     return clip;
 }
 
-/// The part of a polygon in front of the eye and within the screen.
+/// The part of a polygon in front of the eye and within the surface.
 std::vector<Clip> clipped(std::vector<Clip> polygon) {
     const auto inside = [](const Clip& p, int plane) {
         switch (plane) {
@@ -91,7 +91,7 @@ double determinant(const Place& a, const Place& b, const Place& c) {
            c[0] * (a[1] * b[2] - a[2] * b[1]);
 }
 
-/// The place in space that a matrix carries to given x, y and w (Cramer's rule); all 0 is the eye itself.
+/// The point that a matrix maps to x, y and w (Cramer's rule); 0, 0, 0 is the eye itself.
 Place placeAt(const Mat4& m, double x, double y, double w) {
     const auto row = [&m](std::size_t r) { return Place{m[4 * r], m[4 * r + 1], m[4 * r + 3]}; };
     const Place right = {x - m[12], y - m[13], w - m[15]};
@@ -100,7 +100,7 @@ Place placeAt(const Mat4& m, double x, double y, double w) {
     return {determinant(right, b, c) / all, determinant(a, right, c) / all, determinant(a, b, right) / all};
 }
 
-/// Looks at space from afar, without perspective.
+/// Orthographic projection of space.
 class SpaceView {
   public:
     explicit SpaceView(const Outlook& outlook) : _outlook(outlook) {}
@@ -123,7 +123,7 @@ class SpaceView {
     Outlook _outlook;
 };
 
-/// Fits turned places into a box.
+/// Fits rotated points into a box.
 struct Fit {
     double scale, left, top, lowX, highY;
 
@@ -147,8 +147,8 @@ struct Fit {
     }
 };
 
-/// How far from the eye its frame stands: on a flat mesh, where it outlines what is seen, or before a curved
-/// one.
+/// Distance from the eye to the outline of its view: that of a flat mesh, or a fixed one in front of a curved
+/// mesh.
 double sightLength(const Pass& pass) {
     const MeshPoint& first = pass.patches->front().outline.front();
     for (const Patch& patch : *pass.patches) {
@@ -159,7 +159,7 @@ double sightLength(const Pass& pass) {
     return toClip(pass.matrix, first)[3];
 }
 
-/// The eye, and the four corners of its frame.
+/// The eye and the four corners of its outline.
 std::vector<Place> sightOf(const Pass& pass) {
     const double d = sightLength(pass);
     const Mat4& matrix = pass.matrix;
@@ -167,7 +167,7 @@ std::vector<Place> sightOf(const Pass& pass) {
             placeAt(matrix, d, -d, d), placeAt(matrix, -d, -d, d)};
 }
 
-/// Every mesh once, also where several passes draw it.
+/// Every mesh once, even if several passes draw it.
 std::vector<const std::vector<Patch>*> meshesOf(const std::vector<Pass>& passes) {
     std::vector<const std::vector<Patch>*> meshes;
     for (const Pass& pass : passes) {

@@ -1,5 +1,5 @@
-// The three panels of a drawing: the patches of a mesh where they lie in the picture, in space with the eye
-// that looks at them, and on the screen after the matrix.
+// The three panels of a drawing: the patches of a mesh in the image, in space with the eye, and on the
+// surface after the matrix.
 #pragma once
 
 #include <optional>
@@ -17,7 +17,7 @@ struct Box {
     double x, y, width, height;
 };
 
-/// One pass of drawing: patches through a matrix, on a part of the surface (shares of it, from the top left).
+/// One drawing pass: patches through a matrix, on a part of the surface (fractions of it, from the top left).
 struct Pass {
     const std::vector<Patch>* patches;
     Mat4 matrix;
@@ -27,7 +27,7 @@ struct Pass {
 
 enum class UpAxis { Y, Z, MinusZ };
 
-/// From where the space panel looks: turned about the upright axis and lifted, degrees.
+/// Viewpoint of the space panel: rotation about the upright axis and elevation, in degrees.
 struct Outlook {
     UpAxis up = UpAxis::Y;
     double turn = 30.0, lift = 20.0;

@@ -16,7 +16,7 @@ std::string number(double pixels) {
     return std::to_string(units(pixels));
 }
 
-/// Corners that lie on the straight way between their neighbours, to half a unit, are left out.
+/// Drops corners within half a unit of the line between their neighbours.
 std::vector<SvgPoint> withoutStraightCorners(const std::vector<SvgPoint>& points) {
     std::vector<SvgPoint> kept;
     for (std::size_t i = 0; i < points.size(); ++i) {
@@ -32,7 +32,7 @@ std::vector<SvgPoint> withoutStraightCorners(const std::vector<SvgPoint>& points
     return kept;
 }
 
-/// A blank stands between two numbers only where no minus sign parts them.
+/// Separates two numbers by a blank unless a minus sign does.
 void append(std::string& text, long value, bool first) {
     if (!first && value >= 0) text += ' ';
     text += std::to_string(value);

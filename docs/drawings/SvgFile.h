@@ -1,5 +1,5 @@
-// A small SVG writer. Lengths are quarters of a pixel, written as whole numbers and relative steps, which
-// keeps thousands of corners small.
+// A small SVG writer. Lengths are quarters of a pixel, written as integers and relative steps to keep
+// thousands of corners small.
 #pragma once
 
 #include <string>
@@ -16,10 +16,10 @@ struct SvgPoint {
 
 class SvgFile {
   public:
-    /// Sizes in pixels; the picture has a white ground, so that it reads on dark pages too.
+    /// Sizes in pixels. The background is white, for dark pages too.
     SvgFile(int width, int height);
 
-    /// attributes are SVG's own, e.g. `fill="none" stroke="#333"`.
+    /// attributes are those of SVG, e.g. `fill="none" stroke="#333"`.
     void polygon(const std::vector<SvgPoint>& corners, std::string_view attributes);
     void polyline(const std::vector<SvgPoint>& points, std::string_view attributes);
     void circle(SvgPoint centre, double radius, std::string_view attributes);
@@ -27,7 +27,7 @@ class SvgFile {
     void openGroup(std::string_view attributes);
     void closeGroup();
 
-    /// Writes the file; throws std::runtime_error when that fails.
+    /// Writes the file; throws std::runtime_error on failure.
     void save(const std::string& path) const;
 
   private:

@@ -1,5 +1,5 @@
-// draw_projections FOLDER: one SVG file for each projection. The mesh builders print on standard output as
-// ever.
+// draw_projections FOLDER: writes an SVG file for each projection. The mesh builders print on standard
+// output.
 #include <cstdio>
 #include <exception>
 
@@ -21,9 +21,9 @@ void draw(const Drawing& drawing, const std::string& folder) {
     drawPicturePanel(svg, kPicturePanel, scene.picture, scene.passes);
     drawSpacePanel(svg, kSpacePanel, scene.outlook, scene.passes);
     drawScreenPanel(svg, kScreenPanel, scene.passes);
-    svg.text({125, kCaptionY}, "the camera's picture");
-    svg.text({405, kCaptionY}, scene.passes[0].showsEye ? "the mesh, and the eye" : "the mesh of each half");
-    svg.text({740, kCaptionY}, "the screen");
+    svg.text({125, kCaptionY}, "the camera image");
+    svg.text({405, kCaptionY}, scene.passes[0].showsEye ? "the mesh and the eye" : "the mesh of each half");
+    svg.text({740, kCaptionY}, "the surface");
     svg.save(folder + "/" + drawing.name + ".svg");
 }
 
@@ -31,7 +31,7 @@ void draw(const Drawing& drawing, const std::string& folder) {
 
 int main(int argc, char** argv) {
     if (argc != 2) {
-        std::fputs("draw_projections: give the folder for the drawings\n", stderr);
+        std::fputs("usage: draw_projections FOLDER\n", stderr);
         return 2;
     }
     try {
