@@ -12,8 +12,6 @@ namespace fovix {
 
 namespace {
 
-using ModelOps = FovixModelOperations;
-
 /// Accepted changes after which the views of types 0 and 1 are not left for the Korvel picture any more.
 constexpr int kFreeTypeSwitches = 3;
 
@@ -70,10 +68,10 @@ void setType(FovixContext& context, int type) {
         RefreshConfig(context.fishEye);
     }
     context.currentScreen = 0;
-    model.operations.init(model);
+    model.init();
     forgetLens(context.fishEye);
     const int width = context.backingWidth, height = context.backingHeight;
-    if (width > 0 && height > 0) model.operations.setViewSize(model, width, height);
+    if (width > 0 && height > 0) model.setViewSize(width, height);
     adoptPictureSize(context);
     context.display.store(display);
     context.configChanged = 1;
@@ -88,10 +86,8 @@ void setShape(FovixContext& context, int shape) {
     printLine("Fovix_SetShape(%d)\n", shape);
     const DisplayPtr display = context.display.load();
     if (!acceptsCode(*display, "shape", shape, FOVIX_SHAPE_LARGE_AND_TWO)) return;
-    const bool hasShapes = display->model && display->model->operations.getShape;
-    if (hasShapes && askModel(*display, &ModelOps::getShape, shape) != shape &&
-        tellModel(*display, &ModelOps::setShape, shape)) {
-        tellModel(*display, &ModelOps::resetPosition);
+    if (display->model->getShape(shape) != shape && display->model->setShape(shape)) {
+        display->model->resetPosition();
         context.configChanged = 1;
     }
     forEachController(*display, &TouchController::setShape, shape);
@@ -101,8 +97,8 @@ void setCameraMount(FovixContext& context, int mount) {
     const DisplayPtr display = context.display.load();
     if (!acceptsCode(*display, "mount", mount, FOVIX_MOUNT_FLOOR)) return;
     forEachController(*display, &TouchController::setCameraMount, mount);
-    if (!tellModel(*display, &ModelOps::setCameraMount, mount)) return;
-    tellModel(*display, &ModelOps::resetPosition);
+    if (!display->model->setCameraMount(mount)) return;
+    display->model->resetPosition();
     context.configChanged = 1;
 }
 
@@ -113,10 +109,9 @@ void setBackground(FovixContext& context, unsigned int rgb) {
 }
 
 /// A getter that forwards to one operation of the model.
-int ask(VRHANDLE handle, int (*ModelOps::*operation)(FovixModel&), int absent) {
-    return withContext(handle, absent, [&](FovixContext& context) {
-        return askModel(*context.display.load(), operation, absent);
-    });
+int ask(VRHANDLE handle, int (FovixModel::*get)(int), int absent) {
+    return withContext(handle, absent,
+                       [&](FovixContext& context) { return (*context.display.load()->model.*get)(absent); });
 }
 
 }  // namespace
@@ -130,7 +125,6 @@ bool isInRange(const char* what, int index, int last) {
 }  // namespace fovix
 
 using fovix::DisplayPtr;
-using fovix::ModelOps;
 using fovix::TouchController;
 using fovix::withContext;
 
@@ -151,7 +145,7 @@ void Fovix_SetDrawMode(VRHANDLE handle, int mode) {
 void Fovix_SetDrawModeCartoon(VRHANDLE handle, int fromMode, int toMode, int step, int frameCount) {
     withContext(handle, [&](FovixContext& context) {
         const DisplayPtr display = context.display.load();
-        if (tellModel(*display, &ModelOps::setDrawModeCartoon, fromMode, toMode, step, frameCount)) {
+        if (display->model->setDrawModeCartoon(fromMode, toMode, step, frameCount)) {
             context.configChanged = 1;
         }
     });
@@ -162,7 +156,7 @@ void Fovix_SetCameraMount(VRHANDLE handle, int mount) {
 }
 
 int Fovix_GetCameraMount(VRHANDLE handle) {
-    return fovix::ask(handle, &ModelOps::getCameraMount, 4);
+    return fovix::ask(handle, &fovix::FovixModel::getCameraMount, 4);
 }
 
 void Fovix_SetShape(VRHANDLE handle, int shape) {
@@ -170,7 +164,7 @@ void Fovix_SetShape(VRHANDLE handle, int shape) {
 }
 
 int Fovix_GetShape(VRHANDLE handle) {
-    return fovix::ask(handle, &ModelOps::getShape, -1);
+    return fovix::ask(handle, &fovix::FovixModel::getShape, -1);
 }
 
 void Fovix_SetFecParams(VRHANDLE handle, int xCenter, int yCenter, int radius, int imgWidth, int imgHeight) {
@@ -194,7 +188,7 @@ void Fovix_SetFecParams(VRHANDLE handle, int xCenter, int yCenter, int radius, i
 void Fovix_SetTwoLensesDrawMode(VRHANDLE handle, int mode) {
     withContext(handle, [&](FovixContext& context) {
         const DisplayPtr display = context.display.load();
-        if (tellModel(*display, &ModelOps::setTwoLensesDrawMode, mode)) context.configChanged = 1;
+        if (display->model->setTwoLensesDrawMode(mode)) context.configChanged = 1;
         forEachController(*display, &TouchController::setTwoLensesDrawMode, mode);
     });
 }
@@ -202,13 +196,13 @@ void Fovix_SetTwoLensesDrawMode(VRHANDLE handle, int mode) {
 void Fovix_SetTwoLensesScreen(VRHANDLE handle, int screen) {
     withContext(handle, [&](FovixContext& context) {
         const DisplayPtr display = context.display.load();
-        tellModel(*display, &ModelOps::setTwoLensesScreen, screen);
+        display->model->setTwoLensesScreen(screen);
         forEachController(*display, &TouchController::setTwoLensesScreen, screen);
     });
 }
 
 int Fovix_GetTwoLensesScreen(VRHANDLE handle) {
-    return fovix::ask(handle, &ModelOps::getTwoLensesScreen, 3);
+    return fovix::ask(handle, &fovix::FovixModel::getTwoLensesScreen, 3);
 }
 
 void Fovix_SetBackground(VRHANDLE handle, unsigned int rgb) {

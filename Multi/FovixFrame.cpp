@@ -1,38 +1,31 @@
-// One frame, from top to bottom. GL thread only.
+// Drawing: one frame, from top to bottom. GL thread only.
 //
-// The lock is held while vertices are fetched and pictures are uploaded, not while controllers step or the
-// model draws. A frame works with the Display that it took at its start, whatever other threads do to the
-// handle meanwhile.
+// The lock is held while the mesh is fetched and frames are uploaded, not while controllers step or the model
+// draws. A frame works with the Display that it took at its start, whatever other threads do to the handle
+// meanwhile.
 
-#include <GL/glew.h>
-
-#include "FovixOverlays.h"
+#include "Fovix.h"
 #include "base/Diagnostics.h"
-#include "base/Surface.h"
-#include "gl/FovixPrograms.h"
-#include "gl/FovixTextures.h"
 #include "gl/GlCheck.h"
 #include "handle/FovixContext.h"
 #include "handle/FovixHandle.h"
+#include "handle/MainMesh.h"
+#include "model/Indicators.h"
 
 namespace fovix {
 
 namespace {
 
-constexpr char kSource[] = "Multi/FovixFrame";
-
 /// Shape of a model that has none: one screen.
 constexpr int kNoShape = 11;
 
-void clearSurface(const FovixContext& context) {
-    setViewport({0, 0, context.viewWidth, context.viewHeight});
-    glClearColor(context.backgroundRed, context.backgroundGreen, context.backgroundBlue, 1.0f);
-    glCheck(kSource);
-    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-    glCheck(kSource);
-    glEnable(GL_DEPTH_TEST);
-    glEnable(GL_BLEND);
-    glBlendFunc(GL_ONE, GL_ZERO);
+SurfaceRect surfaceOf(const FovixContext& context) {
+    return {0, 0, context.viewWidth, context.viewHeight};
+}
+
+void clearSurface(FovixContext& context) {
+    context.device->clear(surfaceOf(context),
+                          {context.backgroundRed, context.backgroundGreen, context.backgroundBlue, 1.0f});
 }
 
 void noticeNewLensCircle(FovixContext& context, const Display& display) {
@@ -40,41 +33,24 @@ void noticeNewLensCircle(FovixContext& context, const Display& display) {
     if (context.drawnConfigVersion == version) return;
     context.drawnConfigVersion = version;
     printLine("config changed\n");
-    if (display.model && display.model->operations.onConfigChanged) {
-        display.model->operations.onConfigChanged(*display.model);
-    }
+    display.model->onConfigChanged();
     context.configChanged = 1;
 }
 
-void bindVertices(FovixContext& context, const Display& display) {
-    const bool changesByItself = display.model && display.model->operations.needsVertexUpdate &&
-                                 display.model->operations.needsVertexUpdate(*display.model);
-    const bool isThisDisplays = context.verticesSerial == display.serial && context.boundVertices;
-    if (!context.configChanged && !changesByItself && isThisDisplays) {
-        rebindVertices(context);
-    } else {
-        buildVertices(context, display);
-    }
-}
-
-/// Uploads the shown slot's picture if it is new; gives whether there is one to draw.
-bool refreshShownPicture(FovixContext& context, const Display& display, int lens) {
+/// Uploads the shown slot's frame if it is new; returns whether there is one to draw.
+bool refreshShownFrame(FovixContext& context, const Display& display, int lens) {
     const LockSection section(context.lock);
-    if (display.type != FOVIX_TYPE_MULTI_LENS) return refreshTexture(context, 0, false) != 0;
-    const bool otherLens = context.uploadedLensIndex != lens;
-    if (!refreshTexture(context, lens, otherLens)) return false;
+    if (display.type != FOVIX_TYPE_MULTI_LENS)
+        return context.device->refreshTexture(context.frames[0], false) != 0;
+    FrameSlot& slot = context.frames[static_cast<std::size_t>(lens)];
+    if (!context.device->refreshTexture(slot, context.uploadedLensIndex != lens)) return false;
     context.uploadedLensIndex = lens;
     return true;
 }
 
-int shapeOf(const Display& display) {
-    const FovixModelOperations& model = display.model->operations;
-    return model.getShape ? model.getShape(*display.model) : kNoShape;
-}
-
 /// One animation step: of every screen's controller in the layouts with several screens, else of the first.
 void stepControllers(const Display& display) {
-    const int shape = shapeOf(display);
+    const int shape = display.model->getShape(kNoShape);
     const bool severalScreens = shape >= FOVIX_SHAPE_FOUR_SCREENS && shape <= FOVIX_SHAPE_LARGE_AND_TWO;
     for (int screen = 0; screen < (severalScreens ? kScreenCount : 1); ++screen) {
         const ControllerPtr& controller = display.controllers[static_cast<std::size_t>(screen)];
@@ -82,91 +58,84 @@ void stepControllers(const Display& display) {
     }
 }
 
-void setUniform(int location, double value) {
-    glUniform1f(location, static_cast<float>(value));
-    glCheck(kSource);
-}
-
-void setFrameUniforms(FovixContext& context, FovixModel& model) {
-    const ProgramLocations& at = context.locations;
-    const bool usingYUV = context.usingYUV != 0;
-    glUseProgram(context.dewarperProgram);
-    setSamplers(context);
-    setUniform(at.usingYUVUniform, usingYUV ? 1.0 : 0.0);
-    setUniform(at.yTextureScaleAdjustmentUniform, usingYUV ? context.yTextureScaleAdjustment : 1.0);
-    setUniform(at.uTextureScaleAdjustmentUniform, usingYUV ? context.uTextureScaleAdjustment : 1.0);
-    setUniform(at.vTextureScaleAdjustmentUniform, usingYUV ? context.vTextureScaleAdjustment : 1.0);
-    setUniform(at.aspectRatioUniform, context.aspectRatio);
-    setUniform(at.textureScaleUniform, model.operations.getTextureScale(model));
-}
-
-void drawModel(const FovixContext& context, FovixModel& model) {
-    model.boundVertexCount = context.boundVertices ? context.boundVertices->vertexCount() : 0;
-    model.operations.drawSelf(model, context.locations.mvpMatrixUniform,
-                              context.locations.verticalOffsetUniform);
-}
-
-void drawGridCell(FovixContext& context, FovixModel& model, int slotIndex, const GlRect& cell) {
+void drawGridCell(FovixContext& context, FovixModel& model, FrameSlot& slot, const DeviceRect& cell) {
+    Device& device = *context.device;
     int useful = 0, pixelFmt = 0;
     {
         const LockSection section(context.lock);
-        useful = refreshTexture(context, slotIndex, false);
-        pixelFmt = context.frames[static_cast<std::size_t>(slotIndex)].pixelFmt;
+        useful = device.refreshTexture(slot, false);
+        pixelFmt = slot.pixelFmt;
     }
     if (!useful) return;
-    bindFrameTextures(context, slotIndex, pixelFmt);
-    glViewport(cell.x, cell.y, cell.width, cell.height);
-    drawModel(context, model);
+    device.showCell(slot, pixelFmt);
+    device.setViewport(cell);
+    model.drawSelf(device);
 }
 
-/// Row 0 is the top row of the surface; cells without a picture show the background.
+/// Row 0 is the top row of the surface; cells without a frame show the background.
 void drawGrid(FovixContext& context, FovixModel& model, const GridSize& grid) {
     const int cellWidth = scaledToPpi(context.backingWidth) / grid.columns;
     const int cellHeight = scaledToPpi(context.backingHeight) / grid.rows;
     for (int row = 0; row < grid.rows; ++row) {
         for (int column = 0; column < grid.columns; ++column) {
-            const GlRect cell = {column * cellWidth, (grid.rows - 1 - row) * cellHeight, cellWidth,
-                                 cellHeight};
-            drawGridCell(context, model, row * grid.columns + column, cell);
+            const auto slot = static_cast<std::size_t>(row * grid.columns + column);
+            const DeviceRect cell = {column * cellWidth, (grid.rows - 1 - row) * cellHeight, cellWidth,
+                                     cellHeight};
+            drawGridCell(context, model, context.frames[slot], cell);
         }
     }
 }
 
-void drawModelOverlays(FovixContext& context, const Display& display) {
-    FovixModel& model = *display.model;
-    if (!model.operations.getOverlayCount || !model.operations.drawOverlay) return;
-    const int count = model.operations.getOverlayCount(model);
+/// Second meshes over the main one: the strip under two screens, the second of two lenses.
+void drawOverlays(FovixContext& context, FovixModel& model) {
+    if (!model.operations.drawOverlay) return;
+    const int count = model.getOverlayCount();
     for (int index = 0; index < count; ++index) {
-        buildOverlayVertices(context, display, index);
-        model.boundVertexCount = context.boundVertices ? context.boundVertices->vertexCount() : 0;
-        model.operations.drawOverlay(model, index, context.locations.mvpMatrixUniform,
-                                     context.locations.verticalOffsetUniform);
+        {
+            const LockSection section(context.lock);
+            const VertexCachePtr mesh = model.getOverlayVerticesCache(index);
+            if (mesh) context.device->useOverlayMesh(mesh);
+            if (!mesh) printLine("buildVertices failed, Vertices is empty!\n");
+        }
+        model.drawOverlay(index, *context.device);
     }
+}
+
+/// Which screen is selected and where it looks; the frames of the inset.
+void drawIndicators(FovixContext& context, const Display& display) {
+    const Canvas canvas = {*context.device, surfaceOf(context), context.backingWidth, context.backingHeight};
+    if (display.type == FOVIX_TYPE_360VR) drawSelectedScreen(canvas, *display.model);
+    if (display.type != FOVIX_TYPE_SINGLE_PIP) return;
+    double shift = 0.0;
+    if (display.controllers[0]) display.controllers[0]->getViewOffset(nullptr, &shift);
+    drawInsetFrames(canvas, *display.model, shift);
 }
 
 void drawFrame(FovixContext& context) {
     const DisplayPtr display = context.display.load();
+    FovixModel& model = *display->model;
+    Device& device = *context.device;
     const GridSize grid = context.grid;
     const bool isGrid = display->type == FOVIX_TYPE_MULTI_IMAGE;
     const int shownSlot = display->type == FOVIX_TYPE_MULTI_LENS ? context.lensIndex.get() : 0;
     if (isGrid && (grid.rows < 1 || grid.columns < 1)) return printLine("parameter error in drawSelf()\n");
     clearSurface(context);
     if (!isTextureUsable(context.fishEye)) return;
-    if (!context.prepareCount) return printLine("Fovix_Drawself() Error : Fovix_Prepare has not run\n");
+    if (!device.isPrepared) return printLine("Fovix_Drawself() Error : Fovix_Prepare has not run\n");
     noticeNewLensCircle(context, *display);
-    bindVertices(context, *display);
-    if (!refreshShownPicture(context, *display, shownSlot)) return printLine("texture not useful 2\n");
-    if (!display->model) return printLine("Fovix_Drawself() Error : No Model\n");
+    bindMesh(context, *display);
+    if (!refreshShownFrame(context, *display, shownSlot)) return printLine("texture not useful 2\n");
+    if (!model.operations.drawSelf) return printLine("Fovix_Drawself() Error : No Model\n");
     stepControllers(*display);
-    setFrameUniforms(context, *display->model);
+    device.startMeshes(context.usingYUV != 0, model.getTextureScale());
     if (isGrid) {
-        drawGrid(context, *display->model, grid);
+        drawGrid(context, model, grid);
     } else {
-        bindShownTextures(context, shownSlot);
-        drawModel(context, *display->model);
+        device.showFrame(context.frames[static_cast<std::size_t>(shownSlot)]);
+        model.drawSelf(device);
     }
-    drawModelOverlays(context, *display);
-    drawFramesAndIndicators(context, *display);
+    drawOverlays(context, model);
+    drawIndicators(context, *display);
 }
 
 }  // namespace
@@ -175,4 +144,12 @@ void drawFrame(FovixContext& context) {
 
 void Fovix_Drawself(VRHANDLE handle) {
     fovix::withContext(handle, [](FovixContext& context) { fovix::drawFrame(context); });
+}
+
+int Fovix_NeedContinue(void) {
+    return 0;
+}
+
+int checkOpenGLError(const char* file, int line) {
+    return fovix::reportGlError(file, line);
 }

@@ -14,7 +14,7 @@ namespace fovix {
 
 namespace {
 
-using ModelOps = FovixModelOperations;
+constexpr int kNone = -1;  ///< shape or screen of a model that has none
 
 /// Runs operation(context) when all values are finite; exportName appears in the line that refuses others.
 template <class Operation, class... Values>
@@ -45,13 +45,10 @@ void steer(VRHANDLE handle, const char* exportName, Operation TouchController::*
     withFinite(handle, exportName, call, values...);
 }
 
-/// Calls an operation of the model on one of its screens; only the types with six screens look at the index.
-template <class Operation, class... Arguments>
-void tellModelScreen(const Display& display, Operation ModelOps::*operation, int screen,
-                     Arguments... arguments) {
+/// Whether a model has this screen; only the types with six screens look at the index.
+bool hasScreen(const Display& display, int screen) {
     const bool hasScreens = display.type == FOVIX_TYPE_360VR || display.type == FOVIX_TYPE_180VR;
-    if (!hasScreens || isInRange("screen", screen, kScreenCount - 1))
-        tellModel(display, operation, screen, arguments...);
+    return !hasScreens || isInRange("screen", screen, kScreenCount - 1);
 }
 
 /// Whether the touch began on the part of a multi-view layout that aims the selected view.
@@ -64,16 +61,14 @@ bool isOnOverview(int shape, int currentScreen) {
 /// it did.
 bool aimAtTouch(FovixContext& context, float x, float y, bool adjust) {
     const DisplayPtr display = context.display.load();
-    const FovixModelOperations* model = display->model ? &display->model->operations : nullptr;
-    if (!model || !model->getShape || !model->getSelectedScreen || !model->getPTZ) return false;
-    const int shape = model->getShape(*display->model);
+    FovixModel& model = *display->model;
+    const int shape = model.getShape(kNone), selected = model.getSelectedScreen(kNone);
+    double zoom = 0.0, roll = 0.0;
     if (!isOnOverview(shape, context.currentScreen)) return false;
-    const int selected = model->getSelectedScreen(*display->model);
+    if (!model.getPTZ(selected, nullptr, nullptr, &zoom, &roll)) return false;
     TouchController* target = controllerAt(*display, selected);
     if (!target || !target->canBeAimed()) return false;
     if (adjust) return target->autoAdjust();
-    double zoom = 0.0, roll = 0.0;
-    model->getPTZ(*display->model, selected, nullptr, nullptr, &zoom, &roll);
     const int width = context.backingWidth, height = context.backingHeight;
     const AimedView aim = shape == FOVIX_SHAPE_OVERVIEW_FIVE ? aimOnOverview(x, y, width, height)
                                                              : aimOnStrip(x, y, zoom, width, height);
@@ -82,19 +77,14 @@ bool aimAtTouch(FovixContext& context, float x, float y, bool adjust) {
 
 void touchDown(FovixContext& context, float x, float y) {
     const DisplayPtr display = context.display.load();
-    if (display->model && display->model->operations.selectScreen) {
-        context.currentScreen =
-            display->model->operations.selectScreen(*display->model, truncateToInt(x), truncateToInt(y));
-        if (aimAtTouch(context, x, y, false)) return;
-    } else {
-        context.currentScreen = 0;
-    }
+    context.currentScreen = display->model->selectScreen(truncateToInt(x), truncateToInt(y), 0);
+    if (aimAtTouch(context, x, y, false)) return;
     callCurrent(context, &TouchController::onTouchDown, x, y);
 }
 
 void startAutoCruise(FovixContext& context, double speed) {
     const DisplayPtr display = context.display.load();
-    TouchController* selected = controllerAt(*display, askModel(*display, &ModelOps::getSelectedScreen, -1));
+    TouchController* selected = controllerAt(*display, display->model->getSelectedScreen(kNone));
     if (selected && selected->startAutoCruise(speed)) return;
     forEachController(*display, &TouchController::startAutoCruise, speed);
 }
@@ -136,7 +126,6 @@ void displayTarget(VRHANDLE handle, FovixContext& context, int targetX, int targ
 using fovix::callCurrent;
 using fovix::ControllerPtr;
 using fovix::DisplayPtr;
-using fovix::ModelOps;
 using fovix::steer;
 using fovix::TouchController;
 using fovix::withContext;
@@ -201,8 +190,7 @@ void Fovix_StopAutoCruise(VRHANDLE handle) {
 }
 
 void Fovix_ResetPosition(VRHANDLE handle) {
-    withContext(handle,
-                [](FovixContext& context) { tellModel(*context.display.load(), &ModelOps::resetPosition); });
+    withContext(handle, [](FovixContext& context) { context.display.load()->model->resetPosition(); });
 }
 
 // Views of the model
@@ -218,8 +206,9 @@ void Fovix_GetPTZ(VRHANDLE handle, double* pan, double* tilt, double* zoom, doub
 void Fovix_SetPTZ_SubScreen(VRHANDLE handle, int screen, double pan, double tilt, double zoom, double roll,
                             double ptzFifth) {
     const auto set = [&](FovixContext& context) {
-        fovix::tellModelScreen(*context.display.load(), &ModelOps::setPTZ, screen, pan, tilt, zoom, roll,
-                               ptzFifth);
+        const DisplayPtr display = context.display.load();
+        if (fovix::hasScreen(*display, screen))
+            display->model->setPTZ(screen, pan, tilt, zoom, roll, ptzFifth);
     };
     withFinite(handle, "Fovix_SetPTZ", set, pan, tilt, zoom, roll, ptzFifth);
 }
@@ -227,7 +216,8 @@ void Fovix_SetPTZ_SubScreen(VRHANDLE handle, int screen, double pan, double tilt
 void Fovix_GetPTZ_SubScreen(VRHANDLE handle, int screen, double* pan, double* tilt, double* zoom,
                             double* roll) {
     withContext(handle, [&](FovixContext& context) {
-        fovix::tellModelScreen(*context.display.load(), &ModelOps::getPTZ, screen, pan, tilt, zoom, roll);
+        const DisplayPtr display = context.display.load();
+        if (fovix::hasScreen(*display, screen)) display->model->getPTZ(screen, pan, tilt, zoom, roll);
     });
 }
 
@@ -240,7 +230,7 @@ void Fovix_SetRotateZoomRecoverMode(VRHANDLE handle, double xAngle, double yAngl
     const auto set = [&](FovixContext& context) {
         const DisplayPtr display = context.display.load();
         forEachController(*display, &TouchController::setRotateZoom, xAngle, yAngle, zAngle, zoom);
-        tellModel(*display, &ModelOps::setRotateZoom, 0, xAngle, yAngle, zAngle, zoom);
+        display->model->setRotateZoom(0, xAngle, yAngle, zAngle, zoom);
     };
     withFinite(handle, "Fovix_SetRotateZoomRecoverMode", set, xAngle, yAngle, zAngle, zoom);
 }
@@ -252,8 +242,9 @@ void Fovix_GetRotateZoom(VRHANDLE handle, double* xAngle, double* yAngle, double
 void Fovix_SetRotateZoom_SubScreen(VRHANDLE handle, int screen, double xAngle, double yAngle, double zAngle,
                                    double zoom) {
     const auto set = [&](FovixContext& context) {
-        fovix::tellModelScreen(*context.display.load(), &ModelOps::setRotateZoom, screen, xAngle, yAngle,
-                               zAngle, zoom);
+        const DisplayPtr display = context.display.load();
+        if (fovix::hasScreen(*display, screen))
+            display->model->setRotateZoom(screen, xAngle, yAngle, zAngle, zoom);
     };
     withFinite(handle, "Fovix_SetRotateZoom", set, xAngle, yAngle, zAngle, zoom);
 }
@@ -261,22 +252,21 @@ void Fovix_SetRotateZoom_SubScreen(VRHANDLE handle, int screen, double xAngle, d
 void Fovix_GetRotateZoom_SubScreen(VRHANDLE handle, int screen, double* xAngle, double* yAngle,
                                    double* zAngle, double* zoom) {
     withContext(handle, [&](FovixContext& context) {
-        fovix::tellModelScreen(*context.display.load(), &ModelOps::getRotateZoom, screen, xAngle, yAngle,
-                               zAngle, zoom);
+        const DisplayPtr display = context.display.load();
+        if (fovix::hasScreen(*display, screen))
+            display->model->getRotateZoom(screen, xAngle, yAngle, zAngle, zoom);
     });
 }
 
 void Fovix_SetRotationFor180VR(VRHANDLE handle, double degrees) {
-    const auto set = [&](FovixContext& context) {
-        tellModel(*context.display.load(), &ModelOps::setRotation, degrees);
-    };
+    const auto set = [&](FovixContext& context) { context.display.load()->model->setRotation(degrees); };
     withFinite(handle, "Fovix_SetRotationFor180VR", set, degrees);
 }
 
 void Fovix_SetLogicZoom(VRHANDLE handle, double min, double max, double div, double zoom) {
     const auto set = [&](FovixContext& context) {
         const DisplayPtr display = context.display.load();
-        tellModel(*display, &ModelOps::setLogicZoom, min, max, div, zoom);
+        display->model->setLogicZoom(min, max, div, zoom);
         forEachController(*display, &TouchController::setLogicZoom, min, max, div, zoom);
     };
     withFinite(handle, "Fovix_SetLogicZoom", set, min, max, div, zoom);
@@ -284,7 +274,7 @@ void Fovix_SetLogicZoom(VRHANDLE handle, double min, double max, double div, dou
 
 float Fovix_GetLogicZoom(VRHANDLE handle) {
     return withContext(handle, 0.0f, [](FovixContext& context) {
-        return askModel(*context.display.load(), &ModelOps::getLogicZoom, 0.0f);
+        return context.display.load()->model->getLogicZoom(0.0f);
     });
 }
 
@@ -320,8 +310,4 @@ void Fovix_DisplayTarget(VRHANDLE handle, int targetX, int targetY, int width, i
         fovix::displayTarget(handle, context, targetX, targetY, width, height);
     });
     if (!alive) fovix::printLine("Fovix_DisplayRect Error, handle is NULL!");
-}
-
-int Fovix_NeedContinue(void) {
-    return 0;
 }

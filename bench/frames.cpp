@@ -13,7 +13,7 @@
 #include <vector>
 
 #include "Runner.h"
-#include "gl/FovixShaders.h"
+#include "gl/Shaders.h"
 #include "handle/FovixContext.h"
 #include "surface/GlContext.h"
 
@@ -67,14 +67,18 @@ unsigned compile(GLenum type, const char* source) {
 /// The frame as a program without the library would draw it: same shader, same mesh, same matrix.
 class BareFrame {
   public:
-    BareFrame(const Case& c, const FovixContext& context) : case_(c), mesh_(context.boundVertices) {
+    BareFrame(const Case& c, const FovixContext& context)
+        : case_(c), mesh_(context.display.load()->model->getVerticesCache()) {
         program_ = glCreateProgram();
         glAttachShader(program_, compile(GL_VERTEX_SHADER, fovix::kDewarperVertexShader));
         glAttachShader(program_, compile(GL_FRAGMENT_SHADER, fovix::kDewarperFragmentShader));
         glBindAttribLocation(program_, 0, "a_position");
         glBindAttribLocation(program_, 1, "a_textureCoords");
         glLinkProgram(program_);
-        glGetUniformfv(context.dewarperProgram, context.locations.mvpMatrixUniform, matrix_);
+        GLint library = 0;
+        glGetIntegerv(GL_CURRENT_PROGRAM, &library);
+        glGetUniformfv(static_cast<GLuint>(library),
+                       glGetUniformLocation(static_cast<GLuint>(library), "u_mvpMatrix"), matrix_);
         glGenTextures(4, textures_);
         for (int unit = 0; unit < 4; ++unit) {
             glActiveTexture(static_cast<GLenum>(GL_TEXTURE0 + unit));

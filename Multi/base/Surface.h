@@ -1,7 +1,7 @@
-// The drawing surface: rectangles in pixels, multiplied by the process-wide ppiZoom on their way to GL.
+// The drawing surface: rectangles in the host's pixels, multiplied by the process-wide ppiZoom on their way
+// to the device.
 #pragma once
 
-#include <algorithm>
 #include <cstdint>
 
 #include "base/Cell.h"
@@ -10,24 +10,28 @@
 namespace fovix {
 
 /// Factor of every viewport that the library sets, at least 1; shared by all handles.
-Cell<int>& ppiZoom();
+inline Cell<int>& ppiZoom() {
+    static Cell<int> zoom = 1;
+    return zoom;
+}
 
-/// A rectangle of the surface in host pixels, the origin at the bottom left as in GL.
+/// A rectangle of the surface in the host's pixels; the origin is at the bottom left.
 struct SurfaceRect {
     int x, y, width, height;
 };
 
-/// A rectangle in GL's pixels.
-struct GlRect {
+/// A rectangle in the pixels of the device; the origin is at the bottom left.
+struct DeviceRect {
     int x, y, width, height;
 };
 
-/// A length in host pixels as GL sees it.
+/// A length in the host's pixels as the device counts it.
 inline int scaledToPpi(int length) {
     return saturateToInt(std::int64_t{length} * ppiZoom());
 }
 
-/// GL thread. glViewport with the rectangle times ppiZoom.
-void setViewport(const SurfaceRect& rect);
+inline DeviceRect scaledToPpi(const SurfaceRect& rect) {
+    return {scaledToPpi(rect.x), scaledToPpi(rect.y), scaledToPpi(rect.width), scaledToPpi(rect.height)};
+}
 
 }  // namespace fovix

@@ -21,15 +21,13 @@ class HandleOwner : public ViewOwner {
     void pushPTZ(const TouchController& from, double pan, double tilt, double zoom, double roll,
                  double ptzFifth) override {
         const ModelPtr model = modelOf(from);
-        if (!model || !model->operations.setPTZ) return;
-        model->operations.setPTZ(*model, from.screenIndex, pan, tilt, zoom, roll, ptzFifth);
+        if (model) model->setPTZ(from.screenIndex, pan, tilt, zoom, roll, ptzFifth);
     }
 
     void pushRotateZoom(const TouchController& from, double xAngle, double yAngle, double zAngle,
                         double zoom) override {
         const ModelPtr model = modelOf(from);
-        if (!model || !model->operations.setRotateZoom) return;
-        model->operations.setRotateZoom(*model, from.screenIndex, xAngle, yAngle, zAngle, zoom);
+        if (model) model->setRotateZoom(from.screenIndex, xAngle, yAngle, zAngle, zoom);
     }
 
     void switchDrawMode(int mode) override {
@@ -59,10 +57,7 @@ OwnerPtr HandleOwner_Create(VRHANDLE handle) {
 void setDrawMode(FovixContext& context, int mode) {
     const DisplayPtr display = context.display.load();
     forEachController(*display, &TouchController::setDrawMode, mode);
-    const ModelPtr& model = display->model;
-    if (!model || !model->operations.setDrawMode) return;
-    model->operations.setDrawMode(*model, mode);
-    context.configChanged = 1;
+    if (display->model->setDrawMode(mode)) context.configChanged = 1;
 }
 
 }  // namespace fovix

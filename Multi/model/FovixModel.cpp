@@ -11,6 +11,10 @@ ModelPtr FovixModel_Create(const FovixModelOperations& operations, std::unique_p
     return {model.release(), operations.release};
 }
 
+ModelPtr FovixModel_CreateEmpty() {
+    return std::make_shared<FovixModel>();
+}
+
 void FovixModel_Release(FovixModel* model) {
     delete model;
 }

@@ -4,7 +4,6 @@
 
 #include "Fovix.h"
 #include "base/Diagnostics.h"
-#include "model/DrawMesh.h"
 #include "view/Screens180VR.h"
 
 namespace fovix {
@@ -38,18 +37,15 @@ constexpr bool hasMesh(int mode) {
 }
 
 VertexCachePtr createVertices(FovixModel& model, int mode) {
-    VR180Params& p = params(model);
     printLine("FovixModel180VR.createVertices(%d)\n", mode);
     if (!hasMesh(mode)) {
         printLine("createVertices() mode is error : %d\n", mode);
         return nullptr;
     }
-    const FishEyeConfig lens = *p.mFishEye;
+    const FishEyeConfig lens = *params(model).mFishEye;
     if (!isTextureUsable(lens)) return nullptr;
     const auto mesh = GridMesh_Create_180VR(mode, lens, model.backingWidth, model.backingHeight);
-    if (!mesh) return nullptr;
-    p.mNumTriangles = mesh->triangleCount;
-    return VertexCache_FromCurvedMesh(*mesh);
+    return mesh ? VertexCache_FromCurvedMesh(*mesh) : nullptr;
 }
 
 VertexCachePtr meshOfMode(FovixModel& model, int mode) {
@@ -150,16 +146,15 @@ void setDrawModeCartoon(FovixModel& model, int fromMode, int toMode, int step, i
 
 // Screens and views
 
-void drawSelf(FovixModel& model, int mvpMatrixUniform, int verticalOffsetUniform) {
+void drawSelf(FovixModel& model, Device& device) {
     const VR180Params& p = params(model);
     const Layout180VR layout = layout180VR(p.mShape, model.backingWidth, model.backingHeight);
     const Scene180VR scene = {p.mDrawMode, p.mMeshExtent, p.mLensOffsetX, p.mLensOffsetY, model.rotation};
     for (int s = 0; s < layout.count; ++s) {
         const auto index = static_cast<std::size_t>(s);
         const Screen180VR& screen = layout.screens[index];
-        const Mat4 matrix = screenMatrix180VR(p.mViews[index], scene, screen.width, screen.height);
-        if (layout.count > 1) setViewport(screen.viewport);
-        drawMesh(model, matrix, {mvpMatrixUniform, verticalOffsetUniform}, p.mNumTriangles, kSource);
+        if (layout.count > 1) device.setViewport(screen.viewport);
+        device.drawMesh(screenMatrix180VR(p.mViews[index], scene, screen.width, screen.height), kSource);
     }
 }
 

@@ -30,7 +30,6 @@ struct VR180Params : ModelParams {
     // The mesh handed out last; GL thread.
     std::array<VertexCachePtr, k180VRModes> mVertexCaches;  ///< by mode, built on first use
     double mMeshExtent = 0.0;
-    int mNumTriangles = 0;
     double mLensOffsetX = 0.0, mLensOffsetY = 0.0;  ///< fractions of the camera's image
 };
 

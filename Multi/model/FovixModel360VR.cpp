@@ -5,7 +5,6 @@
 
 #include "Fovix.h"
 #include "base/Numbers.h"
-#include "model/DrawMesh.h"
 #include "view/Layouts360VR.h"
 
 namespace fovix {
@@ -14,6 +13,7 @@ namespace {
 
 constexpr char kSource[] = "Multi/FovixModel360VR";
 constexpr int kBlendFrames = 30;  ///< of which the last shows the target
+constexpr int kStripScreen = 2;   ///< screen whose view the strip under two screens is drawn with
 
 VR360Params& params(FovixModel& model) {
     return paramsOf<VR360Params>(model);
@@ -186,7 +186,6 @@ VertexCachePtr getVerticesCache(FovixModel& model) {
         cache = meshOf(p, p.mMount, p.mShape);
         p.mBlend.mesh = nullptr;
     }
-    if (cache) p.mNumTriangles = cache->triangleCount;
     return cache;
 }
 
@@ -247,9 +246,8 @@ bool hasSurface(const Scene360VR& scene) {
     return scene.width > 0 && scene.height > 0;
 }
 
-void drawSelf(FovixModel& model, int mvpMatrixUniform, int verticalOffsetUniform) {
+void drawSelf(FovixModel& model, Device& device) {
     VR360Params& p = params(model);
-    const DrawUniforms uniforms = {mvpMatrixUniform, verticalOffsetUniform};
     Scene360VR scene;
     Seams seams;
     {
@@ -259,18 +257,18 @@ void drawSelf(FovixModel& model, int mvpMatrixUniform, int verticalOffsetUniform
     }
     if (!hasSurface(scene)) return;
     const auto draw = [&](int screen, double extraPan) {
-        drawMesh(model, screenMatrix360VR(scene, screen, extraPan), uniforms, p.mNumTriangles, kSource);
+        device.drawMesh(screenMatrix360VR(scene, screen, extraPan), kSource);
     };
     const Layout360VR layout = layout360VR(scene.shape, scene.width, scene.height);
     for (int screen = 0; screen < std::max(layout.count, 1); ++screen) {
         const auto index = static_cast<std::size_t>(screen);
-        if (layout.count > 0) setViewport(layout.screens[index]);
+        if (layout.count > 0) device.setViewport(layout.screens[index]);
         draw(screen, 0.0);
         if (seams[index]) draw(screen, kStripTurn);
     }
 }
 
-void drawOverlay(FovixModel& model, int index, int mvpMatrixUniform, int verticalOffsetUniform) {
+void drawOverlay(FovixModel& model, int index, Device& device) {
     VR360Params& p = params(model);
     Scene360VR scene;
     {
@@ -278,11 +276,9 @@ void drawOverlay(FovixModel& model, int index, int mvpMatrixUniform, int vertica
         scene = takeScene(model, p);
     }
     if (index != 0 || scene.shape != FOVIX_SHAPE_TWO_AND_STRIP || !hasSurface(scene)) return;
-    const VertexCachePtr& strip = p.mMeshCaches[static_cast<std::size_t>(scene.mount)][FOVIX_SHAPE_STRIP];
-    if (!strip) return;
-    setViewport(overviewStripRect(scene.width, scene.height));
-    drawMesh(model, screenMatrix360VR(scene, 2, 0.0), {mvpMatrixUniform, verticalOffsetUniform},
-             strip->triangleCount, kSource);
+    if (!p.mMeshCaches[static_cast<std::size_t>(scene.mount)][FOVIX_SHAPE_STRIP]) return;
+    device.setViewport(overviewStripRect(scene.width, scene.height));
+    device.drawMesh(screenMatrix360VR(scene, kStripScreen, 0.0), kSource);
 }
 
 constexpr FovixModelOperations kOperations = {

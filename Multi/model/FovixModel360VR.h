@@ -41,8 +41,7 @@ struct VR360Params : ModelParams {
 
     // GL thread.
     std::array<std::array<VertexCachePtr, kPanoramaShapes>, kPanoramaMounts>
-        mMeshCaches;        ///< built on first use
-    int mNumTriangles = 0;  ///< of the mesh last handed out
+        mMeshCaches;  ///< built on first use
 };
 
 ModelPtr FovixModel360VR_Create(const FishEyeConfig& lens);

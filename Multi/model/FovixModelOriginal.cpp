@@ -1,7 +1,6 @@
 #include "model/FovixModelOriginal.h"
 
 #include "base/Diagnostics.h"
-#include "model/DrawMesh.h"
 
 namespace fovix {
 
@@ -16,22 +15,20 @@ void reset(FovixModel& model) {
 }
 
 VertexCachePtr createVertices(FovixModel& model) {
-    OriginalParams& p = params(model);
+    const OriginalParams& p = params(model);
     printLine("createVertices()\n");
     printLine("%s", p.mKind->builderLine);
     const FishEyeConfig lens = *p.mFishEye;
     if (!isTextureUsable(lens)) return nullptr;
-    auto cache = VertexCache_FromFlatMesh(p.mKind->createMesh(lens, model.backingWidth, model.backingHeight));
-    p.mNumTriangles = cache->triangleCount;
-    return cache;
+    return VertexCache_FromFlatMesh(p.mKind->createMesh(lens, model.backingWidth, model.backingHeight));
 }
 
-void drawSelf(FovixModel& model, int mvpMatrixUniform, int verticalOffsetUniform) {
+void drawSelf(FovixModel& model, Device& device) {
     const OriginalParams& p = params(model);
     const RotateZoomView view = p.mView;
     const Mat4 matrix =
         flatPictureMatrix(view.mZoom, view.mRotateX, view.mRotateY, model.backingWidth, model.backingHeight);
-    drawMesh(model, matrix, {mvpMatrixUniform, verticalOffsetUniform}, p.mNumTriangles, p.mKind->source);
+    device.drawMesh(matrix, p.mKind->source);
 }
 
 void setRotateZoom(FovixModel& model, int, double xAngle, double yAngle, double zAngle, double zoom) {
@@ -54,7 +51,6 @@ constexpr FovixModelOperations kOperations = {
     .resetPosition = reset,
     .setRotateZoom = setRotateZoom,
     .getRotateZoom = getRotateZoom,
-    .needsVertexUpdate = FovixModel_NeedContinue,
 };
 static_assert(hasMandatoryOperations(kOperations));
 

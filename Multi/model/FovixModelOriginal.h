@@ -25,7 +25,6 @@ struct FlatMeshParams : ModelParams {
     using ModelParams::ModelParams;
 
     VertexCachePtr mVerticesCache;  ///< built on first use
-    Cell<int> mNumTriangles = 0;
 };
 
 struct OriginalParams : FlatMeshParams {

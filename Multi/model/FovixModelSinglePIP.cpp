@@ -2,7 +2,6 @@
 
 #include "base/Diagnostics.h"
 #include "base/Numbers.h"
-#include "model/DrawMesh.h"
 
 namespace fovix {
 
@@ -30,24 +29,21 @@ void setDrawMode(FovixModel& model, int mode) {
 }
 
 VertexCachePtr createVertices(FovixModel& model) {
-    SinglePIPParams& p = params(model);
     printLine("GridMesh_Create_Original()\n");
-    const FishEyeConfig lens = *p.mFishEye;
+    const FishEyeConfig lens = *params(model).mFishEye;
     if (!isTextureUsable(lens)) return nullptr;
     const GridMesh mesh = GridMesh_Create_Original(lens, model.backingWidth, model.backingHeight);
     printLine("FovixModelSinglePIP.createVertices(numTriangles=%d)\n", mesh.triangleCount);
-    p.mNumTriangles = mesh.triangleCount;
     return VertexCache_FromFlatMesh(mesh);
 }
 
-void drawSelf(FovixModel& model, int mvpMatrixUniform, int verticalOffsetUniform) {
+void drawSelf(FovixModel& model, Device& device) {
     const SinglePIPParams& p = params(model);
     const int width = model.backingWidth, height = model.backingHeight;
-    const DrawUniforms uniforms = {mvpMatrixUniform, verticalOffsetUniform};
     const Mat4 mainView = singlePipMainMatrix(p.mZoom, p.mOffsetX, p.mOffsetY, p.mDistance, width, height);
-    drawMesh(model, mainView, uniforms, p.mNumTriangles, kSource);
+    device.drawMesh(mainView, kSource);
     if (p.mDrawMode == 0 || width != height) return;
-    drawMesh(model, singlePipInsetMatrix(width, height), uniforms, p.mNumTriangles, kSource);
+    device.drawMesh(singlePipInsetMatrix(width, height), kSource);
 }
 
 /// Whether the outlines of the inset are wanted; this model has no overlay mesh of its own.
@@ -85,7 +81,6 @@ constexpr FovixModelOperations kOperations = {
     .resetPosition = resetPosition,
     .setRotateZoom = setRotateZoom,
     .getRotateZoom = getRotateZoom,
-    .needsVertexUpdate = FovixModel_NeedContinue,
 };
 static_assert(hasMandatoryOperations(kOperations));
 

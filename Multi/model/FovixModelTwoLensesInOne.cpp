@@ -6,7 +6,6 @@
 
 #include "Fovix.h"
 #include "base/Diagnostics.h"
-#include "model/DrawMesh.h"
 
 namespace fovix {
 
@@ -41,16 +40,13 @@ void onConfigChanged(FovixModel& model) {
 }
 
 VertexCachePtr createVertices(FovixModel& model, int half) {
-    TwoLensesParams& p = params(model);
     const bool isUpper = half == kUpperHalf;
     printLine("FovixModelTwoLensesInOne::createVertices()\n");
     printLine(isUpper ? "GridMesh_Create_HalfTop()\n" : "GridMesh_Create_HalfBottom()\n");
-    const FishEyeConfig lens = *p.mFishEye;
+    const FishEyeConfig lens = *params(model).mFishEye;
     if (!isTextureUsable(lens)) return nullptr;
     const auto createMesh = isUpper ? GridMesh_Create_HalfTop : GridMesh_Create_HalfBottom;
-    auto cache = VertexCache_FromFlatMesh(createMesh(lens, model.backingWidth, model.backingHeight));
-    p.mNumTriangles = cache->triangleCount;
-    return cache;
+    return VertexCache_FromFlatMesh(createMesh(lens, model.backingWidth, model.backingHeight));
 }
 
 /// The mesh of one half, built on first use.
@@ -110,16 +106,15 @@ int needsVertexUpdate(FovixModel& model) {
     return 1;
 }
 
-void draw(const FovixModel& model, const PicturePlacement& placement, const DrawUniforms& uniforms,
-          int triangleCount, int line = __builtin_LINE()) {
-    const Mat4 matrix = twoLensesMatrix(placement, model.backingWidth, model.backingHeight);
-    drawMesh(model, matrix, uniforms, triangleCount, kSource, line);
+void draw(const FovixModel& model, Device& device, const PicturePlacement& placement,
+          int line = __builtin_LINE()) {
+    device.drawMesh(twoLensesMatrix(placement, model.backingWidth, model.backingHeight), kSource, line);
 }
 
-void drawHalf(FovixModel& model, const DrawUniforms& uniforms) {
+void drawHalf(FovixModel& model, Device& device) {
     const TwoLensesParams& p = params(model);
     const auto placement = placeHalf(p.mView, p.mCheckedZoom, p.mZoomDiv, p.mShownHalf);
-    if (placement) return draw(model, *placement, uniforms, p.mNumTriangles);
+    if (placement) return draw(model, device, *placement);
     printLine("-------------> maybe something wrong!!!! screen[%d] zoom[%f]", p.mShownHalf, p.mCheckedZoom);
 }
 
@@ -134,22 +129,20 @@ PicturePlacement stepBeside(TwoLensesParams& p, bool isFirst) {
     return placeBeside(x.current, scale.current, p.mScreen == soloScreen, p.mView);
 }
 
-void drawLens(FovixModel& model, bool isFirst, const DrawUniforms& uniforms) {
-    TwoLensesParams& p = params(model);
+void drawLens(FovixModel& model, Device& device, bool isFirst) {
     const bool isWide = model.backingWidth > model.backingHeight;
-    draw(model, isWide ? stepBeside(p, isFirst) : placeStacked(isFirst), uniforms, p.mNumTriangles);
+    draw(model, device, isWide ? stepBeside(params(model), isFirst) : placeStacked(isFirst));
 }
 
-void drawSelf(FovixModel& model, int mvpMatrixUniform, int verticalOffsetUniform) {
-    const DrawUniforms uniforms = {mvpMatrixUniform, verticalOffsetUniform};
+void drawSelf(FovixModel& model, Device& device) {
     switch (params(model).mDrawMode) {
         case FOVIX_TWO_LENSES_BOTH:
-            return drawLens(model, true, uniforms);
+            return drawLens(model, device, true);
         case FOVIX_TWO_LENSES_UPPER:
         case FOVIX_TWO_LENSES_LOWER:
-            return draw(model, {0.0, 0.0, 1.0}, uniforms, params(model).mNumTriangles);
+            return draw(model, device, {0.0, 0.0, 1.0});
         default:
-            return drawHalf(model, uniforms);
+            return drawHalf(model, device);
     }
 }
 
@@ -162,9 +155,8 @@ VertexCachePtr getOverlayVerticesCache(FovixModel& model, int index) {
                                                                           : nullptr;
 }
 
-void drawOverlay(FovixModel& model, int index, int mvpMatrixUniform, int verticalOffsetUniform) {
-    if (params(model).mDrawMode != FOVIX_TWO_LENSES_BOTH || index != 0) return;
-    drawLens(model, false, {mvpMatrixUniform, verticalOffsetUniform});
+void drawOverlay(FovixModel& model, int index, Device& device) {
+    if (params(model).mDrawMode == FOVIX_TWO_LENSES_BOTH && index == 0) drawLens(model, device, false);
 }
 
 /// Side by side the pictures are not panned.

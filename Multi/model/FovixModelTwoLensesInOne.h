@@ -68,7 +68,6 @@ struct TwoLensesParams : ModelParams {
     double mCheckedZoom = 1.0;    ///< zoom that draw mode 0 draws with
     VertexCachePtr mTopCache;     ///< upper picture, built on first use
     VertexCachePtr mBottomCache;  ///< lower picture, built on first use
-    int mNumTriangles = 0;        ///< of the mesh built last; both have the same count
     int mShownHalf = 0;           ///< half whose mesh draw mode 0 uses: 0 upper, 1 lower
     int mWantedHalf = 0;          ///< half that the zoom asks for
 

@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "ApiCalls.h"
-#include "GlContext.h"
+#include "surface/GlContext.h"
 
 namespace fovix_test {
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "HeadlessGl.h"
+#include "gl/GlDevice.h"
 #include "handle/FovixContext.h"
 
 #if defined(__SANITIZE_ADDRESS__)
@@ -145,9 +146,13 @@ testing::AssertionResult holdsImage(const Stage& stage, const Image& image) {
     return holds(stage, 0, image.width, image.height, [&](std::size_t i) { return image.bytes[i]; });
 }
 
+fovix::TextureState& texturesOf(const View& view) {
+    return fovix::paramsOf<fovix::GlParams>(*view->device).textures;
+}
+
 TEST(TextureLimit, WideRgbaPicturesShowTheirLeftPart) {
     Stage stage(FOVIX_TYPE_ORIGINAL, 260, 40);
-    stage.view->maxTextureSize = 64;
+    texturesOf(stage.view).maxTextureSize = 64;
     // Every column is as red as the last one and 4 levels more, or 200.
     const auto column = [](double x) {
         return rgb(static_cast<unsigned>(std::min(4 * x, 200.0) + 0.5) << 16);
@@ -162,7 +167,7 @@ TEST(TextureLimit, WideRgbaPicturesShowTheirLeftPart) {
                           })));
     stage.show(fitting);
     stage.draw();
-    EXPECT_EQ(stage.view->aspectRatio, 1.0);
+    EXPECT_EQ(texturesOf(stage.view).aspectRatio, 1.0);
     EXPECT_TRUE(holdsImage(stage, fitting));
 }
 
@@ -175,7 +180,7 @@ TEST(TextureLimit, WhatCannotBeUploadedIsReportedAndTheTextureStays) {
     for (const auto& [pixelFmt, width, height] : cases) {
         SCOPED_TRACE(testing::Message() << "code " << pixelFmt << ", " << width << "x" << height);
         Stage stage(FOVIX_TYPE_ORIGINAL, 32, 32);
-        stage.view->maxTextureSize = 64;
+        texturesOf(stage.view).maxTextureSize = 64;
         stage.show(Image::chequered(32, 32));
         stage.draw();
         stage.show(pixelFmt, Bytes(pictureBytes(pixelFmt, width, height), 200), width, height);

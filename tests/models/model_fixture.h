@@ -1,8 +1,6 @@
-// A model with the lens of a picture, its operations as a frame calls them, and what it prints and hands to
-// GL: GL's entries for uniforms are replaced, so that the draw operations run without a context.
+// A model with the lens of a frame, its operations as a frame calls them, what it prints, and the matrices
+// that it draws with: they go to a device that only keeps them.
 #pragma once
-
-#include <GL/glew.h>
 
 #include <algorithm>
 #include <array>
@@ -23,10 +21,10 @@ template <class Params, ModelPtr (*create)(const FishEyeConfig&)>
 class ModelTest : public testing::Test {
   protected:
     ModelTest(int displayType, int width, int height) {
-        __glewUniformMatrix4fv = [](GLint, GLsizei, GLboolean, const GLfloat* values) {
-            std::copy(values, values + 16, drawn.emplace_back().m.begin());
+        device.operations.setViewport = [](Device&, const DeviceRect&) {};
+        device.operations.drawMesh = [](Device&, const Mat4& matrix, const char*, int) {
+            drawn.push_back(matrix);
         };
-        __glewUniform1f = [](GLint, GLfloat) {};
         testing::internal::CaptureStdout();
         lens.displayType = displayType;
         lens.TextureWidth = width;
@@ -43,12 +41,12 @@ class ModelTest : public testing::Test {
     }
 
     VertexCachePtr fetch() { return ops.getVerticesCache(*model); }
-    bool isMoving() { return ops.needsVertexUpdate(*model) != 0; }
+    bool isMoving() { return model->needsVertexUpdate(); }
 
     std::size_t draw() {
         drawn.clear();
-        ops.drawSelf(*model, 1, 2);
-        for (int i = 0; i < ops.getOverlayCount(*model); ++i) ops.drawOverlay(*model, i, 1, 2);
+        model->drawSelf(device);
+        for (int i = 0; i < model->getOverlayCount(); ++i) model->drawOverlay(i, device);
         return drawn.size();
     }
 
@@ -59,6 +57,7 @@ class ModelTest : public testing::Test {
     }
 
     static inline std::vector<Mat4> drawn;
+    Device device;
     FishEyeConfig lens;
     ModelPtr model = create(lens);
     const FovixModelOperations& ops = model->operations;

@@ -2,16 +2,17 @@
 
 #include "Fovix.h"
 
-#include <GL/glew.h>
+#include <exception>
+#include <memory>
 
 #include "FovixDisplay.h"
 #include "FovixPictures.h"
 #include "base/Diagnostics.h"
 #include "base/Surface.h"
-#include "gl/FovixPrograms.h"
-#include "gl/FovixTextures.h"
+#include "gl/GlDevice.h"
 #include "handle/FovixContext.h"
 #include "handle/FovixHandle.h"
+#include "handle/MainMesh.h"
 
 namespace fovix {
 
@@ -26,10 +27,11 @@ void create(VRHANDLE* out, int touchEnabled) {
     try {
         auto context = std::make_shared<FovixContext>();
         context->touchEnabled = touchEnabled;
+        context->device = GlDevice_Create();
         context->display.store(std::make_shared<Display>());
         const VRHANDLE handle = registerContext(context);
         Fovix_SetType(handle, FOVIX_TYPE_180VR);
-        if (context->display.load()->model) {
+        if (context->display.load()->type != kNoType) {
             *out = handle;
         } else {
             unregisterContext(handle);
@@ -53,21 +55,22 @@ void adoptViewSize(FovixContext& context) {
     context.backingWidth = width;
     context.backingHeight = height;
     printLine("set backingWidth = %d, backingHeight = %d\n", width, height);
+    context.display.load()->model->setViewSize(width, height);
+}
+
+/// The new GL context holds nothing yet: neither the main mesh nor textures.
+void fillDevice(FovixContext& context) {
     const DisplayPtr display = context.display.load();
-    if (display->model) display->model->operations.setViewSize(*display->model, width, height);
+    context.configChanged = 1;
+    if (isTextureUsable(context.fishEye)) fetchMesh(context, *display);
+    display->model->resetPosition();
+    context.device->createTextures(context.frames[0]);
 }
 
 void prepare(FovixContext& context) {
     printLine("Fovix_Prepare()\n");
     forgetPictures(context);
-    if (loadOpenGL()) {
-        ++context.prepareCount;
-        glEnable(GL_DEPTH_TEST);
-        glEnable(GL_BLEND);
-        glBlendFunc(GL_ONE, GL_ZERO);
-        createPrograms(context, *context.display.load());
-        createFrameTextures(context, 0);
-    }
+    if (context.device->prepare()) fillDevice(context);
     adoptViewSize(context);
 }
 
@@ -75,7 +78,7 @@ void init(FovixContext& context, int width, int height) {
     printLine("Fovix_Init()\n");
     context.viewWidth = width;
     context.viewHeight = height;
-    setViewport({0, 0, width, height});
+    context.device->setViewport(SurfaceRect{0, 0, width, height});
     adoptViewSize(context);
     const int type = context.display.load()->type;
     if (type == FOVIX_TYPE_ORIGINAL || type == FOVIX_TYPE_KORVEL) context.drawnConfigVersion = -1;

@@ -1,7 +1,11 @@
-#include "gl/FovixTextures.h"
+#include "gl/Textures.h"
 
-#include <algorithm>
+#include <GL/glew.h>
 
+#include <array>
+#include <utility>
+
+#include "Fovix.h"
 #include "base/Diagnostics.h"
 #include "gl/GlCheck.h"
 
@@ -13,14 +17,10 @@ constexpr char kSource[] = "Multi/FovixTextures";
 
 constexpr int kScratchSide = 8;  ///< side of the texture that a slot starts with, pixels
 
-FrameSlot& slotOf(FovixContext& context, int slotIndex) {
-    return context.frames[static_cast<std::size_t>(slotIndex)];
-}
-const FrameSlot& slotOf(const FovixContext& context, int slotIndex) {
-    return context.frames[static_cast<std::size_t>(slotIndex)];
-}
+/// Bytes beyond each split chroma plane, so that vector code may write whole vectors.
+constexpr std::size_t kChromaPadding = 16;
 
-/// Rows lie packed in memory of ours, whatever unpack state the host has left.
+/// Our rows are tightly packed; resets the unpack state that the host may have left.
 void setUnpackState() {
     glBindBuffer(GL_PIXEL_UNPACK_BUFFER, 0);
     glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
@@ -38,23 +38,23 @@ void bindToUnit(const FrameSlot& slot, int unit) {
     glCheck(kSource);
 }
 
-bool fitsHeight(const FovixContext& context, int height) {
-    if (height <= context.maxTextureSize) return true;
-    printLine("Height (%d) exceeds the maximum allowed texture size (%d)\n", height, context.maxTextureSize);
+bool fitsHeight(const TextureState& state, int height) {
+    if (height <= state.maxTextureSize) return true;
+    printLine("Height (%d) exceeds the maximum allowed texture size (%d)\n", height, state.maxTextureSize);
     return false;
 }
 
-bool fitsAsYUV(const FovixContext& context, const FrameSlot& slot) {
-    if (!fitsHeight(context, slot.height)) return false;
-    if (slot.width <= context.maxTextureSize) return true;
+bool fitsAsYUV(const TextureState& state, const FrameSlot& slot) {
+    if (!fitsHeight(state, slot.height)) return false;
+    if (slot.width <= state.maxTextureSize) return true;
     printLine("Invalid pixel format for YUYV data.\n");
     return false;
 }
 
-/// A picture wider than a texture shows its left part.
-void uploadWideRGBA(FovixContext& context, const FrameSlot& slot) {
-    const int textureWidth = context.maxTextureSize;
-    context.aspectRatio = textureWidth / slot.height;
+/// A frame wider than a texture is cropped on the right.
+void uploadWideRGBA(TextureState& state, const FrameSlot& slot) {
+    const int textureWidth = state.maxTextureSize;
+    state.aspectRatio = textureWidth / slot.height;
     glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA, textureWidth, slot.height, 0, GL_RGBA, GL_UNSIGNED_BYTE, nullptr);
     glCheck(kSource);
     const std::size_t rowBytes = static_cast<std::size_t>(slot.width) * 4;
@@ -65,11 +65,11 @@ void uploadWideRGBA(FovixContext& context, const FrameSlot& slot) {
     glCheck(kSource);
 }
 
-void uploadRGBA(FovixContext& context, const FrameSlot& slot) {
-    if (!fitsHeight(context, slot.height)) return;
+void uploadRGBA(TextureState& state, const FrameSlot& slot) {
+    if (!fitsHeight(state, slot.height)) return;
     bindToUnit(slot, 0);
-    if (slot.width > context.maxTextureSize) return uploadWideRGBA(context, slot);
-    context.aspectRatio = 1.0;
+    if (slot.width > state.maxTextureSize) return uploadWideRGBA(state, slot);
+    state.aspectRatio = 1.0;
     glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA, slot.width, slot.height, 0, GL_RGBA, GL_UNSIGNED_BYTE,
                  slot.data.get());
     glCheck(kSource);
@@ -81,20 +81,20 @@ void uploadPlane(const FrameSlot& slot, int unit, int width, int height, const u
     glCheck(kSource);
 }
 
-void uploadPlanes(FovixContext& context, const FrameSlot& slot, const unsigned char* u,
+void uploadPlanes(TextureState& state, const FrameSlot& slot, const unsigned char* u,
                   const unsigned char* v) {
-    context.yTextureScaleAdjustment = context.uTextureScaleAdjustment = context.vTextureScaleAdjustment = 1.0;
-    context.aspectRatio = 1.0;
+    state.yTextureScaleAdjustment = state.uTextureScaleAdjustment = state.vTextureScaleAdjustment = 1.0;
+    state.aspectRatio = 1.0;
     uploadPlane(slot, 1, slot.width, slot.height, slot.data.get());
     uploadPlane(slot, 2, slot.width / 2, slot.height / 2, u);
     uploadPlane(slot, 3, slot.width / 2, slot.height / 2, v);
 }
 
-void uploadYUV420P(FovixContext& context, const FrameSlot& slot) {
-    if (!fitsAsYUV(context, slot)) return;
+void uploadYUV420P(TextureState& state, const FrameSlot& slot) {
+    if (!fitsAsYUV(state, slot)) return;
     const int pixels = slot.width * slot.height;
     const unsigned char* u = slot.data.get() + pixels;
-    uploadPlanes(context, slot, u, u + pixels / 4);
+    uploadPlanes(state, slot, u, u + pixels / 4);
 }
 
 /// Splits interleaved chroma pairs into two planes; plain loops that the compiler turns into vector code.
@@ -106,32 +106,32 @@ void splitPairs(const unsigned char* __restrict pairs, unsigned char* __restrict
     }
 }
 
-void uploadSemiPlanar(FovixContext& context, const FrameSlot& slot, bool uFirst) {
-    if (!fitsAsYUV(context, slot)) return;
+void uploadSemiPlanar(TextureState& state, const FrameSlot& slot, bool uFirst) {
+    if (!fitsAsYUV(state, slot)) return;
     const auto pixels = static_cast<std::size_t>(slot.width) * static_cast<std::size_t>(slot.height);
-    const std::size_t pairs = pixels / 4, bytes = pairs + 16;
-    if (context.chromaU.size() < bytes) context.chromaU.resize(bytes);
-    if (context.chromaV.size() < bytes) context.chromaV.resize(bytes);
-    unsigned char* u = context.chromaU.data();
-    unsigned char* v = context.chromaV.data();
+    const std::size_t pairs = pixels / 4, bytes = pairs + kChromaPadding;
+    if (state.chromaU.size() < bytes) state.chromaU.resize(bytes);
+    if (state.chromaV.size() < bytes) state.chromaV.resize(bytes);
+    unsigned char* u = state.chromaU.data();
+    unsigned char* v = state.chromaV.data();
     splitPairs(slot.data.get() + pixels, uFirst ? u : v, uFirst ? v : u, pairs);
-    uploadPlanes(context, slot, u, v);
+    uploadPlanes(state, slot, u, v);
 }
 
 /// Uploads by format; false for a format that has no textures.
-bool uploadPicture(FovixContext& context, const FrameSlot& slot) {
+bool uploadPicture(TextureState& state, const FrameSlot& slot) {
     switch (slot.pixelFmt) {
         case FOVIX_FORMAT_YUV420P:
-            uploadYUV420P(context, slot);
+            uploadYUV420P(state, slot);
             return true;
         case FOVIX_FORMAT_NV12:
-            uploadSemiPlanar(context, slot, true);
+            uploadSemiPlanar(state, slot, true);
             return true;
         case FOVIX_FORMAT_NV21:
-            uploadSemiPlanar(context, slot, false);
+            uploadSemiPlanar(state, slot, false);
             return true;
         case FOVIX_FORMAT_RGBA:
-            uploadRGBA(context, slot);
+            uploadRGBA(state, slot);
             return true;
         default:
             printLine("not support texture. fixelFmt = %d\n", slot.pixelFmt);
@@ -139,19 +139,18 @@ bool uploadPicture(FovixContext& context, const FrameSlot& slot) {
     }
 }
 
-/// Names of an earlier GL context may be nobody's or the host's own by now.
-bool hasTextures(const FovixContext& context, const FrameSlot& slot) {
-    return slot.dewarperTextureName[0] != kNoTexture && slot.texturesMadeFor == context.prepareCount;
+/// Texture names from a previous GL context are invalid.
+bool hasTextures(const TextureState& state, const FrameSlot& slot) {
+    return slot.dewarperTextureName[0] != kNoTexture && slot.texturesMadeFor == state.prepareCount;
 }
 
 }  // namespace
 
-void createFrameTextures(FovixContext& context, int slotIndex) {
+void createFrameTextures(const TextureState& state, FrameSlot& slot) {
     static constexpr unsigned char kBlack[kScratchSide * kScratchSide * 4] = {};
-    FrameSlot& slot = slotOf(context, slotIndex);
     glGenTextures(4, slot.dewarperTextureName.data());
     glCheck(kSource);
-    slot.texturesMadeFor = context.prepareCount;
+    slot.texturesMadeFor = state.prepareCount;
     setUnpackState();
     for (int unit = 0; unit < 4; ++unit) {
         bindToUnit(slot, unit);
@@ -163,8 +162,8 @@ void createFrameTextures(FovixContext& context, int slotIndex) {
             glTexParameteri(GL_TEXTURE_2D, name, value);
             glCheck(kSource);
         }
-        const GLenum status = context.hasFramebufferObjects ? glCheckFramebufferStatus(GL_FRAMEBUFFER)
-                                                            : GL_FRAMEBUFFER_COMPLETE;
+        const GLenum status =
+            state.hasFramebufferObjects ? glCheckFramebufferStatus(GL_FRAMEBUFFER) : GL_FRAMEBUFFER_COMPLETE;
         if (status != GL_FRAMEBUFFER_COMPLETE) {
             printLine("Failed to set up texture object %d  with error %d\n", unit, static_cast<int>(status));
             continue;
@@ -174,15 +173,14 @@ void createFrameTextures(FovixContext& context, int slotIndex) {
     }
 }
 
-int refreshTexture(FovixContext& context, int slotIndex, bool force) {
-    FrameSlot& slot = slotOf(context, slotIndex);
+int refreshTexture(TextureState& state, FrameSlot& slot, bool force) {
     if (!slot.hasNewData && !force) return slot.textureUseful;
-    if (!hasTextures(context, slot)) createFrameTextures(context, slotIndex);
+    if (!hasTextures(state, slot)) createFrameTextures(state, slot);
     if (!slot.data) {
         printLine("refreshTexture no data\n");
     } else {
         setUnpackState();
-        if (uploadPicture(context, slot)) {
+        if (uploadPicture(state, slot)) {
             slot.uploadedFmt = slot.pixelFmt;
             slot.textureUseful = 1;
         }
@@ -191,19 +189,17 @@ int refreshTexture(FovixContext& context, int slotIndex, bool force) {
     return slot.textureUseful;
 }
 
-void bindFrameTextures(const FovixContext& context, int slotIndex, int pixelFmt) {
-    const FrameSlot& slot = slotOf(context, slotIndex);
+void bindFrameTextures(const FrameSlot& slot, int pixelFmt) {
     if (pixelFmt != FOVIX_FORMAT_RGBA && pixelFmt != FOVIX_FORMAT_YUV420P && pixelFmt != FOVIX_FORMAT_NV12 &&
         pixelFmt != FOVIX_FORMAT_NV21) {
         printLine("not support texture. fixelFmt = %d\n", pixelFmt);
     }
-    // A picture that is being replaced has no format for a moment: its textures still hold the last one.
+    // A frame that is being replaced has no format for a moment; its textures still hold the previous one.
     if (slot.uploadedFmt == FOVIX_FORMAT_RGBA) return bindToUnit(slot, 0);
     for (int unit = 1; unit < 4; ++unit) bindToUnit(slot, unit);
 }
 
-void bindShownTextures(const FovixContext& context, int slotIndex) {
-    const FrameSlot& slot = slotOf(context, slotIndex);
+void bindShownTextures(const FrameSlot& slot) {
     for (int unit = 0; unit < 4; ++unit) bindToUnit(slot, unit);
 }
 
