@@ -5,7 +5,6 @@
 #include <optional>
 #include <utility>
 
-#include "Fovix.h"
 #include "base/Angles.h"
 #include "base/Diagnostics.h"
 #include "base/Numbers.h"
@@ -277,17 +276,6 @@ constexpr TouchControllerOperations kOperations = {
 static_assert(hasTouchOperations(kOperations));
 
 }  // namespace
-
-void startDrag(VR360TouchParams& p, double x, double y) {
-    p.mPanAtDown = p.mPan;
-    p.mTiltAtDown = p.mTilt;
-    p.mDownX = x;
-    p.mDownY = y;
-}
-
-void restartDrag(VR360TouchParams& p, float x, float y) {
-    startDrag(p, truncateToInt(x), truncateToInt(y));
-}
 
 ControllerPtr TouchController360VR_Create(OwnerPtr owner, int screenIndex) {
     auto params = std::make_unique<VR360TouchParams>();

@@ -10,7 +10,6 @@ namespace fovix {
 namespace {
 
 constexpr int kTransitionFrames = 2000, kBounceFrames = 800;
-constexpr double kWideEnough = 85.0;  ///< degrees of field of view from which on a view counts as wide
 
 void startTransition(TouchController& controller, double zoom, double tilt) {
     VR360TouchParams& p = paramsOf360(controller);
@@ -47,11 +46,6 @@ void advancePan(VR360TouchParams& p) {
     }
 }
 
-/// Leaves a value alone that is within its limits, and so whatever an input thread has just written into it.
-void limitTo(Cell<double>& cell, double value, double limited) {
-    if (value != limited) cell = limited;
-}
-
 }  // namespace
 
 bool isTransitionRunning(TouchController& controller) {
@@ -86,33 +80,6 @@ void tiltBounceBack(TouchController& controller) {
     const LockSection section(controller.lock);
     p.mTiltVelocity.reset();
     p.mTiltBounce = std::make_unique<BounceAnimator>(p.mTilt, limit, kBounceFrames);
-}
-
-bool wantsCloseView(const VR360TouchParams& p) {
-    return p.mZoom >= kWideEnough && p.mTilt > 0.0;
-}
-
-double maxTilt(const VR360TouchParams& p) {
-    return touchMaxTilt(p.mMount, p.mZoom);
-}
-
-View360VR viewOf(const VR360TouchParams& p) {
-    return {.mPan = p.mPan, .mRoll = p.mRoll, .mTilt = p.mTilt, .mPtzFifth = p.mPtzFifth, .mZoom = p.mZoom};
-}
-
-void setView(VR360TouchParams& p, const View360VR& view) {
-    p.mPan = view.mPan;
-    p.mRoll = view.mRoll;
-    p.mTilt = view.mTilt;
-    p.mPtzFifth = view.mPtzFifth;
-    p.mZoom = view.mZoom;
-}
-
-void clampView(VR360TouchParams& p) {
-    const View360VR view = viewOf(p), limited = touchLimitedView(view, p.mMount, p.mShape);
-    limitTo(p.mPan, view.mPan, limited.mPan);
-    limitTo(p.mTilt, view.mTilt, limited.mTilt);
-    limitTo(p.mZoom, view.mZoom, limited.mZoom);
 }
 
 void advanceMotion(TouchController& controller) {
