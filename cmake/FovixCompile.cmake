@@ -1,16 +1,16 @@
-# Compiler settings of every target of the project: fovix_compile(target) applies them.
+# fovix_compile(target): applies the project's compiler settings.
 
 function(fovix_compile target)
     target_compile_features(${target} PRIVATE cxx_std_20 c_std_99)
     set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF C_EXTENSIONS OFF)
     target_compile_options(
         ${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
-        # GCC 12 sees overlaps in string concatenations that are none.
+        # GCC 12 reports false overlaps in string concatenations.
         $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict> $<$<BOOL:${CMAKE_COMPILE_WARNING_AS_ERROR}>:-Werror>)
     if(FOVIX_SANITIZE)
         target_compile_options(${target} PRIVATE -fsanitize=${FOVIX_SANITIZE} -fno-sanitize-recover=all
                                                  -fno-omit-frame-pointer
-                                                 -g1)  # the lines of a report, in a third less time
+                                                 -g1)  # enough for line numbers, in a third less time
         target_link_options(${target} PRIVATE -fsanitize=${FOVIX_SANITIZE})
     endif()
     get_target_property(type ${target} TYPE)

@@ -1,12 +1,12 @@
 # Install rules, in the components fovix_runtime (the library), fovix_development (header, packages for pkg-config and
-# CMake) and fovix_tools (programs). Installed files name each other by relative paths, so that the tree can be moved;
-# but not under /usr, where the loader and the linker find the library by themselves.
+# CMake) and fovix_tools (programs). Installed files refer to each other by relative paths, so the tree is relocatable;
+# except under /usr, where loader and linker find the library anyway.
 set(FOVIX_SYSTEM_PREFIX OFF)
 if(CMAKE_INSTALL_PREFIX STREQUAL "/usr")
     set(FOVIX_SYSTEM_PREFIX ON)
 endif()
 
-# fovix_install_library(target): the library and what a host needs to build against it.
+# fovix_install_library(target): installs the library and what hosts need to build against it.
 function(fovix_install_library target)
     if(NOT FOVIX_INSTALL)
         return()
@@ -18,7 +18,7 @@ function(fovix_install_library target)
         INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
     install(FILES ${PROJECT_SOURCE_DIR}/include/Fovix.h TYPE INCLUDE COMPONENT fovix_development)
 
-    # Hosts need no other package to link the library, so the list of exported targets is the whole configuration.
+    # Hosts need no other package to link the library, so the exported targets are the whole configuration.
     include(CMakePackageConfigHelpers)
     set(package ${CMAKE_INSTALL_LIBDIR}/cmake/fovix)
     install(EXPORT fovix NAMESPACE fovix:: FILE fovixConfig.cmake DESTINATION ${package} COMPONENT fovix_development)
@@ -39,7 +39,7 @@ function(fovix_install_library target)
     install(FILES ${PROJECT_BINARY_DIR}/fovix.pc DESTINATION ${pkgconfig} COMPONENT fovix_development)
 endfunction()
 
-# fovix_install_program(target): a program, and its manual page where there is one.
+# fovix_install_program(target): installs a program and its manual page, if there is one.
 function(fovix_install_program target)
     if(NOT FOVIX_INSTALL)
         return()

@@ -1,15 +1,15 @@
-# Debian packages, one for each component of FovixInstall.cmake: libfovix1, libfovix-dev, fovix-tools.
+# Debian packages, one per component of FovixInstall.cmake: libfovix1, libfovix-dev, fovix-tools.
 
 set(packaging ${PROJECT_SOURCE_DIR}/packaging)
 file(STRINGS ${packaging}/changelog newest LIMIT_COUNT 1)
 if(NOT newest MATCHES "^fovix \\(${PROJECT_VERSION}-([0-9]+)\\)")
-    message(FATAL_ERROR "packaging/changelog: the newest entry should be of ${PROJECT_VERSION}, but is: ${newest}")
+    message(FATAL_ERROR "packaging/changelog: expected ${PROJECT_VERSION} as the newest entry, got: ${newest}")
 endif()
 set(CPACK_DEBIAN_PACKAGE_RELEASE ${CMAKE_MATCH_1})
 
 set(CPACK_PACKAGE_NAME fovix)
 set(CPACK_PACKAGE_CONTACT "The Fovix developers <developers@fovix.invalid>")
-# Every component describes itself, from its synopsis on.
+# Every component has its own description, synopsis included.
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
@@ -30,14 +30,14 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}/Multi)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
 
-set(about "Fovix turns the picture of a fisheye camera into corrected views that a
-person can steer: panoramas, up to six pan-tilt-zoom screens, picture in
-picture, two lenses in one picture, grids of pictures.")
+set(about "Fovix turns the images of fisheye cameras into dewarped views that a user
+can steer: panoramas, up to six pan-tilt-zoom screens, picture in picture,
+two lenses in one image, grids of images.")
 
 set(CPACK_COMPONENTS_ALL fovix_runtime fovix_development)
 set(CPACK_DEBIAN_FOVIX_RUNTIME_PACKAGE_NAME libfovix${PROJECT_VERSION_MAJOR})
 set(CPACK_DEBIAN_FOVIX_RUNTIME_PACKAGE_SECTION libs)
-set(CPACK_COMPONENT_FOVIX_RUNTIME_DESCRIPTION "navigable views of fisheye pictures with OpenGL - library
+set(CPACK_COMPONENT_FOVIX_RUNTIME_DESCRIPTION "steerable views of fisheye images with OpenGL - library
 ${about}
 .
 This package contains the shared library.")
@@ -45,22 +45,22 @@ This package contains the shared library.")
 set(CPACK_DEBIAN_FOVIX_DEVELOPMENT_PACKAGE_NAME libfovix-dev)
 set(CPACK_DEBIAN_FOVIX_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_COMPONENT_FOVIX_DEVELOPMENT_DEPENDS fovix_runtime)
-set(CPACK_COMPONENT_FOVIX_DEVELOPMENT_DESCRIPTION "navigable views of fisheye pictures with OpenGL - development files
+set(CPACK_COMPONENT_FOVIX_DEVELOPMENT_DESCRIPTION "steerable views of fisheye images with OpenGL - development files
 ${about}
 .
-This package contains the header, and the files with which pkg-config and
-CMake find the library.")
+This package contains the header and the files that pkg-config and CMake
+need to find the library.")
 
 if(FOVIX_BUILD_PROGRAMS)
     list(APPEND CPACK_COMPONENTS_ALL fovix_tools)
     set(CPACK_DEBIAN_FOVIX_TOOLS_PACKAGE_NAME fovix-tools)
     set(CPACK_DEBIAN_FOVIX_TOOLS_PACKAGE_SECTION graphics)
     set(CPACK_COMPONENT_FOVIX_TOOLS_DEPENDS fovix_runtime)
-    set(CPACK_COMPONENT_FOVIX_TOOLS_DESCRIPTION "navigable views of fisheye pictures with OpenGL - programs
+    set(CPACK_COMPONENT_FOVIX_TOOLS_DESCRIPTION "steerable views of fisheye images with OpenGL - programs
 ${about}
 .
-This package contains the programs: fovix-render draws views of pictures
-and videos into files, fovix-view shows them in a window to look round in.")
+This package contains the programs: fovix-render renders views of images
+and videos into files, fovix-view is an interactive viewer.")
 endif()
 
 include(CPack)

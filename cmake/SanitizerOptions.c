@@ -1,8 +1,8 @@
-/* Linked into every program that is built with the address sanitizer: its defaults.
+/* Defaults of the address sanitizer, linked into every program that is built with it.
 
-   The leak check of GCC 12 looks for thread-local variables of libraries that were loaded late. Where such a
-   block comes to lie 16 bytes into a page, it reads the allocator's own header as one of an old C library and
-   crashes at an address that means nothing. Switched off, it still sees the blocks: as memory of the loader.
+   The leak check of GCC 12 looks for thread-local variables of libraries that were loaded late. If such a block
+   starts 16 bytes into a page, the check mistakes the allocator's header for that of an old C library and crashes.
+   With the option off, it still sees the blocks, as memory of the loader.
  */
 const char* __asan_default_options(void);
 

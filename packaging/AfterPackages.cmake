@@ -1,6 +1,6 @@
-# CPack runs this on the finished packages. Its own maintainer scripts call ldconfig; dpkg does that once for all
-# packages when the one with a library pulls the trigger, so the trigger takes their place. Library and development
-# files keep to folders of their architecture: those of several may be installed beside each other.
+# CPack runs this on the finished packages. It replaces CPack's maintainer scripts, which call ldconfig, by the trigger
+# with which dpkg calls it once for all packages. The files of the libfovix packages are in folders of their
+# architecture, so several architectures can be installed together.
 
 find_program(dpkg_deb dpkg-deb REQUIRED)
 foreach(package IN LISTS CPACK_PACKAGE_FILES)

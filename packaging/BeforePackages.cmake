@@ -1,4 +1,4 @@
-# CPack runs this once the files of every package are laid out: adds what Debian wants of a package and nobody else.
+# CPack runs this before it packs the files: adds what only Debian requires.
 
 find_program(gzip gzip REQUIRED)
 foreach(component IN LISTS CPACK_COMPONENTS_ALL)
