@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "Fovix.h"
 #include "base/Diagnostics.h"
 #include "base/Numbers.h"
 
@@ -9,19 +10,20 @@ namespace fovix {
 
 namespace {
 
-/// Every lens is taken as 170 degrees wide.
+/// All lenses are assumed to span 170 degrees.
 constexpr double kLensFov = 170.0;
 
-/// The panorama stays inside the picture; every other type uses the whole of the longer side.
+/// The panorama uses the circle within the frame, every other type the one that spans its longer side.
 double chooseRadius(const FishEyeConfig& config, double radiusX, double radiusY) {
-    return config.displayType == 0 ? std::min(radiusX, radiusY) : std::max(radiusX, radiusY);
+    return config.displayType == FOVIX_TYPE_360VR ? std::min(radiusX, radiusY) : std::max(radiusX, radiusY);
 }
 
 void initCircle(FishEyeConfig& config, double xCenter, double yCenter, double radius) {
     FishEyeConfig_init(config, truncateToInt(xCenter), truncateToInt(yCenter), kLensFov, kLensFov, radius);
 }
 
-/// Scales the host's circle from the camera's image to the texture, each axis by its own factor.
+/// Scales the host's circle from the camera's image to the texture, each axis by its own factor, and prints
+/// it.
 void refreshFromFec(FishEyeConfig& config, double width, double height) {
     const double imgWidth = config.Fec_imgWidth, imgHeight = config.Fec_imgHeight;
     const double radiusX = config.Fec_radius * width / imgWidth;

@@ -1,10 +1,10 @@
-// The lens circle of a fisheye camera in the picture that is drawn.
+// The lens circle of a fisheye camera within the frame that is drawn.
 //
-// It follows from two inputs that arrive in any order: the size of the picture in frame slot 0, and what the
-// host reports about the lens (the FEC params: centre, radius and the image size they refer to).
-// RefreshConfig works the circle out again and counts configVersion up; the frame compares that with the
-// version it drew last. Writers hold the SharedLock, except for the texture size that Fovix_CleanUp clears;
-// mesh builders take a copy first.
+// It follows from two inputs that arrive in any order: the size of the frame in slot 0, and the lens
+// parameters that the host reports (the FEC params: centre, radius and the image size they refer to).
+// RefreshConfig recomputes the circle and increments configVersion, which a rendered frame compares with the
+// version it drew last. Writers hold the SharedLock, except for Fovix_CleanUp clearing the texture size; mesh
+// builders work on a copy.
 #pragma once
 
 #include "base/Cell.h"
@@ -20,24 +20,25 @@ struct FishEyeConfig {
     Cell<double> effectiveFov;     ///< degrees
     Cell<double> maxRadius;        ///< the radius as the mesh builders use it, texture pixels
     Cell<double> degreesPerPixel;  ///< effectiveFov / radius
-    Cell<int> TextureWidth;        ///< size of the picture in frame slot 0; 0: none
+    Cell<int> TextureWidth;        ///< size of the frame in slot 0; 0: none
     Cell<int> TextureHeight;
     Cell<int> Fec_xCenter;  ///< lens circle in the camera's image, as the host reports it
     Cell<int> Fec_yCenter;
     Cell<int> Fec_radius;
     Cell<int> Fec_imgWidth;  ///< size of the image that the three values above refer to
     Cell<int> Fec_imgHeight;
-    Cell<int> configVersion;  ///< counted up by every FishEyeConfig_init
+    Cell<int> configVersion;  ///< incremented by every FishEyeConfig_init
     Cell<int> displayType;    ///< 0 takes the smaller candidate radius, every other type the larger
 };
 
-/// Recomputes the circle from the current inputs; without a usable texture size only three lines are printed.
+/// Recomputes the circle from the current inputs. Without a texture size it only logs.
 void RefreshConfig(FishEyeConfig& config);
 
-/// Stores a circle (texture pixels, degrees) and counts the version up.
+/// Stores a circle (texture pixels, degrees) and increments the version.
 void FishEyeConfig_init(FishEyeConfig& config, int xCenter, int yCenter, double maxFov, double fov,
                         double radius);
 
+/// Sizes of the circle and of the texture, texture pixels.
 inline double FishEyeConfig_GetWidth(const FishEyeConfig& config) {
     return 2.0 * config.maxRadius;
 }
@@ -55,7 +56,7 @@ inline bool isTextureUsable(const FishEyeConfig& config) {
     return config.TextureWidth > 0 && config.TextureHeight > 0;
 }
 
-/// The FEC params count only when all five are above 0.
+/// True when all five FEC params are above 0; otherwise they are ignored.
 inline bool isFecValid(const FishEyeConfig& config) {
     return config.Fec_xCenter > 0 && config.Fec_yCenter > 0 && config.Fec_radius > 0 &&
            config.Fec_imgWidth > 0 && config.Fec_imgHeight > 0;

@@ -1,8 +1,7 @@
-// The size of the picture as the flat and the 180-degree meshes show it.
+// The frame's size as the flat and the 180-degree meshes show it.
 //
-// What arrives as a texture may have been squeezed on the way (a square camera image in a 16:9 stream). The
-// image size that the host reports with the lens circle tells the true proportions; the texture's own count
-// without it.
+// A frame may have been squeezed on the way (a square camera image in a 16:9 stream). The image size that the
+// host reports with the lens circle has the true proportions; otherwise the texture size is used.
 #pragma once
 
 #include "lens/FishEyeConfig.h"

@@ -1,7 +1,6 @@
-// How a mesh grows: point by point along a line, cell by cell between two neighbouring lines.
+// Builds a grid mesh from a point function, line by line.
 //
-// A builder says how many lines it has, how many cells lie along each, and what point stands where; every
-// point is asked for once, so neighbouring cells share it to the last bit and no gap can open between them.
+// Each grid point is evaluated once, so adjacent cells match to the last bit and no gap opens between them.
 #pragma once
 
 #include <algorithm>
@@ -14,22 +13,31 @@ namespace fovix {
 
 using MeshPoint = std::array<double, 5>;  ///< x, y, z, u, v
 
-/// One corner of a cell: on the older or the newer of its two lines, at its first or second point there.
+/// One corner of a cell: on the older or the newer of its two lines, at its first or second place there.
 struct CellCorner {
-    bool onNewLine, atSecondPoint;
+    bool onNewLine, atSecondPlace;
 };
 
 using CellCorners = std::array<CellCorner, 4>;  ///< A, B, C, D
 
-/// Lines stand side by side, cells follow each other along them.
+// Where the corners of a cell are. Its triangles are A, B, D and B, C, D.
+//
+//      kLinesAside             kLinesBelow          kLinesAsideFromNew
+//
+//      old     new          first    second           old     new
+//       A-------D        old  A-------D                B-------A  first
+//       |     / |             |     / |                | \     |
+//       |   /   |             |   /   |                |   \   |
+//       | /     |             | /     |                |     \ |
+//       B-------C        new  B-------C                C-------D  second
+//
 inline constexpr CellCorners kLinesAside = {{{false, false}, {false, true}, {true, true}, {true, false}}};
-/// Lines lie below one another.
 inline constexpr CellCorners kLinesBelow = {{{false, false}, {true, false}, {true, true}, {false, true}}};
-/// Lines stand side by side, and A is on the new one.
 inline constexpr CellCorners kLinesAsideFromNew = {
     {{true, false}, {false, false}, {false, true}, {true, true}}};
 
-/// pointAt(line, place) gives the point for line 0..rows and place 0..cellsPerRow.
+/// A mesh of rows × cellsPerRow cells. pointAt(line, place) returns the point for line 0..rows and place
+/// 0..cellsPerRow.
 template <class PointAt>
 GridMesh layGrid(int rows, int cellsPerRow, const CellCorners& corners, PointAt&& pointAt) {
     constexpr std::array kTriangleCorners = {0, 1, 3, 1, 2, 3};  // A, B, D and B, C, D
@@ -51,8 +59,8 @@ GridMesh layGrid(int rows, int cellsPerRow, const CellCorners& corners, PointAt&
             std::array<double, 2 * kDoublesPerTriangle> cell;
             auto vertex = cell.begin();
             for (const int name : kTriangleCorners) {
-                const auto [onNewLine, atSecondPoint] = corners[static_cast<std::size_t>(name)];
-                const MeshPoint& point = (onNewLine ? newLine : oldLine)[place + atSecondPoint];
+                const auto [onNewLine, atSecondPlace] = corners[static_cast<std::size_t>(name)];
+                const MeshPoint& point = (onNewLine ? newLine : oldLine)[place + atSecondPlace];
                 vertex = std::copy(point.begin(), point.end(), vertex);
             }
             mesh.triangles.insert(mesh.triangles.end(), cell.begin(), cell.end());

@@ -1,10 +1,9 @@
-// Meshes that lay the lens circle's picture out as textured triangles in model space, in double precision.
+// Meshes that lay the camera's frame out as textured triangles in model space, in double precision.
 //
-// A builder takes a copy of the lens configuration with a usable texture size (width and height above 0) and
-// returns the whole mesh. Texture coordinates run from 0 to 1 across the whole texture, v = 0 at the
-// picture's first row. Every grid cell with corners A (column i, row j), B (i, j+1), C (i+1, j+1), D (i+1, j)
-// gives the triangles A, B, D and B, C, D; cells follow each other column by column and, within a column, row
-// by row.
+// A builder takes a copy of the lens circle with a usable texture size (width and height above 0) and returns
+// the whole mesh. Texture coordinates run from 0 to 1 across the texture, v = 0 at the frame's first row.
+// Every grid cell with corners A (column i, row j), B (i, j+1), C (i+1, j+1), D (i+1, j) yields the triangles
+// A, B, D and B, C, D, column by column and row by row within a column.
 #pragma once
 
 #include <optional>
@@ -22,24 +21,22 @@ struct GridMesh {
 
 inline constexpr int kDoublesPerTriangle = 15;
 
-/// Two triangles: the whole picture, two units wide, fitted to a surface of the given size (pixels; 0:
-/// unknown).
+/// 2 triangles: the whole frame, two units wide, fitted to a surface of the given size (pixels; 0: unknown).
 GridMesh GridMesh_Create_Original(const FishEyeConfig& lens, int backingWidth, int backingHeight);
 
-/// Two triangles: the upper (v 0 to 0.5) or the lower half (v 0.5 to 1) of the texture, fitted in the same
-/// way.
+/// 2 triangles: the upper (v 0 to 0.5) or the lower half (v 0.5 to 1) of the texture, fitted in the same way.
 GridMesh GridMesh_Create_HalfTop(const FishEyeConfig& lens, int backingWidth, int backingHeight);
 GridMesh GridMesh_Create_HalfBottom(const FishEyeConfig& lens, int backingWidth, int backingHeight);
 
-/// 5000 triangles: the straightened picture of the Korvel lens.
+/// 5000 triangles: the straightened frame of the Korvel lens, filling the surface.
 GridMesh GridMesh_Create_Korvel(const FishEyeConfig& lens, int backingWidth, int backingHeight);
 
-/// Hemisphere, cylinder or strip of the 360-degree panorama for a camera mount (0..3) and a shape (0..10); a
-/// pair that shows nothing gives triangles whose positions are all 0.
+/// Up to 3600 triangles: hemisphere, cylinder or strip of the 360-degree panorama for a camera mount (0..3)
+/// and a shape (0..10). Unsupported pairs yield degenerate triangles, all vertices at the origin.
 GridMesh GridMesh_Create_360VR(const FishEyeConfig& lens, int mount, int shape);
 
 /// 12000 triangles: disc (0), stretched panorama (1), full cylinder (2) or curved screen (3) of the
-/// 180-degree view; nothing for any other mode.
+/// 180-degree view; nullopt for any other mode. The surface's size is only printed.
 std::optional<GridMesh> GridMesh_Create_180VR(int drawMode, const FishEyeConfig& lens, int backingWidth,
                                               int backingHeight);
 

@@ -1,12 +1,13 @@
 // The 180-degree view: the lens circle cut into 50 chords of 120 cells each, shown as the disc that it is,
-// stretched to a panorama, wrapped round a cylinder or bent to a curved screen.
+// stretched to a panorama, wrapped around a cylinder or bent to a curved screen.
 //
-// A chord is shown at its full width wherever its surface is wide, which pulls the circle's edge straight.
-// Positions along a chord are counted by q, from −1 at its first point over 0 in its middle to 1 at its last.
+// All forms but the disc show each chord at full width, which straightens the circle's edge. Positions along
+// a chord are counted by q, from −1 at its first point over 0 in its middle to 1 at its last.
 #include <algorithm>
 #include <array>
 #include <cmath>
 
+#include "Fovix.h"
 #include "base/Angles.h"
 #include "base/Diagnostics.h"
 #include "lens/PictureFit.h"
@@ -18,9 +19,30 @@ namespace {
 
 constexpr int kChords = 50;  ///< rows of cells; one chord more bounds them
 constexpr int kCellsPerChord = 120;
-constexpr double kBendRadius = 1.06;  ///< of the bent surfaces, in lens radii
 
-/// The lens circle in the picture, read once per mesh; offsetU and offsetV are shares of the picture's size.
+/// Radius of the arc that bends a chord, in lens radii. A little above 1, so that the ends of a chord are not
+/// stretched without limit.
+constexpr double kBendRadius = 1.06;
+
+// The stretched panorama, which fills a screen: behind the disc, so that its ends stay in sight; flattened
+// when wide, broadened when tall.
+constexpr double kStretchDepth = -0.26;
+constexpr double kWideFlattening = 0.95;
+constexpr double kTallBroadening = 1.2;
+
+/// Share of half the wide panorama's height that lies below the lens's centre. The first chord is one step
+/// below the top, so 1.0 would place the panorama a step too low.
+constexpr double kWideBelowCentre = 0.97;
+
+// The cylinder's radius in lens radii, which brings its front to 0.4 units from the eye for a circle as wide
+// as the frame, and its height as a share of the unrolled circle's.
+constexpr double kCylinderRadius = 0.6;
+constexpr double kCylinderHeight = 0.35;
+
+/// Radius of the curved screen in radii of the arcs that bend its chords: shallower than the arcs themselves.
+constexpr double kScreenRadius = 1.15;
+
+/// The lens circle in the frame, read once per mesh; offsetU and offsetV are shares of the frame's size.
 struct LensPicture {
     explicit LensPicture(const FishEyeConfig& lens) : LensPicture(lens, fitPicture(lens)) {}
     LensPicture(const FishEyeConfig& lens, const PictureFit& fit)
@@ -38,13 +60,13 @@ struct LensPicture {
     double dispCenterX = xCenter / uRate, dispCenterY = yCenter / vRate;
 };
 
-/// Share of the radius that lies between the lens's centre and an edge of the picture: at most the whole
-/// radius, and on the far side of the centre when the centre lies beyond the edge.
+/// Distance from the lens's centre to an edge of the frame in radii: at most 1, and negative for a centre
+/// beyond the edge.
 double radiusShare(double distance, double radius) {
     return std::clamp(distance / radius, -1.0, 1.0);
 }
 
-/// The texture coordinates of a chord: one stays the same, the other runs by ±half from the lens's centre.
+/// The texture coordinates of a chord: `across` is constant, the other runs ±half from the lens's centre.
 struct Chord {
     double cosine, sine;
     double half, across;
@@ -53,17 +75,17 @@ struct Chord {
 using Chords = std::array<Chord, kChords + 1>;
 using ChordPlaces = std::array<double, kChords + 1>;
 
-constexpr double kPlacesToMiddle = kCellsPerChord / 2;
+constexpr double kCellsToMiddle = kCellsPerChord / 2;
 double placeOnChord(int k) {
-    return k / kPlacesToMiddle - 1.0;
+    return k / kCellsToMiddle - 1.0;
 }
 
-/// The angle at which the circle leaves the picture at the top; the log calls it dispAngle.
+/// The angle at which the circle leaves the frame at the top; printed as dispAngle.
 double firstChordAngle(const LensPicture& p) {
     return kPi - std::asin(radiusShare(p.dispCenterY, p.mRadius));
 }
 
-/// Level chords from the top of the circle to its bottom, as far as they lie in the picture.
+/// Level chords from the top of the circle to its bottom, within the frame.
 Chords cutLevel(const LensPicture& p) {
     const double top = firstChordAngle(p);
     const double bottom = kPi + std::asin(radiusShare(p.effH - p.dispCenterY, p.mRadius));
@@ -77,7 +99,7 @@ Chords cutLevel(const LensPicture& p) {
     return chords;
 }
 
-/// Upright chords from the right of the circle to its left, as far as they lie in the picture.
+/// Upright chords from the right of the circle to its left, within the frame.
 Chords cutUpright(const LensPicture& p) {
     const double first = std::acos(radiusShare(p.imgW - p.dispCenterX, p.mRadius));
     const double last = kPi - std::acos(radiusShare(p.dispCenterX, p.mRadius));
@@ -91,7 +113,7 @@ Chords cutUpright(const LensPicture& p) {
     return chords;
 }
 
-/// The right-hand end of a level chord comes first.
+/// A level chord runs from its right-hand end to its left-hand one.
 double levelU(const LensPicture& p, const Chord& chord, double q) {
     return 0.5 + p.offsetU - q * chord.half;
 }
@@ -100,7 +122,7 @@ double levelU(const LensPicture& p, const Chord& chord, double q) {
 ChordPlaces chordHeights(double height, double base) {
     ChordPlaces places;
     for (int r = 0; r <= kChords; ++r)
-        places[static_cast<std::size_t>(r)] = (49 - r) * height / kChords + base;
+        places[static_cast<std::size_t>(r)] = (kChords - 1 - r) * height / kChords + base;
     return places;
 }
 
@@ -144,7 +166,7 @@ GridMesh createDisc(const LensPicture& p) {
     });
 }
 
-/// The height of a bent surface whose width is that of the lens circle, unrolled.
+/// The height of a bent surface that is as wide as the lens circle of radius m, unrolled.
 double bentHeight(const LensPicture& p, double m) {
     const double rho = kBendRadius * m;
     return 2.0 * std::asin(m / rho) * rho * (2.0 * p.imgH / p.imgW) / (2.0 * m);
@@ -155,13 +177,12 @@ void printLensPosition(const LensPicture& p) {
               p.mRadius);
 }
 
-constexpr double kStretchDepth = -0.26;
-
 GridMesh createWideStretch(const LensPicture& p, int backingWidth, int backingHeight) {
     const double m = 2.0 * p.mRadius / p.imgW, rho = kBendRadius * m;
     const double width = 2.0 * m, height = bentHeight(p, m);
     const double targetW = 2.0;
-    const double targetH = (2.0 * width / (height / p.vRate)) * p.effH / p.imgW * (2.0 / width * 0.95);
+    const double targetH =
+        (2.0 * width / (height / p.vRate)) * p.effH / p.imgW * (2.0 / width * kWideFlattening);
     printLine("180vr stretch : %f x %f\n", p.imgW, p.imgH);
     printLine(
         "----------> backingWidth = %d, backingHeight = %d, width = %f, height = %f, targetW = %f, targetH = "
@@ -169,7 +190,7 @@ GridMesh createWideStretch(const LensPicture& p, int backingWidth, int backingHe
         backingWidth, backingHeight, width, height, targetW, targetH);
     printLensPosition(p);
 
-    const double yStart = (1.0 - p.offsetV) * targetH * 0.5 * -0.97;
+    const double yStart = (1.0 - p.offsetV) * targetH * 0.5 * -kWideBelowCentre;
     return layOnOutline(p, chordHeights(targetH, yStart), [&](double q) -> OutlinePoint {
         return {rho * std::asin(q * m / rho) * 2.0 / width - p.offsetU * 2.0 / width, kStretchDepth};
     });
@@ -177,7 +198,7 @@ GridMesh createWideStretch(const LensPicture& p, int backingWidth, int backingHe
 
 GridMesh createTallStretch(const LensPicture& p) {
     const double m = 2.0 * p.mRadius / p.imgH;
-    const double targetW = 1.2 * 2.0 * p.imgW / p.effH, targetH = 2.0;
+    const double targetW = kTallBroadening * 2.0 * p.imgW / p.effH, targetH = 2.0;
     const double width = 2.0 * kBendRadius * std::acos(1.0 / kBendRadius) * p.imgW / p.imgH;
     const double xBase = targetW * 0.5, yBase = (2.0 - 2.0 * m) * 0.5;
     printLine("180vr stretch : %f x %f\n", p.imgW, p.imgH);
@@ -193,15 +214,16 @@ GridMesh createTallStretch(const LensPicture& p) {
     return layGrid(kChords, kCellsPerChord, kLinesAsideFromNew, [&](int s, int k) -> MeshPoint {
         const Chord& chord = chords[static_cast<std::size_t>(s)];
         const double v = 0.5 + p.offsetV + placeOnChord(k) * chord.half;
-        return {xBase - (kChords - s) * targetW / kChords, (m - k / kPlacesToMiddle) / m + yBase,
+        return {xBase - (kChords - s) * targetW / kChords, (m - k / kCellsToMiddle) / m + yBase,
                 kStretchDepth, chord.across, v};
     });
 }
 
 GridMesh createCylinder(const LensPicture& p) {
-    const double m = 2.0 * p.mRadius / p.imgW, radius = 0.6 * m;
-    const double height = std::asin(1.0) * 2.0 * m * (2.0 * p.imgH / p.imgW) / (2.0 * m) * 0.35 / p.vRate;
-    // Sine and cosine of the angle 2·asin q + pi, without the angle: both ends meet to the last bit.
+    const double m = 2.0 * p.mRadius / p.imgW, radius = kCylinderRadius * m;
+    const double height =
+        std::asin(1.0) * 2.0 * m * (2.0 * p.imgH / p.imgW) / (2.0 * m) * kCylinderHeight / p.vRate;
+    // Sine and cosine of 2·asin q + π without the angle itself, so that both ends meet to the last bit.
     auto mesh = layOnOutline(p, chordHeights(height, -height / 2.0), [&](double q) -> OutlinePoint {
         return {-2.0 * q * std::sqrt((1.0 - q) * (1.0 + q)) * radius, (1.0 - 2.0 * q * q) * radius};
     });
@@ -210,7 +232,7 @@ GridMesh createCylinder(const LensPicture& p) {
 }
 
 GridMesh createCurvedScreen(const LensPicture& p) {
-    const double m = 2.0 * p.mRadius / p.imgW, rho = kBendRadius * m, screenRadius = 1.15 * rho;
+    const double m = 2.0 * p.mRadius / p.imgW, rho = kBendRadius * m, screenRadius = kScreenRadius * rho;
     const double height = bentHeight(p, m) / p.vRate;
     auto mesh = layOnOutline(p, chordHeights(height, -height / 2.0), [&](double q) -> OutlinePoint {
         const double angle = std::asin(q * m / rho) * rho / screenRadius;
@@ -227,13 +249,13 @@ std::optional<GridMesh> GridMesh_Create_180VR(int drawMode, const FishEyeConfig&
     printLine("GridMesh_Create_180VR : drawMode = %d\n", drawMode);
     const LensPicture p(lens);
     switch (drawMode) {
-        case 0:
+        case FOVIX_180_DISC:
             return createDisc(p);
-        case 1:
+        case FOVIX_180_STRETCH:
             return p.imgW > p.imgH ? createWideStretch(p, backingWidth, backingHeight) : createTallStretch(p);
-        case 2:
+        case FOVIX_180_CYLINDER:
             return createCylinder(p);
-        case 3:
+        case FOVIX_180_CURVED:
             return createCurvedScreen(p);
         default:
             printLine("GridMesh_Create_180VR Error : drawMode = %d\n", drawMode);

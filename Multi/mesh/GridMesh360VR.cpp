@@ -1,10 +1,11 @@
-// The 360-degree panorama: the lens circle in 60 sectors and up to 30 rings, laid on a hemisphere, a cylinder
-// or an unrolled strip. The lens is equidistant: psi, the angle off its axis, grows in proportion to the
+// The 360-degree panorama: the lens circle in 60 sectors and up to 30 rings, on a hemisphere, a cylinder or
+// an unrolled strip. The lens is equidistant: psi, the angle off its axis, grows in proportion to the
 // distance from the centre of the circle, up to half of the field of view at the rim.
 #include <algorithm>
 #include <array>
 #include <cmath>
 
+#include "Fovix.h"
 #include "base/Angles.h"
 #include "base/Diagnostics.h"
 #include "mesh/GridCells.h"
@@ -16,15 +17,32 @@ namespace {
 constexpr int kSectors = 60;  ///< of 6 degrees
 constexpr int kRings = 30;    ///< of 3 degrees, the first at the lens's centre
 
+/// The widest view is one unit from the hemisphere's centre: at 1.10 the rim of a 170-degree lens would touch
+/// the edges of the screen.
 constexpr double kSphereRadius = 1.09;
+constexpr double kSphereRadiusSquare = 1.1881;  // the product of two doubles would differ in its last bit
 
-enum class Surface { Nothing, Sphere, Cylinder, Strip, Wall };
+/// The view from outside looks at a larger cylinder, so that both walls are 0.89 units from the eye.
+constexpr double kOutsideRadius = 1.2 * kSphereRadius;
+constexpr double kInsideRadius = kSphereRadius;
 
-/// What a mount shows in a shape. A band (cylinder, strip) leaves out the rings nearest the centre and is
-/// moved to lie about y = 0: 0.7417649525 is half of 85 degrees, the strips' shifts are 0.4 and 0.7625 pi.
+/// The wall keeps half of the hemisphere's depth.
+constexpr double kWallDepth = 0.5 * kSphereRadius;
+
+// A band's height is counted by psi. These shifts bring its middle to about y = 0: half of 85 degrees, psi at
+// the rim, for the cylinders; what the left-out rings make of it for the strips.
+constexpr double kCylinderShift = -0.7417649525;
+constexpr double kStripShift = -0.4 * kPi;
+constexpr double kTwoStripsShift = -0.7625 * kPi;
+
+enum class Form { Nothing, Sphere, Cylinder, Strip, Wall };
+
+/// What a mount shows in a shape. A band (cylinder, strip) may leave out the rings nearest the centre, which
+/// it stretches most. A strip's size fills its screen's height: 0.82 units to both sides for a single
+/// strip, 1.01 for each of two.
 struct Projection {
     int mount, shape;
-    Surface surface;
+    Form form;
     double size = 0.0;  ///< a cylinder's radius, a strip's height per radian
     int firstRing = 0;
     double shift = 0.0;
@@ -32,29 +50,31 @@ struct Projection {
 };
 
 constexpr Projection kProjections[] = {
-    {0, 0, Surface::Sphere},
-    {0, 1, Surface::Sphere},
-    {0, 2, Surface::Sphere},
-    {0, 3, Surface::Cylinder, 1.308, 1, -0.7417649525, false},
-    {0, 4, Surface::Cylinder, 1.09, 0, -0.7417649525, false},
-    {0, 5, Surface::Strip, 1.4, 4, -1.2566370614359172, false},
-    {0, 6, Surface::Strip, 2.3, 8, -2.395464398362217, false},
-    {0, 7, Surface::Sphere},
-    {0, 8, Surface::Sphere},
-    {0, 9, Surface::Sphere},
-    {1, 0, Surface::Sphere},
-    {1, 2, Surface::Sphere},
-    {1, 5, Surface::Wall},
-    {1, 6, Surface::Strip, 2.3, 8, -2.395464398362217, false},
-    {1, 8, Surface::Sphere},
-    {2, 0, Surface::Sphere},  // and every mount above
+    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_SINGLE, Form::Sphere},
+    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_DOME, Form::Sphere},
+    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_BOWL, Form::Sphere},
+    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_CYLINDER, Form::Cylinder, kOutsideRadius, 1, kCylinderShift, false},
+    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_CYLINDER_INSIDE, Form::Cylinder, kInsideRadius, 0, kCylinderShift,
+     false},
+    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_STRIP, Form::Strip, 1.4, 4, kStripShift, false},
+    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_TWO_STRIPS, Form::Strip, 2.3, 8, kTwoStripsShift, false},
+    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_FOUR_SCREENS, Form::Sphere},
+    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_OVERVIEW_FIVE, Form::Sphere},
+    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_TWO_AND_STRIP, Form::Sphere},
+    {FOVIX_MOUNT_WALL, FOVIX_SHAPE_SINGLE, Form::Sphere},
+    {FOVIX_MOUNT_WALL, FOVIX_SHAPE_BOWL, Form::Sphere},
+    {FOVIX_MOUNT_WALL, FOVIX_SHAPE_STRIP, Form::Wall},
+    {FOVIX_MOUNT_WALL, FOVIX_SHAPE_TWO_STRIPS, Form::Strip, 2.3, 8, kTwoStripsShift, false},
+    {FOVIX_MOUNT_WALL, FOVIX_SHAPE_OVERVIEW_FIVE, Form::Sphere},
+    {FOVIX_MOUNT_WALL_INVERTED, FOVIX_SHAPE_SINGLE, Form::Sphere},  // and every mount above
 };
 
 Projection projectionOf(int mount, int shape) {
     const auto found =
-        std::find_if(std::begin(kProjections), std::end(kProjections),
-                     [&](const Projection& p) { return p.mount == std::min(mount, 2) && p.shape == shape; });
-    return found != std::end(kProjections) ? *found : Projection{mount, shape, Surface::Nothing};
+        std::find_if(std::begin(kProjections), std::end(kProjections), [&](const Projection& p) {
+            return p.mount == std::min<int>(mount, FOVIX_MOUNT_WALL_INVERTED) && p.shape == shape;
+        });
+    return found != std::end(kProjections) ? *found : Projection{mount, shape, Form::Nothing};
 }
 
 struct Sector {
@@ -66,12 +86,13 @@ struct Ring {
     double psi, cosine, sine;
 };
 
-/// The last sector ends on the first one's cosine and sine, so that the seam closes to the last bit.
+/// The last sector ends on the cosine and sine of the first, so the seam closes to the last bit.
 std::array<Sector, kSectors + 1> makeSectors() {
+    constexpr double kHalfTurn = kSectors / 2;
     std::array<Sector, kSectors + 1> sectors;
     for (int i = 0; i <= kSectors; ++i) {
-        const double angle = i % kSectors * kPi / 30.0;
-        sectors[static_cast<std::size_t>(i)] = {i * kPi / 30.0, std::cos(angle), std::sin(angle)};
+        const double angle = i % kSectors * kPi / kHalfTurn;
+        sectors[static_cast<std::size_t>(i)] = {i * kPi / kHalfTurn, std::cos(angle), std::sin(angle)};
     }
     return sectors;
 }
@@ -79,7 +100,7 @@ std::array<Sector, kSectors + 1> makeSectors() {
 std::array<Ring, kRings + 1> makeRings(double maxRadius, double degreesPerPixel) {
     std::array<Ring, kRings + 1> rings;
     for (int j = 0; j <= kRings; ++j) {
-        const double r = std::sin(j * kPi / 60.0) * maxRadius;
+        const double r = std::sin(j * kPi / (2.0 * kRings)) * maxRadius;
         const double psi = r * degreesPerPixel * kLensRadiansPerDegree * 0.5;
         rings[static_cast<std::size_t>(j)] = {r, psi, std::cos(psi), std::sin(psi)};
     }
@@ -88,19 +109,20 @@ std::array<Ring, kRings + 1> makeRings(double maxRadius, double degreesPerPixel)
 
 std::array<double, 3> positionOf(const Projection& projection, const Sector& sector, const Ring& ring) {
     const double q = kSphereRadius * ring.sine;
-    switch (projection.surface) {
-        case Surface::Sphere:
+    switch (projection.form) {
+        case Form::Sphere:
             return {q * sector.cosine, q * sector.sine, kSphereRadius * ring.cosine};
-        case Surface::Cylinder:
+        case Form::Cylinder:
             return {projection.size * sector.cosine, ring.psi, projection.size * sector.sine};
-        case Surface::Strip:
+        case Form::Strip:
             return {sector.theta, projection.size * ring.psi, 0.0};
-        case Surface::Wall: {
+        case Form::Wall: {
+            // Each row of the hemisphere is stretched to its full width.
             const double y = q * sector.sine;
-            const double x = kSphereRadius * q * sector.cosine / std::sqrt(1.1881 - y * y);
-            return {x, y, 0.5 * kSphereRadius * ring.cosine};
+            const double x = kSphereRadius * q * sector.cosine / std::sqrt(kSphereRadiusSquare - y * y);
+            return {x, y, kWallDepth * ring.cosine};
         }
-        case Surface::Nothing:
+        case Form::Nothing:
             break;
     }
     return {};

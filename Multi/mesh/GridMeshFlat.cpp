@@ -1,4 +1,4 @@
-// The flat picture and its halves: one rectangle each, fitted to the surface.
+// The flat frame and its halves: one rectangle each, fitted to the surface.
 #include "base/Diagnostics.h"
 #include "lens/PictureFit.h"
 #include "mesh/GridMesh.h"
@@ -7,14 +7,14 @@ namespace fovix {
 
 namespace {
 
-/// The rows of the texture from v = top to v = bottom on a rectangle as large as the whole picture.
+/// The rows of the texture from v = top to v = bottom on a rectangle as large as the whole frame.
 GridMesh createRectangle(const FishEyeConfig& lens, int backingWidth, int backingHeight, double top,
                          double bottom) {
     const auto [imgW, imgH, effH] = fitPicture(lens);
     printLine("backing : %d x %d\n", backingWidth, backingHeight);
     printLine("original : %f x %f, length = %f\n", imgW, imgH, 2.0);
 
-    // A surface that is wider than the picture shows its whole height; any other its whole width.
+    // Relatively wider surfaces show the frame's whole height, others its whole width.
     const double surfaceW = backingWidth, surfaceH = backingHeight;
     double ratio = 1.0;
     if (backingWidth > 0 && backingHeight > 0 && surfaceH / surfaceW < effH / imgW) {

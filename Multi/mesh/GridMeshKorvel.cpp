@@ -1,5 +1,5 @@
-// The Korvel lens bends the straight lines of a scene into arcs of conics round the picture's centre;
-// sampling the picture along these arcs straightens them. The grid fills the whole surface.
+// The Korvel lens bends the straight lines of a scene into arcs of conics around the frame's centre; sampling
+// the frame along these arcs straightens them. The grid fills the whole surface.
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -14,18 +14,31 @@ namespace {
 
 constexpr int kCells = 50;  ///< in each direction
 
+/// Axes of the lens's conics in frame widths.
+struct ConicAxes {
+    double level, upright;
+};
+
+constexpr ConicAxes kAxes = {1.5, 1.35};
+
+/// Frames of 704 × 576 pixels, whose pixels are not square, have axes of their own.
+constexpr ConicAxes kAxesOf4Cif = {2.0, 1.31};
+
+/// Where points that no arc passes through are placed, frame sizes from the centre: outside the frame.
+constexpr double kOutside = 1.5;
+
 /// Half axes of the lens's conics, texture pixels.
 struct Conic {
     double a, b;
 };
 
 Conic conicOf(double imgW, double imgH) {
-    if (imgW == 704.0 && imgH == 576.0) return {imgW * 2.0 * 0.5, imgW * 1.31 * 0.5};
-    return {imgW * 1.5 * 0.5, imgW * 1.35 * 0.5};
+    const ConicAxes& axes = imgW == 704.0 && imgH == 576.0 ? kAxesOf4Cif : kAxes;
+    return {imgW * axes.level * 0.5, imgW * axes.upright * 0.5};
 }
 
-/// A column or a row of grid points: its place in the model, its offset from the picture's centre in pixels,
-/// and what all its points share of the arcs' equations.
+/// A column or a row of grid points: its place in model units, its offset from the frame's centre in pixels,
+/// and the terms of the arcs' equations that all its points share.
 struct GridLine {
     GridLine() = default;
     GridLine(double linePlace, double lineOffset, double ownAxis, double otherAxis)
@@ -41,19 +54,19 @@ struct GridLine {
 
 using GridLines = std::array<GridLine, kCells + 1>;
 
-/// √(numerator ÷ denominator) on the side of `offset`. A tall picture has points that no arc passes through:
-/// these lie at `outside`, where nothing is drawn.
+/// √(numerator ÷ denominator) with the sign of `offset`, or `outside` for the points of a tall frame that no
+/// arc passes through.
 double alongArc(double numerator, double denominator, double offset, double outside) {
     const double square = denominator != 0.0 ? numerator / denominator : -1.0;
     return std::copysign(square >= 0.0 ? std::sqrt(square) : outside, offset);
 }
 
-/// Where a grid point samples the picture: u and v.
+/// Texture coordinates of a grid point, u and v.
 std::array<double, 2> samplePoint(const GridLine& column, const GridLine& row, double imgW, double imgH) {
     double x = column.offset, y = row.offset;
     if (x != 0.0 && y != 0.0) {
-        x = alongArc(-row.beyondOther, column.inverse - row.ratio, x, 1.5 * imgW);
-        y = alongArc(column.beyondOther, column.ratio - row.inverse, y, 1.5 * imgH);
+        x = alongArc(-row.beyondOther, column.inverse - row.ratio, x, kOutside * imgW);
+        y = alongArc(column.beyondOther, column.ratio - row.inverse, y, kOutside * imgH);
     }
     return {std::max(x + imgW / 2.0, 0.0) / imgW, std::max(y + imgH / 2.0, 0.0) / imgH};
 }

@@ -7,6 +7,9 @@ namespace fovix {
 
 namespace {
 
+/// Steps of a curved mesh's texture coordinates, which medium-precision shaders represent exactly.
+constexpr double kTextureSteps = 1024.0;
+
 template <class TextureCoord>
 std::shared_ptr<VertexCache> convert(const GridMesh& mesh, const std::array<int, 3>& order,
                                      TextureCoord&& textureCoord) {
@@ -38,7 +41,7 @@ std::shared_ptr<VertexCache> VertexCache_FromFlatMesh(const GridMesh& mesh) {
 
 std::shared_ptr<VertexCache> VertexCache_FromCurvedMesh(const GridMesh& mesh) {
     return convert(mesh, {0, 1, 2}, [](double value) {
-        return static_cast<float>(std::trunc(value * 1024.0) * 0.0009765625);
+        return static_cast<float>(std::trunc(value * kTextureSteps) / kTextureSteps);
     });
 }
 

@@ -1,6 +1,6 @@
-// A mesh as the drawing code binds it: single-precision arrays in the order of drawing.
+// A mesh as it is drawn: single-precision arrays in drawing order.
 //
-// Model, context and GL's attribute pointers share a cache: it lives until the last of them has let go.
+// The model, the frame and GL's attribute pointers share a cache; it is freed with the last reference.
 #pragma once
 
 #include <memory>
@@ -14,17 +14,17 @@ struct VertexCache {
     std::vector<float> textureCoords;  ///< u, v per vertex, three vertices per triangle
     std::vector<float> positions;      ///< x, y, z per vertex
     int triangleCount = 0;
-    double extent = 0.0;  ///< the mesh's extent
+    double extent = 0.0;  ///< as in GridMesh
 
     int vertexCount() const { return 3 * triangleCount; }
 };
 
 using VertexCachePtr = std::shared_ptr<const VertexCache>;
 
-/// The flat pictures: each triangle's vertices in the order first, third, second (the winding turns round).
+/// For the flat kinds: reverses each triangle's winding (first, third, second vertex).
 std::shared_ptr<VertexCache> VertexCache_FromFlatMesh(const GridMesh& mesh);
 
-/// The 180- and 360-degree meshes: vertices in mesh order, texture coordinates truncated toward zero to
+/// For the 180- and 360-degree kinds: vertices in mesh order, texture coordinates truncated toward zero to
 /// 1/1024.
 std::shared_ptr<VertexCache> VertexCache_FromCurvedMesh(const GridMesh& mesh);
 

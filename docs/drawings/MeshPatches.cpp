@@ -43,7 +43,7 @@ PointGrid readGrid(const GridMesh& mesh, const PatchSize& size) {
         for (std::size_t k = 0; k < corners.size(); ++k) {
             const CellCorner& corner = size.corners[k];
             grid.at(cell / size.cellsPerLine + (corner.onNewLine ? 1 : 0),
-                    cell % size.cellsPerLine + (corner.atSecondPoint ? 1 : 0)) = corners[k];
+                    cell % size.cellsPerLine + (corner.atSecondPlace ? 1 : 0)) = corners[k];
         }
     }
     return grid;
