@@ -78,8 +78,8 @@
 /// - Touches: surface pixels from the top left, relative to the size passed to Fovix_Init().
 /// - Frames: rows from top to bottom. Screens, cells and lenses count from 0.
 /// - Angles: degrees. Speeds: per rendered frame.
-/// - Zoom: for type 0 a field of view in degrees, smaller is closer; for the other types a factor, 1.0 is
-///   normal and larger is closer.
+/// - Zoom: type 0: field of view in degrees, smaller is closer. Other types: factor, 1.0 is normal, larger
+///   is closer.
 ///
 /// @section diagnostics Diagnostics
 /// There are no error codes: the library prints plain lines on standard output.
@@ -193,13 +193,13 @@ FOVIX_API const char* Fovix_Version(void);
 
 /// Creates a handle with touch controllers. It starts with type 1. Prints `Fovix Version : %s\n`.
 /// @param[out] out  receives the handle, or null if memory runs out
-/// @errors With a null out, only the version is printed.
+/// @errors With a null out, prints the version and creates nothing.
 FOVIX_API void Fovix_Create(VRHANDLE* out);
 
 /// Creates a handle without touch controllers: gestures, sensors and cruise do nothing, the host sets the
 /// views. Prints `Fovix Version : %s\n`.
 /// @param[out] out  receives the handle, or null if memory runs out
-/// @errors With a null out, only the version is printed.
+/// @errors With a null out, prints the version and creates nothing.
 FOVIX_API void Fovix_CreateNoTouchEvent(VRHANDLE* out);
 
 /// Builds the shader programs and textures in the current GL context, forgets all frames and resets the
@@ -244,8 +244,8 @@ FOVIX_API void Fovix_Release(VRHANDLE handle);
 /// current type again changes nothing.
 /// @param handle  a live handle
 /// @param type  FovixDisplayType; any other number shows the plain image
-/// @errors An invalid handle also prints `Fovix_SetType() Error! handle is NULL!\n`. Type 3 is ignored if
-///   type 0 or 1 is shown and two changes of type have been accepted since the handle was created.
+/// @errors For an invalid handle, also prints `Fovix_SetType() Error! handle is NULL!\n`. Type 3 is ignored
+///   if type 0 or 1 is shown and two changes of type have been accepted since the handle was created.
 FOVIX_API void Fovix_SetType(VRHANDLE handle, int type);
 
 /// Returns the display type.
@@ -256,7 +256,7 @@ FOVIX_API int Fovix_GetType(VRHANDLE handle);
 /// Selects the projection of type 1, or whether type 22 shows its inset.
 /// @param handle  a live handle
 /// @param mode  type 1: Fovix180DrawMode; type 22: 0 hides the inset, any other value shows it (3 at start)
-/// @errors With any other mode of type 1, every rendered frame prints why it has no mesh.
+/// @errors With any other mode of type 1, every rendered frame prints why there is no mesh.
 FOVIX_API void Fovix_SetDrawMode(VRHANDLE handle, int mode);
 
 /// Shows a blend from one projection of type 1 to another; the draw mode stays the same. Fovix_SetShape()
@@ -265,13 +265,13 @@ FOVIX_API void Fovix_SetDrawMode(VRHANDLE handle, int mode);
 /// @param fromMode,toMode  Fovix180DrawMode
 /// @param step  step to start at, usually 1
 /// @param frameCount  length in rendered frames; below 1 there is no blend
-/// @errors Modes outside 0 to 3 print error lines and the previous mesh remains.
+/// @errors For modes outside 0 to 3, prints error lines and keeps the previous mesh.
 FOVIX_API void Fovix_SetDrawModeCartoon(VRHANDLE handle, int fromMode, int toMode, int step, int frameCount);
 
 /// Sets how the camera of type 0 is mounted and resets the view. A new mount also selects shape 0.
 /// @param handle  a live handle
 /// @param mount  FovixCameraMount
-/// @errors A mount outside 0 to 3 prints an error line and changes nothing.
+/// @errors For a mount outside 0 to 3, prints an error line and changes nothing.
 FOVIX_API void Fovix_SetCameraMount(VRHANDLE handle, int mount);
 
 /// Returns the camera mount of type 0.
@@ -283,9 +283,8 @@ FOVIX_API int Fovix_GetCameraMount(VRHANDLE handle);
 /// `Fovix_SetShape(%d)\n`.
 /// @param handle  a live handle
 /// @param shape  FovixShape; on mounts 2 and 3 of type 0 it stays 0
-/// @errors Type 0: a shape outside 0 to 10 prints an error line and changes nothing; one that the mount does
-///   not support renders an empty picture. Type 1: an unsupported shape keeps the layout and resets the
-///   view.
+/// @errors Type 0: for a shape outside 0 to 10, prints an error line and changes nothing; a shape that the
+///   mount does not support leaves the surface empty. Type 1: an unsupported shape only resets the view.
 FOVIX_API void Fovix_SetShape(VRHANDLE handle, int shape);
 
 /// Returns the layout of type 0 or 1.
@@ -332,8 +331,9 @@ FOVIX_API void Fovix_SetBackground(VRHANDLE handle, unsigned int rgb);
 /// - A size above width * height * 4 + 1024 prints `Texture Buffer is too small[%d < %d]!\n`; the frame that
 ///   was uploaded last remains visible.
 /// - Frames with fewer bytes than their format needs are padded with black.
-/// - A frame that is taller than the largest GL texture, or a YUV frame that is wider, prints an error line
-///   when it is drawn. An RGBA frame that is too wide is cropped on the right.
+/// - A frame that is taller than the largest GL texture, or a YUV frame that is wider than it, prints an
+///   error line when it is uploaded, and the previous frame remains. An RGBA frame that is too wide is
+///   cropped on the right.
 /// @{
 
 /// Submits an RGBA frame.
@@ -370,8 +370,8 @@ FOVIX_API void Fovix_SetTexture(VRHANDLE handle, int pixelFmt, const unsigned ch
 /// Sets the size of the grid of type 20, 3 x 3 at start. It survives type changes.
 /// @param handle  a live handle
 /// @param rowNum,columnNum  at least 1; at most 36 cells in total
-/// @errors More than 36 cells print `parameters error, rowNum = %d, columnNum = %d\n` and change nothing.
-///   With a value below 1, every rendered frame prints `parameter error in drawSelf()\n`.
+/// @errors For more than 36 cells, prints `parameters error, rowNum = %d, columnNum = %d\n` and changes
+///   nothing. With a value below 1, every rendered frame prints `parameter error in drawSelf()\n`.
 FOVIX_API void Fovix_Multi_SetScreenNumber(VRHANDLE handle, int rowNum, int columnNum);
 
 /// Submits an RGBA frame for one cell of type 20 or one lens of type 21.
@@ -380,7 +380,7 @@ FOVIX_API void Fovix_Multi_SetScreenNumber(VRHANDLE handle, int rowNum, int colu
 /// @param data  first byte of the frame
 /// @param size  bytes to copy, 0 to width * height * 4 + 1024
 /// @param width,height  frame size in pixels, at least 1
-/// @errors Other types print `Not Multi-Image or Multi-Lens`; an invalid index prints
+/// @errors With other types, prints `Not Multi-Image or Multi-Lens`; for an invalid index,
 ///   `Multi_Image Parameter Error!` or `Multi-Lens Parameter Error!`.
 FOVIX_API void Fovix_Multi_SetRGBTexture(VRHANDLE handle, int index, const unsigned char* data, int size,
                                          int width, int height);
@@ -391,7 +391,7 @@ FOVIX_API void Fovix_Multi_SetRGBTexture(VRHANDLE handle, int index, const unsig
 /// @param data  first byte of the frame
 /// @param size  bytes to copy, 0 to width * height * 4 + 1024
 /// @param width,height  frame size in pixels, at least 1
-/// @errors Other types print `Not Multi_Image`; an invalid index prints `Multi_Image Parameter Error!`.
+/// @errors With other types, prints `Not Multi_Image`; for an invalid index, `Multi_Image Parameter Error!`.
 FOVIX_API void Fovix_Multi_SetYUV420PTexture(VRHANDLE handle, int index, const unsigned char* data, int size,
                                              int width, int height);
 
@@ -402,32 +402,32 @@ FOVIX_API void Fovix_Multi_SetYUV420PTexture(VRHANDLE handle, int index, const u
 /// @param data  first byte of the frame
 /// @param size  bytes to copy, 0 to width * height * 4 + 1024
 /// @param width,height  frame size in pixels, at least 1
-/// @errors Other types print `Not Multi_Image`; an invalid index prints `Multi_Image Parameter Error!`.
+/// @errors With other types, prints `Not Multi_Image`; for an invalid index, `Multi_Image Parameter Error!`.
 FOVIX_API void Fovix_Multi_SetTexture(VRHANDLE handle, int index, int pixelFmt, const unsigned char* data,
                                       int size, int width, int height);
 
 /// Selects the lens that type 21 shows, starting with the next rendered frame.
 /// @param handle  a live handle
 /// @param index  0 to lens count - 1; other values are ignored
-/// @errors Other types print `Fovix_Multi_SwitchLens() current type is not support -> [%d]!\n`.
+/// @errors With other types, prints `Fovix_Multi_SwitchLens() current type is not support -> [%d]!\n`.
 FOVIX_API void Fovix_Multi_SwitchLens(VRHANDLE handle, int index);
 
 /// Sets the number of lenses of type 21; the selected lens stays the same.
 /// @param handle  a live handle
 /// @param count  1 to 36, 1 at start; other values are ignored
-/// @errors Other types print `Fovix_Multi_SetLens() current type is not support -> [%d]!\n`.
+/// @errors With other types, prints `Fovix_Multi_SetLens() current type is not support -> [%d]!\n`.
 FOVIX_API void Fovix_Multi_SetLens(VRHANDLE handle, int count);
 
 /// Returns the number of lenses of type 21.
 /// @param handle  a live handle
 /// @return 1 to 36; 0 for other types and for an invalid handle
-/// @errors Other types print `Fovix_Multi_GetLens() current type is not support -> [%d]!\n`.
+/// @errors With other types, prints `Fovix_Multi_GetLens() current type is not support -> [%d]!\n`.
 FOVIX_API int Fovix_Multi_GetLensCount(VRHANDLE handle);
 
 /// Returns the lens that type 21 shows.
 /// @param handle  a live handle
 /// @return the lens; 0 for other types and for an invalid handle
-/// @errors Other types print `Fovix_Multi_GetLens() current type is not support -> [%d]!\n`.
+/// @errors With other types, prints `Fovix_Multi_GetLens() current type is not support -> [%d]!\n`.
 FOVIX_API int Fovix_Multi_GetLensIndex(VRHANDLE handle);
 
 /// @}
@@ -458,11 +458,11 @@ FOVIX_API int checkOpenGLError(const char* file, int line);
 /// @name Touch, sensors and cruise
 /// A touch-down chooses the screen under the finger. Touch and sensor functions, Fovix_GetPTZFor180VR(),
 /// Fovix_SetPTZFor180VR(), Fovix_DisplayRect() and Fovix_DisplayTarget() act on that screen until the next
-/// touch-down. Positions outside the surface are valid. Handles and types (20, 21) without controllers
+/// touch-down. Positions outside the surface are valid. Handles without controllers and the types 20 and 21
 /// ignore these functions.
 /// @{
 
-/// Begins a gesture: chooses the screen under the finger and stops spin, cruise and bounces.
+/// Begins a gesture: chooses the screen under the finger. Types 0 and 1 stop spin, cruise and bounces.
 /// @param handle  a live handle
 /// @param x,y  surface pixels
 FOVIX_API void Fovix_OnTouchDown(VRHANDLE handle, float x, float y);
@@ -537,7 +537,7 @@ FOVIX_API void Fovix_ResetPosition(VRHANDLE handle);
 /// Sets the view of screen 0 of type 0, clamped to the limits of mount and shape.
 /// @param handle  a live handle
 /// @param pan,tilt,roll  degrees; pan of shapes 5 and 6 in hundredths of a radian
-/// @param zoom  field of view in degrees, 5 to 90; in shapes 7 to 9 to 40
+/// @param zoom  field of view in degrees, 5 to 90 (shapes 7 to 9: 5 to 40)
 /// @param ptzFifth  extra tilt of mounts 1 and 2 in degrees, usually 0
 FOVIX_API void Fovix_SetPTZ(VRHANDLE handle, double pan, double tilt, double zoom, double roll,
                             double ptzFifth);
@@ -566,7 +566,7 @@ FOVIX_API void Fovix_GetPTZ_SubScreen(VRHANDLE handle, int screen, double* pan, 
 /// @param xAngle,yAngle,zAngle  type 1: pitch, yaw and roll in degrees; type 22: offset right, offset down
 ///   and depth (0.715); other types: 180 moves the image up (x) or left (y) by half its width, z is only
 ///   stored
-/// @param zoom  factor, usually 0.25 to 20 (type 22: to 5)
+/// @param zoom  factor, usually 0.25 to 20 (type 22: 0.25 to 5)
 FOVIX_API void Fovix_SetRotateZoom(VRHANDLE handle, double xAngle, double yAngle, double zAngle, double zoom);
 
 /// Does the same as Fovix_SetRotateZoom(), and the controller of type 22 continues from this view.
@@ -621,8 +621,8 @@ FOVIX_API void Fovix_SetPTZFor180VR(VRHANDLE handle, double xAngle, double yAngl
 /// @param handle  a live handle
 /// @param left,top,right,bottom  frame pixels; left < right, top < bottom
 /// @param width,height  frame size that these refer to, above 0
-/// @errors An empty rectangle prints `Fovix_DisplayRect, point info error!`; other types print
-///   `current type is not support -> [%d]!\n`. An invalid handle also prints
+/// @errors For an empty rectangle, prints `Fovix_DisplayRect, point info error!`; with other types,
+///   `current type is not support -> [%d]!\n`. For an invalid handle, also prints
 ///   `Fovix_DisplayRect Error, handle is NULL!`.
 FOVIX_API void Fovix_DisplayRect(VRHANDLE handle, int left, int top, int right, int bottom, int width,
                                  int height);
@@ -631,13 +631,14 @@ FOVIX_API void Fovix_DisplayRect(VRHANDLE handle, int left, int top, int right, 
 /// @param handle  a live handle
 /// @param targetX,targetY  frame pixels
 /// @param width,height  frame size that these refer to, above 0
-/// @errors Other types print `current type is not support -> [%d]!\n`. An invalid handle also prints
-///   `Fovix_DisplayRect Error, handle is NULL!`.
+/// @errors With other types, prints `current type is not support -> [%d]!\n`. For an invalid handle, also
+///   prints `Fovix_DisplayRect Error, handle is NULL!`.
 FOVIX_API void Fovix_DisplayTarget(VRHANDLE handle, int targetX, int targetY, int width, int height);
 
 /// Returns how far type 22 has moved sideways.
 /// @param handle  a live handle
-/// @return -1 (left limit) to 1 (right limit); 0 for other types and for an invalid handle
+/// @return -1 (left limit) to 1 (right limit); 0 without a controller, for other types and for an invalid
+///   handle
 FOVIX_API float Fovix_GetRelativeXOffset(VRHANDLE handle);
 
 /// Sets the zoom limits and the threshold of type 24 and moves to a zoom.
