@@ -1,6 +1,6 @@
 #!/bin/sh
-# Compares three lists of public names: what the built library exports, what the header declares and what
-# exports.txt promises. A name that is missing or additional in any of them ends with status 1.
+# Compares three lists of public names: the exports of the built library, the declarations of the header, and
+# exports.txt. Exits with status 1 if they differ.
 # usage: check_exports.sh LIBRARY HEADER LIST [NM]
 set -eu
 export LC_ALL=C
@@ -10,11 +10,11 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
 "$nm" -D --defined-only "$library" > "$work/symbols"
-# Symbol versions (type A) and the version suffix of a name (@@FOVIX_1) are no names of the interface.
+# Symbol versions (type A) and the version suffix of a name (@@FOVIX_1) are not part of the interface.
 awk '$(NF - 1) != "A" { sub(/@.*/, "", $NF); print $NF }' "$work/symbols" | sort > "$work/exported"
 sed -n 's/^FOVIX_API [^(]*[ *]\([A-Za-z0-9_]*\)(.*/\1/p' "$header" | sort > "$work/declared"
 
-# Declarations that the pattern above cannot read must not escape the comparison.
+# Declarations that the pattern above cannot read must be noticed.
 marked=$(grep -c '^ *FOVIX_API ' "$header" || true)
 read_back=$(wc -l < "$work/declared")
 status=0

@@ -1,6 +1,6 @@
 #!/bin/sh
-# check_drawings.sh PROGRAM FOLDER: the committed drawings are those of today's meshes; scripts/draw-projections makes
-# them anew.
+# check_drawings.sh PROGRAM FOLDER: the committed drawings match the current meshes; scripts/draw-projections updates
+# them.
 set -eu
 
 rm -rf "$2"

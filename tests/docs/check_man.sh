@@ -1,5 +1,5 @@
 #!/bin/sh
-# check_man.sh PROGRAM PAGE [MANDOC]: the page has the options of --help and no others; MANDOC finds no fault in it.
+# check_man.sh PROGRAM PAGE [MANDOC]: the page documents exactly the options of --help, and MANDOC reports no warnings.
 set -eu
 program=$1
 page=$2
@@ -7,7 +7,7 @@ mandoc=${3:-}
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 
-# In the help an option begins its line; in the page it is a list item.
+# In the help an option starts its line; in the page it is a list item.
 "$program" --help | sed -n 's/^  *\(-.,\)\{0,1\}\(--[a-z0-9-]*\).*/\2/p' | sort -u >"$folder/help"
 sed -n '/^\.It Fl/ s/.*Fl -\([a-z0-9-]*\).*/--\1/p' "$page" | sort -u >"$folder/page"
 [ -s "$folder/help" ]

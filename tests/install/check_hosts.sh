@@ -1,5 +1,5 @@
 #!/bin/sh
-# Builds the hosts with the compilers and what pkg-config says of an installed tree, and runs them.
+# Builds the hosts against an installed tree, with the flags from pkg-config, and runs them.
 # usage: check_hosts.sh HOSTS PKGCONFIG_FOLDER CC CXX WORK
 set -eu
 hosts=$1 cc=$3 cxx=$4 work=$5

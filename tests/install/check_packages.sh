@@ -1,6 +1,6 @@
 #!/bin/sh
-# Makes the Debian packages, has lintian judge them, installs them into an empty root, runs a program there and removes
-# them again.
+# Makes the Debian packages, checks them with lintian, installs them into an empty root, runs a program there and removes
+# them.
 # usage: check_packages.sh SOURCE WORK
 set -eu
 source=$1 work=$2
@@ -12,7 +12,7 @@ fail() {
     exit 1
 }
 
-# Packages of the system are none of this root's: what they would satisfy is not asked for.
+# The empty root does not have the system's packages, so dependencies are not checked.
 in_root() {
     dpkg --root="$root" --log=/dev/null --force-not-root --force-bad-path --force-depends "$@"
 }

@@ -1,5 +1,5 @@
 #!/bin/sh
-# Configures a project that has the whole tree as a subdirectory, and checks that it installs nothing of it.
+# Configures a project that has the whole tree as a subdirectory, and checks that it installs none of it.
 # usage: check_subproject.sh CMAKE GENERATOR CC CXX PROJECT TREE WORK
 set -eu
 cmake=$1 generator=$2 cc=$3 cxx=$4 project=$5 tree=$6 work=$7

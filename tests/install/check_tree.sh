@@ -1,5 +1,5 @@
 #!/bin/sh
-# Installs the built tree, moves it to another folder and checks what lies there.
+# Installs the built tree, moves it to another folder and checks its contents.
 # usage: check_tree.sh CMAKE SOURCE BUILD PREFIX LIBDIR MOVED
 set -eu
 cmake=$1 source=$2 build=$3 prefix=$4 libdir=$5 moved=$6
