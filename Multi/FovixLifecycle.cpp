@@ -1,17 +1,17 @@
-// Lifecycle of a handle: making, preparing, sizing, releasing.
+// Lifecycle of a handle: create, prepare, size, release.
 
 #include "Fovix.h"
 
 #include <exception>
 #include <memory>
 
-#include "FovixDisplay.h"
-#include "FovixPictures.h"
 #include "base/Diagnostics.h"
 #include "base/Surface.h"
 #include "gl/GlDevice.h"
+#include "handle/DisplayTypes.h"
 #include "handle/FovixContext.h"
 #include "handle/FovixHandle.h"
+#include "handle/FrameInput.h"
 #include "handle/MainMesh.h"
 
 namespace fovix {
@@ -29,25 +29,20 @@ void create(VRHANDLE* out, int touchEnabled) {
         context->touchEnabled = touchEnabled;
         context->device = GlDevice_Create();
         context->display.store(std::make_shared<Display>());
-        const VRHANDLE handle = registerContext(context);
-        Fovix_SetType(handle, FOVIX_TYPE_180VR);
-        if (context->display.load()->type != kNoType) {
-            *out = handle;
-        } else {
-            unregisterContext(handle);
-        }
+        setType(*context, FOVIX_TYPE_180VR);
+        *out = registerContext(context);
     } catch (const std::exception& exception) {
         reportException(exception);
     }
 }
 
-void forgetPictures(FovixContext& context) {
+void forgetFrames(FovixContext& context) {
     const LockSection section(context.lock);
-    for (FrameSlot& slot : context.frames) forgetPicture(slot);
+    for (FrameSlot& slot : context.frames) forgetFrame(slot);
 }
 
-/// The model works with the size that the surface has now. Under the lock: a display that is being made
-/// meanwhile reads the size either before, and is told, or after.
+/// Passes the size of the surface to the model. Under the lock, so that a display that is being made
+/// meanwhile gets the new size either from here or when it is made.
 void adoptViewSize(FovixContext& context) {
     const LockSection section(context.lock);
     printLine("backingWidth = %d, backingHeight = %d\n", 0, 0);
@@ -69,7 +64,7 @@ void fillDevice(FovixContext& context) {
 
 void prepare(FovixContext& context) {
     printLine("Fovix_Prepare()\n");
-    forgetPictures(context);
+    forgetFrames(context);
     if (context.device->prepare()) fillDevice(context);
     adoptViewSize(context);
 }
@@ -85,12 +80,13 @@ void init(FovixContext& context, int width, int height) {
     context.configChanged = 1;
 }
 
-/// From here on no export finds the context; whoever is still inside one shares it until done.
+/// Once the handle is out of the table no export finds the context; those still running share it until they
+/// return.
 void release(VRHANDLE handle) {
     const ContextPtr found = contextOf(handle);
     if (!found) return;
     const ContextPtr context = unregisterContext(handle);
-    if (!context) return printLine("Error VRHANDLE\n");  // another thread released it in between
+    if (!context) return printLine("Error VRHANDLE\n");  // another thread released it meanwhile
     context->magic = 0;
     const LockSection section(context->lock);
     for (FrameSlot& slot : context->frames) slot.data.reset();

@@ -1,11 +1,12 @@
-// Several pictures at once: the multi-image grid and the multi-lens type. Any thread.
+// Several pictures: the multi-image grid and the multi-lens type. Any thread.
 
 #include <cstdint>
 
-#include "FovixPictures.h"
+#include "Fovix.h"
 #include "base/Diagnostics.h"
 #include "handle/FovixContext.h"
 #include "handle/FovixHandle.h"
+#include "handle/FrameInput.h"
 
 namespace fovix {
 
@@ -23,7 +24,7 @@ void setScreenNumber(FovixContext& context, int rowNum, int columnNum) {
     context.grid = GridSize{rowNum, columnNum};
 }
 
-/// Whether a picture may be set for an index; prints why not.
+/// Returns whether a frame may be submitted for an index; prints why not.
 bool acceptsIndex(const FovixContext& context, int index, bool lensesToo) {
     const int type = context.display.load()->type;
     const bool isLenses = lensesToo && type == FOVIX_TYPE_MULTI_LENS;
@@ -36,7 +37,7 @@ bool acceptsIndex(const FovixContext& context, int index, bool lensesToo) {
     return false;
 }
 
-/// Runs operation() for the multi-lens type; prints that another type does not support it.
+/// Runs operation() for the multi-lens type; prints a line for every other type.
 template <class Operation>
 void withLenses(FovixContext& context, const char* exportName, Operation&& operation) {
     const int type = context.display.load()->type;
@@ -66,7 +67,7 @@ void Fovix_Multi_SetRGBTexture(VRHANDLE handle, int index, const unsigned char* 
                                int height) {
     withContext(handle, [&](FovixContext& context) {
         if (!fovix::acceptsIndex(context, index, true)) return;
-        fovix::setPicture(context, index, FOVIX_FORMAT_RGBA, data, size, width, height);
+        fovix::submitFrame(context, index, FOVIX_FORMAT_RGBA, data, size, width, height);
     });
 }
 
@@ -74,7 +75,7 @@ void Fovix_Multi_SetYUV420PTexture(VRHANDLE handle, int index, const unsigned ch
                                    int height) {
     withContext(handle, [&](FovixContext& context) {
         if (!fovix::acceptsIndex(context, index, false)) return;
-        fovix::setPicture(context, index, FOVIX_FORMAT_YUV420P, data, size, width, height);
+        fovix::submitFrame(context, index, FOVIX_FORMAT_YUV420P, data, size, width, height);
     });
 }
 
@@ -82,7 +83,7 @@ void Fovix_Multi_SetTexture(VRHANDLE handle, int index, int pixelFmt, const unsi
                             int width, int height) {
     withContext(handle, [&](FovixContext& context) {
         if (!fovix::acceptsIndex(context, index, false) || !fovix::isPixelFormat(pixelFmt)) return;
-        fovix::setPicture(context, index, pixelFmt, data, size, width, height);
+        fovix::submitFrame(context, index, pixelFmt, data, size, width, height);
     });
 }
 

@@ -1,19 +1,12 @@
 // The display types: which code makes which model and which controllers.
 #pragma once
 
-#include "model/FovixModel.h"
-#include "touch/TouchController.h"
+#include "handle/FovixContext.h"
 
 namespace fovix {
 
-struct DisplayType {
-    int code;
-    ModelCreator createModel;
-    ControllerCreator createController;  ///< null: no controllers
-    int controllerCount;                 ///< one per screen, or one for all
-};
-
-/// The type of a code; every code without a type of its own shows the plain fisheye picture.
-const DisplayType& displayTypeOf(int code);
+/// Replaces model and controllers by those of another type and forgets the lens parameters. The new display
+/// is published when it is complete; the old one is freed with its last user.
+void setType(FovixContext& context, int type);
 
 }  // namespace fovix

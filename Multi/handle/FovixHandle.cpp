@@ -16,8 +16,8 @@ struct HandleTable {
     std::unordered_map<VRHANDLE, ContextPtr> contexts;
 };
 
-/// Never destroyed: exports may still arrive while the process runs its exit handlers. It stands in the
-/// library's own memory, so that nothing is left behind when the library is unloaded.
+/// Never destroyed, since exports may be called by exit handlers. Static storage, so that dlclose() leaks
+/// nothing.
 HandleTable& handleTable() {
     alignas(HandleTable) static std::byte place[sizeof(HandleTable)];
     static HandleTable& table = *new (place) HandleTable;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "handle/DisplayParameters.h"
 #include "handle/FovixContext.h"
 
 namespace fovix {
@@ -52,12 +53,6 @@ class HandleOwner : public ViewOwner {
 
 OwnerPtr HandleOwner_Create(VRHANDLE handle) {
     return std::make_shared<HandleOwner>(handle);
-}
-
-void setDrawMode(FovixContext& context, int mode) {
-    const DisplayPtr display = context.display.load();
-    forEachController(*display, &TouchController::setDrawMode, mode);
-    if (display->model->setDrawMode(mode)) context.configChanged = 1;
 }
 
 }  // namespace fovix

@@ -10,8 +10,4 @@ namespace fovix {
 /// handle.
 OwnerPtr HandleOwner_Create(VRHANDLE handle);
 
-/// Sets the draw mode of all controllers, then that of the model; a model with draw modes fetches its
-/// vertices again.
-void setDrawMode(FovixContext& context, int mode);
-
 }  // namespace fovix
