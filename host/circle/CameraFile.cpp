@@ -12,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view right =
+constexpr std::string_view kRight =
     "it wants 'lens = CX,CY,RADIUS,W,H', for example 'lens = 960,960,940,1920,1920'";
 
 fs::path folderIn(const char* variable) {
@@ -29,18 +29,18 @@ fs::path configurationFolder() {
 }
 
 std::string_view trimmed(std::string_view text) {
-    constexpr std::string_view blanks = " \t\r";
-    const std::size_t first = text.find_first_not_of(blanks);
+    constexpr std::string_view kBlanks = " \t\r";
+    const std::size_t first = text.find_first_not_of(kBlanks);
     if (first == text.npos) return {};
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
 }  // namespace
 
 bool isCameraName(std::string_view name) {
-    constexpr std::string_view allowed = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789.-_";
-    constexpr std::size_t longest = 100;
-    return !name.empty() && name.size() <= longest && name.find_first_not_of(allowed) == name.npos;
+    constexpr std::string_view kAllowed = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789.-_";
+    constexpr std::size_t kLongest = 100;
+    return !name.empty() && name.size() <= kLongest && name.find_first_not_of(kAllowed) == name.npos;
 }
 
 CameraFile::CameraFile(const std::string& name)
@@ -50,7 +50,7 @@ std::optional<LensCircle> CameraFile::read() const {
     std::error_code ignored;
     if (!fs::exists(_path, ignored)) return std::nullopt;
     const auto fail = [&](const std::string& why) {
-        throw std::runtime_error("'" + _path.string() + "' " + why + std::string(right));
+        throw std::runtime_error("'" + _path.string() + "' " + why + std::string(kRight));
     };
     std::ifstream file(_path);
     if (!fs::is_regular_file(_path, ignored) || !file)

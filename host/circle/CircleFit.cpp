@@ -93,8 +93,8 @@ double outside(const Circle& circle, EdgePoint point) {
 }
 
 std::optional<Circle> fitted(const std::vector<EdgePoint>& points, Circle circle, double reach) {
-    constexpr int rounds = 8;
-    for (int round = 0; round < rounds; ++round) {
+    constexpr int kRounds = 8;
+    for (int round = 0; round < kRounds; ++round) {
         Adjustment adjustment;
         for (const EdgePoint& point : points) {
             const double share = outside(circle, point) / reach;
@@ -118,12 +118,12 @@ double doubtIn(const Circle& circle, const std::vector<EdgePoint>& points) {
 std::optional<Circle> agreedCircle(const std::vector<EdgePoint>& points, const CircleLimits& limits,
                                    double tolerance) {
     if (points.size() < 3) return std::nullopt;
-    constexpr int trials = 2000;
+    constexpr int kTrials = 2000;
     std::minstd_rand chance(1);
     const auto any = [&] { return points[chance() % points.size()]; };
     std::optional<Circle> best;
     double bestScore = 0;
-    for (int trial = 0; trial < trials; ++trial) {
+    for (int trial = 0; trial < kTrials; ++trial) {
         const EdgePoint a = any(), b = any(), c = any();
         const auto circle = circleThrough(a, b, c);
         if (!circle || !limits.allow(*circle)) continue;

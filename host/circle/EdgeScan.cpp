@@ -8,7 +8,7 @@
 namespace fovix_host {
 namespace {
 
-constexpr std::size_t before = 3, after = 4;  // samples that make a rise
+constexpr std::size_t kBefore = 3, kAfter = 4;  // samples that make a rise
 
 float medianOf(std::vector<float>& values) {
     const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
@@ -21,15 +21,15 @@ float meanOf(std::span<const float> values) {
 }
 
 float riseAt(std::span<const float> line, std::size_t place) {
-    return meanOf(line.subspan(place, after)) - meanOf(line.subspan(place - before, before));
+    return meanOf(line.subspan(place, kAfter)) - meanOf(line.subspan(place - kBefore, kBefore));
 }
 
 // The place between two samples where the line passes the level half way up the rise.
 double halfWay(std::span<const float> line, std::size_t place) {
     const float level =
-        (meanOf(line.subspan(place, after)) + meanOf(line.subspan(place - before, before))) / 2.0f;
-    std::size_t i = place - before;
-    while (i + 1 < place + after && line[i + 1] < level) ++i;
+        (meanOf(line.subspan(place, kAfter)) + meanOf(line.subspan(place - kBefore, kBefore))) / 2.0f;
+    std::size_t i = place - kBefore;
+    while (i + 1 < place + kAfter && line[i + 1] < level) ++i;
     const float low = line[i], high = line[i + 1];
     const double share = high > low ? std::clamp((level - low) / (high - low), 0.0f, 1.0f) : 0.5;
     return static_cast<double>(i) + 0.5 + share;
@@ -47,30 +47,30 @@ Surround surroundOf(const GreyImage& image) {
             for (int y = top; y < top + side; ++y)
                 corner.insert(corner.end(), image.row(y) + left, image.row(y) + left + side);
             const float level = medianOf(corner);
-            constexpr float alike = 10.0f;
-            if (level > darkest + alike) continue;
-            if (level < darkest - alike) dark.clear();
+            constexpr float kAlike = 10.0f;
+            if (level > darkest + kAlike) continue;
+            if (level < darkest - kAlike) dark.clear();
             darkest = std::min(darkest, level);
             dark.insert(dark.end(), corner.begin(), corner.end());
         }
     const float level = medianOf(dark);
     for (float& value : dark) value = std::abs(value - level);
-    constexpr float deviations = 1.4826f;  // median distance of a normal distribution
-    const float noise = deviations * medianOf(dark);
+    constexpr float kDeviations = 1.4826f;  // median distance of a normal distribution
+    const float noise = kDeviations * medianOf(dark);
     return {level, std::max(5.0f, 2.7f * noise)};
 }
 
 bool beginsDark(std::span<const float> line, const Surround& surround) {
-    return line.size() >= before && surround.isDark(meanOf(line.first(before)));
+    return line.size() >= kBefore && surround.isDark(meanOf(line.first(kBefore)));
 }
 
 std::optional<double> firstRise(std::span<const float> line, const Surround& surround) {
-    for (std::size_t place = before; place + after <= line.size(); ++place) {
+    for (std::size_t place = kBefore; place + kAfter <= line.size(); ++place) {
         float rise = riseAt(line, place);
-        if (rise < surround.step || meanOf(line.subspan(place, after)) < surround.level + surround.step)
+        if (rise < surround.step || meanOf(line.subspan(place, kAfter)) < surround.level + surround.step)
             continue;
         // The window feels the edge coming; it is where the rise is steepest.
-        for (; place + after < line.size(); ++place) {
+        for (; place + kAfter < line.size(); ++place) {
             const float next = riseAt(line, place + 1);
             if (next <= rise) break;
             rise = next;
@@ -105,12 +105,12 @@ std::vector<EdgePoint> scanFromBorder(const GreyImage& image, const Surround& su
 
 std::vector<DirectionScan> scanAround(const GreyImage& image, const Surround& surround, const Circle& circle,
                                       double share) {
-    constexpr int directions = 360;
-    constexpr double margin = 4.0;  // the rise and a little surround
+    constexpr int kDirections = 360;
+    constexpr double kMargin = 4.0;  // the rise and a little surround
     const int reach = static_cast<int>(std::ceil(std::max(share * circle.radius, 12.0)));
     std::vector<DirectionScan> scans;
     std::vector<float> line;
-    for (int direction = 0; direction < directions; ++direction) {
+    for (int direction = 0; direction < kDirections; ++direction) {
         const double angle = direction * std::numbers::pi / 180.0;
         const double dx = std::cos(angle), dy = std::sin(angle);
         const auto on = [&](double radius) {
@@ -119,7 +119,7 @@ std::vector<DirectionScan> scanAround(const GreyImage& image, const Surround& su
         const auto inPicture = [&](EdgePoint point) {
             return point.x >= 0 && point.y >= 0 && point.x <= image.width && point.y <= image.height;
         };
-        if (!inPicture(on(circle.radius + margin))) continue;
+        if (!inPicture(on(circle.radius + kMargin))) continue;
         line.clear();
         double first = circle.radius + reach;
         while (!inPicture(on(first))) first -= 1.0;

@@ -42,10 +42,10 @@ LensChoice lensAfterSearch(const LensRequest& request, const std::optional<Found
 }
 
 std::string misfitOf(const LensCircle& lens, int width, int height) {
-    constexpr double sameAs = 1.02;  // encoders cut or add a few rows
+    constexpr double kSameAs = 1.02;  // encoders cut or add a few rows
     const double across = static_cast<double>(width) / lens.imageWidth;
     const double down = static_cast<double>(height) / lens.imageHeight;
-    if (std::max(across, down) <= sameAs * std::min(across, down)) return {};
+    if (std::max(across, down) <= kSameAs * std::min(across, down)) return {};
     const std::string size = std::to_string(width) + "," + std::to_string(height);
     return "lens circle " + textOf(lens) + " is that of an image with other proportions than the picture's " +
            std::to_string(width) + "x" + std::to_string(height) + "; --lens CX,CY,RADIUS," + size +

@@ -20,10 +20,10 @@ std::string FoundLens::inWords() const {
 
 void LensFinder::startWith(const LumaView& picture) {
     // Edges are found to a fraction of a pixel, so that this many are enough.
-    constexpr int mostPixels = 1024;
+    constexpr int kMostPixels = 1024;
     _width = picture.width;
     _height = picture.height;
-    _factor = (std::max(_width, _height) + mostPixels - 1) / mostPixels;
+    _factor = (std::max(_width, _height) + kMostPixels - 1) / kMostPixels;
     _pictures = 0;
 }
 
@@ -45,10 +45,10 @@ void LensFinder::add(const LumaView& picture) {
 }
 
 std::optional<FoundLens> LensFinder::result() const {
-    constexpr int enoughToDropOne = 3;
-    const auto found = searchCircle(_pictures < enoughToDropOne ? _brightest : _second);
-    constexpr double worthAWord = 0.1;
-    if (!found || found->confidence < worthAWord) return std::nullopt;
+    constexpr int kEnoughToDropOne = 3;
+    const auto found = searchCircle(_pictures < kEnoughToDropOne ? _brightest : _second);
+    constexpr double kWorthAWord = 0.1;
+    if (!found || found->confidence < kWorthAWord) return std::nullopt;
     const auto pixels = [this](double length) { return static_cast<int>(std::lround(length * _factor)); };
     const Circle& circle = found->circle;
     const LensCircle lens{std::max(pixels(circle.x), 1), std::max(pixels(circle.y), 1), pixels(circle.radius),

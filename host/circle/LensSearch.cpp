@@ -17,12 +17,12 @@ std::vector<EdgePoint> edgesOf(const std::vector<DirectionScan>& scans) {
 
 // Share of the pixels outside the circle, a little apart from it, that are as bright as the scene.
 double litShare(const GreyImage& image, const Surround& surround, const Circle& circle) {
-    constexpr double apart = 1.04;
-    const double reach = circle.radius * apart;
+    constexpr double kApart = 1.04;
+    const double reach = circle.radius * kApart;
     int all = 0, lit = 0;
-    constexpr int stride = 3;
-    for (int y = 0; y < image.height; y += stride)
-        for (int x = 0; x < image.width; x += stride) {
+    constexpr int kStride = 3;
+    for (int y = 0; y < image.height; y += kStride)
+        for (int x = 0; x < image.width; x += kStride) {
             const double dx = x + 0.5 - circle.x, dy = y + 0.5 - circle.y;
             if (dx * dx + dy * dy <= reach * reach) continue;
             ++all;
@@ -69,8 +69,8 @@ double confidenceIn(const CircleEvidence& evidence) {
 std::optional<SearchResult> searchCircle(const GreyImage& image, const Surround& surround) {
     const int shorter = std::min(image.width, image.height), longer = std::max(image.width, image.height);
     const CircleLimits limits{0.25 * shorter, 0.75 * longer, double(image.width), double(image.height)};
-    constexpr double roughly = 0.01;
-    auto circle = agreedCircle(scanFromBorder(image, surround), limits, roughly);
+    constexpr double kRoughly = 0.01;
+    auto circle = agreedCircle(scanFromBorder(image, surround), limits, kRoughly);
     for (const double window : {0.08, 0.04, 0.04}) {
         if (!circle || !limits.allow(*circle)) return std::nullopt;
         const auto edges = edgesOf(scanAround(image, surround, *circle, window));
@@ -85,14 +85,14 @@ std::optional<SearchResult> searchCircle(const GreyImage& image, const Surround&
 }  // namespace
 
 double edgeTolerance(const Circle& circle) {
-    constexpr double share = 0.01;
-    return std::max(1.0, share * circle.radius);
+    constexpr double kShare = 0.01;
+    return std::max(1.0, kShare * circle.radius);
 }
 
 std::optional<SearchResult> searchCircle(const GreyImage& image) {
     const int shorter = std::min(image.width, image.height);
-    constexpr int leastSide = 64;
-    if (shorter < leastSide) return std::nullopt;
+    constexpr int kLeastSide = 64;
+    if (shorter < kLeastSide) return std::nullopt;
     Surround surround = surroundOf(image);
     std::optional<SearchResult> best;
     // In the glare of a bright scene the edge is not the first rise, but one of the steep ones.
@@ -101,8 +101,8 @@ std::optional<SearchResult> searchCircle(const GreyImage& image) {
         const auto found = searchCircle(image, surround);
         if (!found || (best && best->confidence >= found->confidence)) continue;
         best = found;
-        constexpr double beyondDoubt = 0.9;
-        if (best->confidence > beyondDoubt) break;
+        constexpr double kBeyondDoubt = 0.9;
+        if (best->confidence > kBeyondDoubt) break;
     }
     return best;
 }

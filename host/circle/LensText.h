@@ -10,7 +10,7 @@
 namespace fovix_host {
 
 // What lensIn takes, for sentences that refuse something else.
-constexpr std::string_view lensWanted =
+constexpr std::string_view kLensWanted =
     "five whole numbers above 0 with commas between: centre x, centre y and radius of the lens circle, width "
     "and height of the image they refer to";
 

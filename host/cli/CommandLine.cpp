@@ -47,7 +47,7 @@ void CommandLine::addText(const char* names, const char* placeholder, const char
                           Value value) {
     CLI::Option* option = _app->add_option_function<std::string>(names, std::move(take), meaning);
     option->type_name(placeholder);
-    if (value == Value::optional) option->expected(0, 1);
+    if (value == Value::kOptional) option->expected(0, 1);
 }
 
 void CommandLine::addText(const char* names, const char* placeholder, const char* meaning,

@@ -28,7 +28,7 @@ class CommandLine {
   public:
     // Turns a text into a value, or refuses with a UsageError.
     using Take = std::function<void(const std::string&)>;
-    enum class Value { needed, optional };  // an optional one is taken as "" where it lacks
+    enum class Value { kNeeded, kOptional };  // an optional one is taken as "" where it lacks
 
     // The examples close the help.
     CommandLine(const std::string& program, const std::string& purpose, const std::string& examples);
@@ -40,7 +40,7 @@ class CommandLine {
     void addInputs(std::vector<std::string>& inputs);
 
     void addText(const char* names, const char* placeholder, const char* meaning, Take take,
-                 Value value = Value::needed);
+                 Value value = Value::kNeeded);
     // An option whose text is kept for later and must not be empty.
     void addText(const char* names, const char* placeholder, const char* meaning, std::string& text);
     // An option that may be given several times.

@@ -11,10 +11,10 @@ void refuse(std::string_view option, std::string_view value, std::string_view wa
 }
 
 SurfaceSize parseSize(const std::string& text) {
-    constexpr int most = 65535;
+    constexpr int kMost = 65535;
     const auto size = numbersIn<int>(text, 'x');
     if (!size || size->size() != 2 || *std::min_element(size->begin(), size->end()) < 1 ||
-        *std::max_element(size->begin(), size->end()) > most)
+        *std::max_element(size->begin(), size->end()) > kMost)
         refuse("--size", text, "WIDTHxHEIGHT in pixels, each from 1 to 65535, for example 1280x720");
     return {size->front(), size->back()};
 }
@@ -27,18 +27,18 @@ unsigned int parseBackground(const std::string& text) {
 }
 
 double parseTime(std::string_view option, const std::string& text) {
-    constexpr const char* wanted = "a time in seconds or as [H:]M:S, for example 90, 1:30 or 0:01:30.5";
-    constexpr double most = 1e7;
+    constexpr const char* kWanted = "a time in seconds or as [H:]M:S, for example 90, 1:30 or 0:01:30.5";
+    constexpr double kMost = 1e7;
     const auto parts = numbersIn<double>(text, ':');
-    if (!parts || parts->size() > 3) refuse(option, text, wanted);
+    if (!parts || parts->size() > 3) refuse(option, text, kWanted);
     double seconds = 0;
     for (std::size_t i = 0; i < parts->size(); ++i) {
         const double part = (*parts)[i];
         const bool isWhole = part == std::floor(part) || i + 1 == parts->size();
-        if (!isWhole || std::signbit(part) || (i > 0 && part >= 60)) refuse(option, text, wanted);
+        if (!isWhole || std::signbit(part) || (i > 0 && part >= 60)) refuse(option, text, kWanted);
         seconds = seconds * 60 + part;
     }
-    if (seconds > most) refuse(option, text, wanted);
+    if (seconds > kMost) refuse(option, text, kWanted);
     return seconds;
 }
 

@@ -6,7 +6,7 @@ namespace {
 // Adds the luma of the first pixels of a row to the sums of their columns.
 void addRow(const LumaView& picture, int y, std::vector<std::uint32_t>& columns) {
     const std::uint8_t* from = picture.data + y * picture.rowBytes;
-    if (picture.samples == LumaView::Samples::luma) {
+    if (picture.samples == LumaView::Samples::kLuma) {
         for (std::uint32_t& column : columns) column += *from++;
         return;
     }

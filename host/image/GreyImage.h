@@ -11,13 +11,13 @@ namespace fovix_host {
 
 // The samples of somebody else's picture: a plane of luma, or red, green and blue beside each other.
 struct LumaView {
-    enum class Samples { luma, rgba };
+    enum class Samples { kLuma, kRgba };
 
     const std::uint8_t* data = nullptr;
     int width = 0;
     int height = 0;
     std::ptrdiff_t rowBytes = 0;
-    Samples samples = Samples::luma;
+    Samples samples = Samples::kLuma;
 };
 
 struct GreyImage {

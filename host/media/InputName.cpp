@@ -5,10 +5,10 @@
 namespace fovix_host {
 
 std::string shownName(const std::string& input) {
-    constexpr std::string_view afterScheme = "://";
-    const std::size_t scheme = input.find(afterScheme);
+    constexpr std::string_view kAfterScheme = "://";
+    const std::size_t scheme = input.find(kAfterScheme);
     if (scheme == input.npos) return input;
-    const std::size_t user = scheme + afterScheme.size();
+    const std::size_t user = scheme + kAfterScheme.size();
     // A password may hold an @ itself: the last one ends it.
     const std::size_t host = input.substr(0, input.find_first_of("/?#", user)).rfind('@');
     const std::size_t colon = input.find(':', user);

@@ -3,7 +3,7 @@
 #include <bit>
 #include <stdexcept>
 
-#include "media/PictureLuma.h"
+#include "media/FrameLuma.h"
 
 namespace fovix_host {
 namespace {
@@ -16,8 +16,8 @@ class SpreadLook {
         : _reader(reader), _interrupted(interrupted) {}
 
     void lookAt(unsigned int pictures, LensFinder& finder) {
-        constexpr double longEnough = 60.0;  // seconds
-        for (unsigned int number = 1; number <= pictures && _reader.seconds() < longEnough; ++number) {
+        constexpr double kLongEnough = 60.0;  // seconds
+        for (unsigned int number = 1; number <= pictures && _reader.seconds() < kLongEnough; ++number) {
             const AVFrame* frame = _reader.next();
             if (_interrupted && _interrupted())
                 throw std::runtime_error("the search for the lens circle in '" + _reader.input() +
@@ -38,7 +38,7 @@ class SpreadLook {
 
     MediaReader& _reader;
     const MediaReader::Interrupted& _interrupted;
-    PicturePacker _packer;
+    FramePacker _packer;
 };
 
 }  // namespace
@@ -47,11 +47,11 @@ std::optional<FoundLens> findLens(const std::string& input, const MediaReader::I
     MediaReader reader(input, interrupted);
     LensFinder finder;
     SpreadLook look(reader, interrupted);
-    constexpr unsigned int inARow = 8, keyPictures = 32, live = 64;
-    look.lookAt(reader.isLive() ? live : inARow, finder);
+    constexpr unsigned int kInARow = 8, kKeyFrames = 32, kLive = 64;
+    look.lookAt(reader.isLive() ? kLive : kInARow, finder);
     if (!reader.isLive() && !reader.isStill()) {
-        reader.onlyKeyPictures();
-        look.lookAt(keyPictures, finder);
+        reader.onlyKeyFrames();
+        look.lookAt(kKeyFrames, finder);
     }
     return finder.result();
 }

@@ -139,8 +139,8 @@ std::optional<double> MediaReader::duration() const {
 double MediaReader::frameRate() const {
     const AVRational rate = av_guess_frame_rate(_format.get(), _format->streams[_stream], nullptr);
     const double perSecond = rate.num > 0 && rate.den > 0 ? av_q2d(rate) : 0.0;
-    constexpr double most = 1000;  // beyond it stand the time bases of inputs that declare no rate
-    return perSecond > 0 && perSecond <= most ? perSecond : 25.0;
+    constexpr double kMost = 1000;  // beyond it stand the time bases of inputs that declare no rate
+    return perSecond > 0 && perSecond <= kMost ? perSecond : 25.0;
 }
 
 bool MediaReader::isStill() const {
@@ -199,7 +199,7 @@ bool MediaReader::feedDecoder() {
 
 double MediaReader::dueTime() const {
     const std::int64_t stamp = _frame->best_effort_timestamp;
-    if (stamp == AV_NOPTS_VALUE) return _picturesRead == 0 ? 0.0 : _seconds + 1.0 / frameRate();
+    if (stamp == AV_NOPTS_VALUE) return _framesRead == 0 ? 0.0 : _seconds + 1.0 / frameRate();
     const std::int64_t start = stream().start_time == AV_NOPTS_VALUE ? 0 : stream().start_time;
     return static_cast<double>(stamp - start) * av_q2d(stream().time_base);
 }
@@ -210,7 +210,7 @@ bool MediaReader::receive() {
         const int result = avcodec_receive_frame(_codec.get(), _frame.get());
         if (result == 0) {
             _seconds = dueTime();
-            ++_picturesRead;
+            ++_framesRead;
             return true;
         }
         if (result == AVERROR_EOF) return false;
@@ -226,13 +226,13 @@ bool MediaReader::receive() {
 
 const AVFrame* MediaReader::next() {
     while (receive()) {
-        if (_seconds >= _notBefore - timeRounding) return _frame.get();
+        if (_seconds >= _notBefore - kTimeRounding) return _frame.get();
         if (_interrupted && _interrupted()) {
             _lost = true;
             return nullptr;
         }
     }
-    if (_picturesRead == 0 && _notBefore == 0) fail("holds no picture that can be decoded", _lastError);
+    if (_framesRead == 0 && _notBefore == 0) fail("holds no picture that can be decoded", _lastError);
     return nullptr;
 }
 

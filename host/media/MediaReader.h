@@ -14,7 +14,7 @@
 namespace fovix_host {
 
 // Times are rounded to the input's time base: what is early by no more than this, in seconds, is not early.
-inline constexpr double timeRounding = 0.0005;
+inline constexpr double kTimeRounding = 0.0005;
 
 // A stream or device that cannot be opened now, but perhaps later.
 struct InputUnreachable : std::runtime_error {
@@ -60,10 +60,10 @@ class MediaReader {
     void setHurry(bool hurry) { _codec->skip_frame = hurry ? AVDISCARD_NONREF : AVDISCARD_DEFAULT; }
 
     // From now on only pictures that can be decoded without others; quick to go through.
-    void onlyKeyPictures() { _codec->skip_frame = AVDISCARD_NONKEY; }
+    void onlyKeyFrames() { _codec->skip_frame = AVDISCARD_NONKEY; }
 
     const std::string& input() const { return _input; }
-    int picturesRead() const { return _picturesRead; }
+    int framesRead() const { return _framesRead; }
 
   private:
     void openInput();
@@ -83,7 +83,7 @@ class MediaReader {
     PacketOwner _packet;
     FrameOwner _frame;
     int _stream = -1;
-    int _picturesRead = 0;
+    int _framesRead = 0;
     int _lastError = 0;
     double _seconds = 0;
     double _notBefore = 0;  // pictures due earlier are passed over after a seek

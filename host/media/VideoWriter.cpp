@@ -12,10 +12,10 @@ extern "C" {
 namespace fovix_host {
 namespace {
 
-constexpr const char* preferredH264 = "libx264";
+constexpr const char* kPreferredH264 = "libx264";
 
 AVPixelFormat formatFor(VideoCodec codec) {
-    return codec == VideoCodec::h264 ? AV_PIX_FMT_YUV420P : AV_PIX_FMT_0RGB32;
+    return codec == VideoCodec::kH264 ? AV_PIX_FMT_YUV420P : AV_PIX_FMT_0RGB32;
 }
 
 bool takes(const AVCodec& encoder, AVPixelFormat wanted) {
@@ -37,7 +37,7 @@ FrameOwner makeFrame(AVPixelFormat format, int width, int height) {
 // The colours that players are told, and that the conversion to luma and chroma goes by.
 template <typename Coloured>
 void setColours(Coloured& coloured, VideoCodec codec) {
-    const bool isYuv = codec == VideoCodec::h264;
+    const bool isYuv = codec == VideoCodec::kH264;
     coloured.colorspace = isYuv ? AVCOL_SPC_BT709 : AVCOL_SPC_RGB;
     coloured.color_range = isYuv ? AVCOL_RANGE_MPEG : AVCOL_RANGE_JPEG;
     coloured.color_primaries = AVCOL_PRI_BT709;
@@ -78,18 +78,18 @@ void VideoWriter::openMuxer() {
         throw std::runtime_error("no video format is known for '" + _file.name() +
                                  "'; its name may end in .mp4 or .mkv");
     _muxer.reset(muxer);
-    constexpr int bufferSize = 1 << 16;
-    auto* buffer = static_cast<unsigned char*>(av_malloc(bufferSize));
+    constexpr int kBufferSize = 1 << 16;
+    auto* buffer = static_cast<unsigned char*>(av_malloc(kBufferSize));
     if (!buffer) throw std::bad_alloc();
-    muxer->pb = avio_alloc_context(buffer, bufferSize, 1, this, nullptr, writeBytes, seekTo);
+    muxer->pb = avio_alloc_context(buffer, kBufferSize, 1, this, nullptr, writeBytes, seekTo);
     if (!muxer->pb) av_free(buffer);
     if (!muxer->pb) throw std::bad_alloc();
 }
 
 void VideoWriter::openEncoder() {
-    const bool isH264 = _settings.codec == VideoCodec::h264;
+    const bool isH264 = _settings.codec == VideoCodec::kH264;
     if (isH264)
-        if (const AVCodec* preferred = avcodec_find_encoder_by_name(preferredH264))
+        if (const AVCodec* preferred = avcodec_find_encoder_by_name(kPreferredH264))
             if (tryEncoder(*preferred)) return;
     const AVCodecID wanted = isH264 ? AV_CODEC_ID_H264 : AV_CODEC_ID_FFV1;
     void* next = nullptr;
@@ -108,8 +108,8 @@ bool VideoWriter::tryEncoder(const AVCodec& encoder) {
     _codec->width = _settings.width;
     _codec->height = _settings.height;
     _codec->pix_fmt = format;
-    constexpr int mostDigits = 100000;  // keeps 30000/1001 as it is
-    _codec->framerate = av_d2q(_settings.frameRate, mostDigits);
+    constexpr int kMostDigits = 100000;  // keeps 30000/1001 as it is
+    _codec->framerate = av_d2q(_settings.frameRate, kMostDigits);
     _codec->time_base = av_inv_q(_codec->framerate);
     _codec->thread_count = 0;  // as many as there are processors
     setColours(*_codec, _settings.codec);

@@ -8,18 +8,18 @@
 #include <string>
 
 #include "image/RgbaImage.h"
+#include "media/FrameScaler.h"
 #include "media/MediaOwners.h"
-#include "media/PictureScaler.h"
 #include "output/OutputFile.h"
 
 namespace fovix_host {
 
-enum class VideoCodec { h264, ffv1 };
+enum class VideoCodec { kH264, kFfv1 };
 
 struct VideoSettings {
     int width = 0, height = 0;  // even for H.264
     double frameRate = 25;
-    VideoCodec codec = VideoCodec::h264;
+    VideoCodec codec = VideoCodec::kH264;
     int quality = 20;  // of H.264: from 0, the best, to 51
 };
 
@@ -57,7 +57,7 @@ class VideoWriter {
     CodecOwner _codec;
     FrameOwner _drawn, _encoded;  // RGBA, and what the encoder takes
     PacketOwner _packet;
-    PictureScaler _scaler;
+    FrameScaler _scaler;
 };
 
 }  // namespace fovix_host

@@ -14,14 +14,14 @@ namespace fovix_host {
 namespace {
 
 SampleScene::Camera parseCamera(const std::string& text) {
-    if (text.empty() || text == "ceiling") return SampleScene::Camera::ceiling;
-    if (text == "wall") return SampleScene::Camera::wall;
+    if (text.empty() || text == "ceiling") return SampleScene::Camera::kCeiling;
+    if (text == "wall") return SampleScene::Camera::kWall;
     refuse("--sample", text, "ceiling or wall, and no input besides");
 }
 
 LensCircle parseLens(const std::string& text) {
     const auto lens = lensIn(text);
-    if (!lens) refuse("--lens", text, lensWanted);
+    if (!lens) refuse("--lens", text, kLensWanted);
     const auto isBeyond = [&](int center, int length) {
         return center >= std::int64_t{lens->radius} + length;
     };
@@ -31,7 +31,7 @@ LensCircle parseLens(const std::string& text) {
 }
 
 std::string parseCameraName(const std::string& text) {
-    if (!isCameraName(text)) refuse("--camera", text, cameraNameWanted);
+    if (!isCameraName(text)) refuse("--camera", text, kCameraNameWanted);
     return text;
 }
 
@@ -62,7 +62,7 @@ void describeInputOptions(CommandLine& line, InputOptions& options) {
             options.sample = parseCamera(value);
             options.samplesDiffer = value.empty();
         },
-        CommandLine::Value::optional);
+        CommandLine::Value::kOptional);
     line.addText("--lens", "CX,CY,RADIUS,W,H", "lens circle and the size of its image [found]",
                  [&](const std::string& value) { options.lens = parseLens(value); });
     line.addText("--camera", "NAME", "keep the lens for next time, by this name",
@@ -76,7 +76,7 @@ void checkInputOptions(const InputOptions& options, const ViewOptions& view) {
         throw UsageError("--sample makes the input itself; give either " + quotedName(inputs.front()) +
                          " or --sample");
     const int count = static_cast<int>(inputs.size());
-    const int most = view.grid ? view.grid->rows * view.grid->columns : mostInputs;
+    const int most = view.grid ? view.grid->rows * view.grid->columns : kMaxInputs;
     if (count > 1 && !view.takesSeveralInputs())
         throw UsageError(quotedName(inputs[1]) + " is one input too many for --type " +
                          viewTypeName(view.type) + "; grid and lenses take several");

@@ -134,8 +134,8 @@ ViewOptions::LogicZoom parseLogicZoom(const std::string& text) {
 ViewOptions::Grid parseGrid(const std::string& text) {
     const auto numbers = numbersIn<int>(text, 'x');
     if (!numbers || numbers->size() != 2 || numbers->front() < 1 || numbers->back() < 1 ||
-        numbers->front() > mostInputs || numbers->back() > mostInputs ||
-        numbers->front() * numbers->back() > mostInputs)
+        numbers->front() > kMaxInputs || numbers->back() > kMaxInputs ||
+        numbers->front() * numbers->back() > kMaxInputs)
         refuse("--grid", text, "ROWSxCOLUMNS with at most 36 cells, for example 2x3");
     return {numbers->front(), numbers->back()};
 }
@@ -148,7 +148,7 @@ ViewOptions::SurfacePoint parsePoint(const std::string& text) {
 
 int parseLens(const std::string& text) {
     const auto lens = numberIn<int>(text);
-    if (!lens || *lens < 0 || *lens >= mostInputs) refuse("--show-lens", text, "a number from 0 to 35");
+    if (!lens || *lens < 0 || *lens >= kMaxInputs) refuse("--show-lens", text, "a number from 0 to 35");
     return *lens;
 }
 
@@ -156,15 +156,15 @@ int parseLens(const std::string& text) {
 
 void describeViewOptions(CommandLine& line, ViewTexts& texts, ViewOptionSet set) {
     line.addText("--type", "TYPE",
-                 set == ViewOptionSet::all ? "360, 180, original, korvel, grid, ... [original]"
-                                           : "360, 180, original, korvel, grid, ... [360]",
+                 set == ViewOptionSet::kAll ? "360, 180, original, korvel, grid, ... [original]"
+                                            : "360, 180, original, korvel, grid, ... [360]",
                  texts.type);
     line.addText("--mount", "MOUNT", "360: ceiling, wall, wall-inverted, floor", texts.mount);
     line.addText("--shape", "SHAPE", "360, 180: layout, such as four-screens", texts.shape);
     line.addText("--draw-mode", "MODE", "180: projection; pip: plain or inset", texts.drawMode);
     line.addText("--two-lenses", "MODE[,SCREEN]", "by-zoom, both, upper, lower", texts.twoLenses);
     line.addText("--logic-zoom", "MIN,MAX,DIV,Z", "two lenses: limits, threshold and zoom", texts.logicZoom);
-    if (set == ViewOptionSet::all) {
+    if (set == ViewOptionSet::kAll) {
         line.addTexts("--ptz", "VIEW", "360: SCREEN:PAN,TILT,ZOOM[,ROLL]; repeatable", texts.ptz);
         line.addTexts("--rotate-zoom", "VIEW", "other types: SCREEN:X,Y,Z,ZOOM; repeatable",
                       texts.rotateZoom);

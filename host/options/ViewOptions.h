@@ -12,7 +12,7 @@ namespace fovix_host {
 
 class CommandLine;
 
-constexpr int mostInputs = 36;  // of the grid and of the lenses
+constexpr int kMaxInputs = 36;  // of the grid and of the lenses
 
 // As the command line has them; empty where they are not given.
 struct ViewTexts {
@@ -52,12 +52,12 @@ struct ViewOptions {
 };
 
 enum class ViewOptionSet {
-    all,
-    layout  // without those that aim the view, where a person does that
+    kAll,
+    kLayout  // without those that aim the view, where a person does that
 };
 
 // The texts outlive the parsing.
-void describeViewOptions(CommandLine& line, ViewTexts& texts, ViewOptionSet set = ViewOptionSet::all);
+void describeViewOptions(CommandLine& line, ViewTexts& texts, ViewOptionSet set = ViewOptionSet::kAll);
 
 // Throws UsageError.
 ViewOptions readViewOptions(const ViewTexts& texts);

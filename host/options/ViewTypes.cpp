@@ -8,7 +8,7 @@
 namespace fovix_host {
 namespace {
 
-constexpr NamedCode typeTable[] = {
+constexpr NamedCode kTypeTable[] = {
     {"360", FOVIX_TYPE_360VR, "panorama of a camera on ceiling, wall or floor, with one to six screens"},
     {"180", FOVIX_TYPE_180VR, "half the surroundings, as disc, flat, cylinder or curved screen"},
     {"original", FOVIX_TYPE_ORIGINAL, "the camera's picture as it comes"},
@@ -20,14 +20,14 @@ constexpr NamedCode typeTable[] = {
     {"two-lenses", FOVIX_TYPE_TWO_LENSES, "a camera with two pictures in one, one above the other"},
 };
 
-constexpr NamedCode mountTable[] = {
+constexpr NamedCode kMountTable[] = {
     {"ceiling", FOVIX_MOUNT_CEILING, "camera looks down; all shapes"},
     {"wall", FOVIX_MOUNT_WALL, "camera looks ahead; single, bowl, strip, two-strips, overview-five"},
     {"wall-inverted", FOVIX_MOUNT_WALL_INVERTED, "camera looks ahead, hung upside down; single"},
     {"floor", FOVIX_MOUNT_FLOOR, "camera looks up; single"},
 };
 
-constexpr NamedShape shape360Table[] = {
+constexpr NamedShape kShape360Table[] = {
     {{"single", FOVIX_SHAPE_SINGLE, "one pan-tilt-zoom screen"}, 1, "0123"},
     {{"dome", FOVIX_SHAPE_DOME, "the hemisphere as a dome"}, 1, "0"},
     {{"bowl", FOVIX_SHAPE_BOWL, "the hemisphere as a bowl"}, 1, "01"},
@@ -42,7 +42,7 @@ constexpr NamedShape shape360Table[] = {
     {{"two-and-strip", FOVIX_SHAPE_TWO_AND_STRIP, "two screens above the strip"}, 2, "0"},
 };
 
-constexpr NamedShape shape180Table[] = {
+constexpr NamedShape kShape180Table[] = {
     {{"disc", FOVIX_SHAPE_SINGLE, "the lens disc"}},
     {{"cylinder", FOVIX_SHAPE_CYLINDER, "round a full cylinder, mirrored"}},
     {{"stretch", FOVIX_SHAPE_STRIP, "stretched flat"}},
@@ -50,26 +50,26 @@ constexpr NamedShape shape180Table[] = {
     {{"large-and-two", FOVIX_SHAPE_LARGE_AND_TWO, "a large screen above two small ones"}, 3},
 };
 
-constexpr NamedCode drawMode180Table[] = {
+constexpr NamedCode kDrawMode180Table[] = {
     {"disc", FOVIX_180_DISC, "the lens disc"},
     {"stretch", FOVIX_180_STRETCH, "stretched flat"},
     {"cylinder", FOVIX_180_CYLINDER, "round a full cylinder, mirrored"},
     {"curved", FOVIX_180_CURVED, "on a shallow curved screen"},
 };
 
-constexpr NamedCode insetTable[] = {
+constexpr NamedCode kInsetTable[] = {
     {"plain", 0, "without the inset"},
     {"inset", 3, "with the inset, on a square surface"},
 };
 
-constexpr NamedCode twoLensesTable[] = {
+constexpr NamedCode kTwoLensesTable[] = {
     {"by-zoom", FOVIX_TWO_LENSES_BY_ZOOM, "upper picture, and the lower one from a zoom threshold on"},
     {"both", FOVIX_TWO_LENSES_BOTH, "side by side, or the one screen named after a comma"},
     {"upper", FOVIX_TWO_LENSES_UPPER, "the upper picture alone"},
     {"lower", FOVIX_TWO_LENSES_LOWER, "the lower picture alone"},
 };
 
-constexpr NamedCode twoLensesScreenTable[] = {
+constexpr NamedCode kTwoLensesScreenTable[] = {
     {"both", FOVIX_TWO_LENSES_SCREEN_BOTH, "both pictures"},
     {"first", FOVIX_TWO_LENSES_SCREEN_FIRST, "the upper picture fills a wide surface"},
     {"second", FOVIX_TWO_LENSES_SCREEN_SECOND, "the lower picture fills a wide surface"},
@@ -86,46 +86,46 @@ void list(std::ostream& text, std::string_view heading, const Table& table) {
 }  // namespace
 
 std::span<const NamedCode> viewTypes() {
-    return typeTable;
+    return kTypeTable;
 }
 std::span<const NamedCode> cameraMounts() {
-    return mountTable;
+    return kMountTable;
 }
 std::span<const NamedShape> shapesOf360() {
-    return shape360Table;
+    return kShape360Table;
 }
 std::span<const NamedShape> shapesOf180() {
-    return shape180Table;
+    return kShape180Table;
 }
 std::span<const NamedCode> drawModesOf180() {
-    return drawMode180Table;
+    return kDrawMode180Table;
 }
 std::span<const NamedCode> drawModesOfInset() {
-    return insetTable;
+    return kInsetTable;
 }
 std::span<const NamedCode> twoLensesModes() {
-    return twoLensesTable;
+    return kTwoLensesTable;
 }
 std::span<const NamedCode> twoLensesScreens() {
-    return twoLensesScreenTable;
+    return kTwoLensesScreenTable;
 }
 
 std::string viewTypeName(int type) {
-    for (const NamedCode& row : typeTable)
+    for (const NamedCode& row : kTypeTable)
         if (row.code == type) return std::string(row.name);
     return std::to_string(type);
 }
 
 std::string namesToList() {
     std::ostringstream text;
-    list(text, "Display types (--type); any other number shows the picture as it comes", typeTable);
-    list(text, "Camera mounts (--mount, type 360)", mountTable);
-    list(text, "Shapes of type 360 (--shape)", shape360Table);
-    list(text, "Shapes of type 180 (--shape)", shape180Table);
-    list(text, "Draw modes of type 180 (--draw-mode)", drawMode180Table);
-    list(text, "Draw modes of type pip (--draw-mode)", insetTable);
-    list(text, "Draw modes of type two-lenses (--two-lenses)", twoLensesTable);
-    list(text, "Screens of the draw mode both (--two-lenses both,SCREEN)", twoLensesScreenTable);
+    list(text, "Display types (--type); any other number shows the picture as it comes", kTypeTable);
+    list(text, "Camera mounts (--mount, type 360)", kMountTable);
+    list(text, "Shapes of type 360 (--shape)", kShape360Table);
+    list(text, "Shapes of type 180 (--shape)", kShape180Table);
+    list(text, "Draw modes of type 180 (--draw-mode)", kDrawMode180Table);
+    list(text, "Draw modes of type pip (--draw-mode)", kInsetTable);
+    list(text, "Draw modes of type two-lenses (--two-lenses)", kTwoLensesTable);
+    list(text, "Screens of the draw mode both (--two-lenses both,SCREEN)", kTwoLensesScreenTable);
     return text.str();
 }
 

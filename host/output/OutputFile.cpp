@@ -17,7 +17,7 @@
 namespace fovix_host {
 namespace {
 
-constexpr mode_t readableByAll = 0666;  // less what the umask takes
+constexpr mode_t kReadableByAll = 0666;  // less what the umask takes
 
 std::string pathOf(int descriptor) {
     return "/proc/self/fd/" + std::to_string(descriptor);
@@ -53,12 +53,12 @@ void OutputFile::fail() const {
 
 void OutputFile::openDraft(Draft draft) {
     _isDraft = true;
-    if (draft == Draft::hidden || !openUnnamed()) openHidden();
+    if (draft == Draft::kHidden || !openUnnamed()) openHidden();
 }
 
 bool OutputFile::openUnnamed() {
     const char* folder = _folder.empty() ? "." : _folder.c_str();
-    _descriptor = open(folder, O_TMPFILE | O_RDWR | O_CLOEXEC, readableByAll);
+    _descriptor = open(folder, O_TMPFILE | O_RDWR | O_CLOEXEC, kReadableByAll);
     // Without /proc it could not get its name.
     if (_descriptor >= 0 && access(pathOf(_descriptor).c_str(), F_OK) == 0) return true;
     if (_descriptor >= 0) close(_descriptor);
@@ -68,7 +68,7 @@ bool OutputFile::openUnnamed() {
 
 void OutputFile::openHidden() {
     const std::string name = freeName();
-    _descriptor = open(name.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, readableByAll);
+    _descriptor = open(name.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, kReadableByAll);
     if (_descriptor < 0) fail();
     _hidden = name;
 }

@@ -12,11 +12,11 @@ namespace fovix_host {
 class OutputFile {
   public:
     // How it exists before it is whole; a file system without unnamed files gets a hidden one in any case.
-    enum class Draft { unnamed, hidden };
+    enum class Draft { kUnnamed, kHidden };
 
     // What exists and is no regular file, as a device, is written directly. All functions throw
     // std::runtime_error with a sentence that names the file.
-    explicit OutputFile(const std::string& name, Draft draft = Draft::unnamed);
+    explicit OutputFile(const std::string& name, Draft draft = Draft::kUnnamed);
     ~OutputFile();
     OutputFile(const OutputFile&) = delete;
     OutputFile& operator=(const OutputFile&) = delete;

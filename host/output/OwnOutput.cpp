@@ -30,7 +30,7 @@ OwnOutput::OwnOutput(Diagnostics diagnostics, Lines lines) : _lines(lines) {
     // Fails when standard output was closed: then lines go nowhere.
     _own = fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
     occupyStandardError();
-    if (diagnostics == Diagnostics::toStandardError) {
+    if (diagnostics == Diagnostics::kToStandardError) {
         dup2(STDERR_FILENO, STDOUT_FILENO);
         // Line by line, so that both kinds of messages come in their order.
         std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
@@ -57,7 +57,7 @@ void OwnOutput::write(const void* bytes, std::size_t count) {
 
 void OwnOutput::line(const std::string& text) {
     const std::string line = text + '\n';
-    if (_lines == Lines::toStandardError)
+    if (_lines == Lines::kToStandardError)
         std::fputs(line.c_str(), stderr);
     else if (_own >= 0)
         write(line.data(), line.size());

@@ -7,8 +7,8 @@
 
 namespace fovix_host {
 
-enum class Diagnostics { hidden, toStandardError };
-enum class Lines { toStandardOutput, toStandardError };
+enum class Diagnostics { kHidden, kToStandardError };
+enum class Lines { kToStandardOutput, kToStandardError };
 
 // Thrown when whoever reads standard output has closed it: not worth a word to the user. Needs SIGPIPE
 // ignored.
@@ -17,7 +17,7 @@ struct ReaderGone {};
 class OwnOutput {
   public:
     // Redirects descriptor 1 for the rest of the process.
-    explicit OwnOutput(Diagnostics diagnostics, Lines lines = Lines::toStandardOutput);
+    explicit OwnOutput(Diagnostics diagnostics, Lines lines = Lines::kToStandardOutput);
     ~OwnOutput();
     OwnOutput(const OwnOutput&) = delete;
     OwnOutput& operator=(const OwnOutput&) = delete;

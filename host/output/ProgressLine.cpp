@@ -28,9 +28,9 @@ std::string progressLine(int frames, int ofFrames, double secondsSoFar, int colu
     const std::string words = " " + std::to_string(static_cast<int>(done * 100)) + " %, frame " +
                               std::to_string(frames) + " of " + std::to_string(ofFrames) + ", " +
                               clockText(left) + " left";
-    constexpr std::size_t least = 10, most = 40, brackets = 2;
-    if (width < words.size() + brackets + least) return words.substr(1, width);
-    const std::size_t cells = std::min(most, width - words.size() - brackets);
+    constexpr std::size_t kLeast = 10, kMost = 40, kBrackets = 2;
+    if (width < words.size() + kBrackets + kLeast) return words.substr(1, width);
+    const std::size_t cells = std::min(kMost, width - words.size() - kBrackets);
     const auto filled = static_cast<std::size_t>(done * static_cast<double>(cells));
     return "[" + std::string(filled, '#') + std::string(cells - filled, '-') + "]" + words;
 }

@@ -9,15 +9,15 @@ namespace {
 
 class MediaFeed final : public Feed {
   public:
-    MediaFeed(const std::string& input, PicturePacker packer, MediaReader::Interrupted interrupted)
+    MediaFeed(const std::string& input, FramePacker packer, MediaReader::Interrupted interrupted)
         : _reader(input, std::move(interrupted)), _packer(std::move(packer)) {}
 
     std::optional<double> next() override {
         _frame = _reader.next();
         return _frame ? std::optional(_reader.seconds()) : std::nullopt;
     }
-    PackedPicture pack() override { return _packer.pack(*_frame); }
-    double pictureLength() const override { return 1 / _reader.frameRate(); }
+    PackedFrame pack() override { return _packer.pack(*_frame); }
+    double frameLength() const override { return 1 / _reader.frameRate(); }
     std::optional<double> duration() const override {
         return isStill() || _reader.isLive() ? std::nullopt : _reader.duration();
     }
@@ -30,37 +30,37 @@ class MediaFeed final : public Feed {
 
   private:
     MediaReader _reader;
-    PicturePacker _packer;
+    FramePacker _packer;
     const AVFrame* _frame = nullptr;
 };
 
 class SourceFeed final : public Feed {
   public:
-    explicit SourceFeed(PictureSource& source) : _source(source) {}
+    explicit SourceFeed(FrameSource& source) : _source(source) {}
 
     std::optional<double> next() override {
         const auto picture = _source.next();
         if (!picture) return std::nullopt;
         _picture = *picture;
-        return pictureLength() * _number++;
+        return frameLength() * _number++;
     }
-    PackedPicture pack() override { return _picture; }
-    double pictureLength() const override { return 1.0 / 25; }
+    PackedFrame pack() override { return _picture; }
+    double frameLength() const override { return 1.0 / 25; }
 
   private:
-    PictureSource& _source;
-    PackedPicture _picture;
+    FrameSource& _source;
+    PackedFrame _picture;
     double _number = 0;
 };
 
 }  // namespace
 
-std::unique_ptr<Feed> openMediaFeed(const std::string& input, PicturePacker packer,
+std::unique_ptr<Feed> openMediaFeed(const std::string& input, FramePacker packer,
                                     std::function<bool()> interrupted) {
     return std::make_unique<MediaFeed>(input, std::move(packer), std::move(interrupted));
 }
 
-std::unique_ptr<Feed> makeSourceFeed(PictureSource& source) {
+std::unique_ptr<Feed> makeSourceFeed(FrameSource& source) {
     return std::make_unique<SourceFeed>(source);
 }
 

@@ -6,8 +6,8 @@
 #include <optional>
 #include <string>
 
-#include "media/PicturePacker.h"
-#include "media/PictureSource.h"
+#include "media/FramePacker.h"
+#include "media/FrameSource.h"
 
 namespace fovix_host {
 
@@ -17,10 +17,10 @@ class Feed {
 
     // Decodes the next picture and tells its time in the input; nothing after the last one.
     virtual std::optional<double> next() = 0;
-    // The picture decoded last, valid until the next one is decoded. Throws what PicturePacker throws.
-    virtual PackedPicture pack() = 0;
+    // The picture decoded last, valid until the next one is decoded. Throws what FramePacker throws.
+    virtual PackedFrame pack() = 0;
 
-    virtual double pictureLength() const = 0;
+    virtual double frameLength() const = 0;
     virtual std::optional<double> duration() const { return std::nullopt; }
     virtual bool isStill() const { return false; }
     virtual bool isRealTime() const { return false; }
@@ -32,9 +32,9 @@ class Feed {
 };
 
 // Throws what MediaReader throws; asks interrupted as that does.
-std::unique_ptr<Feed> openMediaFeed(const std::string& input, PicturePacker packer,
+std::unique_ptr<Feed> openMediaFeed(const std::string& input, FramePacker packer,
                                     std::function<bool()> interrupted);
 // The source outlives the feed.
-std::unique_ptr<Feed> makeSourceFeed(PictureSource& source);
+std::unique_ptr<Feed> makeSourceFeed(FrameSource& source);
 
 }  // namespace fovix_host

@@ -5,15 +5,15 @@
 namespace fovix_host {
 namespace {
 
-constexpr double longestGap = 10;          // between two pictures; beyond it times have jumped
-constexpr double longestLength = 1;        // that a gap tells about the next one
-constexpr double longestWithout = 0.1;     // without any picture, however late they are
-constexpr double setAnewFrom = 1;          // the delay from which the clock is set anew
-constexpr double realTimeTolerance = 0.2;  // networks deliver unevenly
-constexpr double clockDrift = 0.001;       // between a camera's clock and ours, more than any has
-constexpr double mostAhead = 10;           // servers begin with what they have kept
-constexpr double catchingUp = 2;           // that long at a time
-constexpr int hurryFrom = 5;               // late pictures in a row
+constexpr double kLongestGap = 10;          // between two pictures; beyond it times have jumped
+constexpr double kLongestLength = 1;        // that a gap tells about the next one
+constexpr double kLongestWithout = 0.1;     // without any picture, however late they are
+constexpr double kSetAnewFrom = 1;          // the delay from which the clock is set anew
+constexpr double kRealTimeTolerance = 0.2;  // networks deliver unevenly
+constexpr double kClockDrift = 0.001;       // between a camera's clock and ours, more than any has
+constexpr double kMostAhead = 10;           // servers begin with what they have kept
+constexpr double kCatchingUp = 2;           // that long at a time
+constexpr int kHurryFrom = 5;               // late pictures in a row
 
 }  // namespace
 
@@ -24,29 +24,29 @@ void Pace::takeInRealTime(double step, double now) {
         _ahead += _due - now;
         _due = now;
     } else {
-        _due = std::min(now, _due + step * clockDrift);
-        _ahead -= std::min(_ahead, step * clockDrift);
+        _due = std::min(now, _due + step * kClockDrift);
+        _ahead -= std::min(_ahead, step * kClockDrift);
     }
-    _realTime = _ahead < mostAhead;
+    _realTime = _ahead < kMostAhead;
 }
 
 void Pace::take(double time, double now) {
     const double step = time - _time;
-    const bool jumped = step <= 0 || step > std::max(longestGap, 2 * _length);
+    const bool jumped = step <= 0 || step > std::max(kLongestGap, 2 * _length);
     _time = time;
-    if (_next == Next::atOnce || (_realTime && jumped)) {
+    if (_next == Next::kAtOnce || (_realTime && jumped)) {
         _due = _lastShown = now;
         _lateInRow = 0;
         _ahead = 0;
-    } else if (_next == Next::follows || jumped) {
+    } else if (_next == Next::kFollows || jumped) {
         _due += _length;
     } else if (_realTime) {
         takeInRealTime(step, now);
     } else {
         _due += step;
     }
-    if (_next == Next::byTime && !jumped && step <= longestLength) _length = step;
-    _next = Next::byTime;
+    if (_next == Next::kByTime && !jumped && step <= kLongestLength) _length = step;
+    _next = Next::kByTime;
     if (now < _due) {
         _lateInRow = 0;
         _hurried = false;
@@ -56,8 +56,8 @@ void Pace::take(double time, double now) {
 // A video that is a second behind plays slower instead. Of an input in real time, what piled up is caught up
 // with; where that brings nothing any more, its pictures come no earlier.
 bool Pace::isSetAnew(double late, double now) {
-    if (!_realTime) return late > setAnewFrom;
-    if (_lateInRow > 1 && now - _watchedSince < catchingUp) return false;
+    if (!_realTime) return late > kSetAnewFrom;
+    if (_lateInRow > 1 && now - _watchedSince < kCatchingUp) return false;
     const bool inVain = _lateInRow > 1 && late >= _lateThen;
     _watchedSince = now;
     _lateThen = late;
@@ -66,17 +66,17 @@ bool Pace::isSetAnew(double late, double now) {
 
 bool Pace::isWorthShowing(double now) {
     const double late = now - _due;
-    if (late <= (_realTime ? std::max(_length, realTimeTolerance) : _length)) {
+    if (late <= (_realTime ? std::max(_length, kRealTimeTolerance) : _length)) {
         _lateInRow = 0;
         if (_realTime) _hurried = false;
         return true;
     }
-    if (++_lateInRow >= hurryFrom) _hurried = true;
+    if (++_lateInRow >= kHurryFrom) _hurried = true;
     if (isSetAnew(late, now)) {
         _due = now;
         return true;
     }
-    return now - _lastShown >= longestWithout;
+    return now - _lastShown >= kLongestWithout;
 }
 
 void Pace::shown(double now) {

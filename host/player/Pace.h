@@ -13,9 +13,9 @@ class Pace {
     Pace(double length, bool realTime) : _length(length), _realTime(realTime) {}
 
     // The next picture is due as soon as it is there, whatever its time says: after a seek.
-    void restart() { _next = Next::atOnce; }
+    void restart() { _next = Next::kAtOnce; }
     // The next picture follows the last one, whatever its time says: when a video begins anew.
-    void follow() { _next = Next::follows; }
+    void follow() { _next = Next::kFollows; }
 
     // A picture with this time in the input has been decoded.
     void take(double time, double now);
@@ -36,13 +36,13 @@ class Pace {
     void goOn(double now);
 
   private:
-    enum class Next { byTime, follows, atOnce };
+    enum class Next { kByTime, kFollows, kAtOnce };
     void takeInRealTime(double step, double now);
     bool isSetAnew(double late, double now);
 
     double _length;
     bool _realTime;
-    Next _next = Next::atOnce;
+    Next _next = Next::kAtOnce;
     double _time = 0;       // of the picture in hand, in the input
     double _due = 0;        // and on the clock
     double _lastShown = 0;  // on the clock

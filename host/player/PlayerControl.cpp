@@ -6,7 +6,7 @@
 namespace fovix_host {
 namespace {
 
-constexpr double rateWindow = 1;  // seconds
+constexpr double kRateWindow = 1;  // seconds
 
 void forgetBefore(std::deque<double>& times, double start) {
     while (!times.empty() && times.front() < start) times.pop_front();
@@ -50,11 +50,11 @@ bool PlayerControl::seekBy(double seconds) {
 
 PlayerStatus PlayerControl::status() const {
     const std::lock_guard lock(_mutex);
-    forgetBefore(_shownAt, now() - rateWindow);
+    forgetBefore(_shownAt, now() - kRateWindow);
     PlayerStatus status = _status;
-    status.picturesPerSecond = static_cast<double>(_shownAt.size()) / rateWindow;
+    status.framesPerSecond = static_cast<double>(_shownAt.size()) / kRateWindow;
     status.position = _seek.value_or(status.position);
-    if (_paused && status.state == PlayerState::playing) status.state = PlayerState::paused;
+    if (_paused && status.state == PlayerState::kPlaying) status.state = PlayerState::kPaused;
     return status;
 }
 
@@ -93,15 +93,15 @@ void PlayerControl::update(const std::function<void(PlayerStatus&)>& change) {
     change(_status);
 }
 
-void PlayerControl::countShown(const PackedPicture& picture, double position) {
+void PlayerControl::countShown(const PackedFrame& picture, double position) {
     const std::lock_guard lock(_mutex);
     ++_status.shown;
-    _status.state = PlayerState::playing;
+    _status.state = PlayerState::kPlaying;
     _status.width = picture.width;
     _status.height = picture.height;
     _status.position = position;
     _shownAt.push_back(now());
-    forgetBefore(_shownAt, _shownAt.back() - rateWindow);
+    forgetBefore(_shownAt, _shownAt.back() - kRateWindow);
 }
 
 }  // namespace fovix_host

@@ -8,7 +8,7 @@
 #include <mutex>
 #include <optional>
 
-#include "media/PicturePacker.h"
+#include "media/FramePacker.h"
 #include "player/PlayerClock.h"
 #include "player/PlayerStatus.h"
 
@@ -41,7 +41,7 @@ class PlayerControl {
     // Only the end cuts this short.
     void sleep(double seconds);
     void update(const std::function<void(PlayerStatus&)>& change);
-    void countShown(const PackedPicture& picture, double position);
+    void countShown(const PackedFrame& picture, double position);
 
   private:
     bool seekLocked(double seconds);

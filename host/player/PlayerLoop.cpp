@@ -15,17 +15,17 @@
 namespace fovix_host {
 namespace {
 
-constexpr double forever = 3600;  // until a wish comes; then it is looked again
-constexpr double longestRetryWait = 10;
+constexpr double kForever = 3600;  // until a wish comes; then it is looked again
+constexpr double kLongestRetryWait = 10;
 
 // A pipe that nobody writes to holds its reader until a signal comes; then FFmpeg asks whether to go on.
 void interruptSystemCall(std::thread& thread) {
-    static const bool handled = [] {
+    static const bool kHandled = [] {
         struct sigaction nothing {};
         nothing.sa_handler = [](int) {};
         return sigaction(SIGURG, &nothing, nullptr) == 0;
     }();
-    if (handled) pthread_kill(thread.native_handle(), SIGURG);
+    if (kHandled) pthread_kill(thread.native_handle(), SIGURG);
 }
 
 }  // namespace
@@ -50,8 +50,8 @@ PlayerLoop::PlayerLoop(PlayerInput input, const PlayerSettings& settings, Player
 PlayerLoop::~PlayerLoop() {
     _control.end();
     // Again and again: a signal may come just before the call that it is to interrupt.
-    constexpr std::chrono::milliseconds patience(50);
-    for (const auto ended = _ended.get_future(); ended.wait_for(patience) != std::future_status::ready;)
+    constexpr std::chrono::milliseconds kPatience(50);
+    for (const auto ended = _ended.get_future(); ended.wait_for(kPatience) != std::future_status::ready;)
         interruptSystemCall(_thread);
     _thread.join();
 }
@@ -66,7 +66,7 @@ void PlayerLoop::run() {
         _feed.reset();
         say(problem.what());
         _control.update([](PlayerStatus& status) {
-            status.state = PlayerState::failed;
+            status.state = PlayerState::kFailed;
             status.seekable = false;
         });
     }
@@ -80,10 +80,9 @@ bool PlayerLoop::isInterrupted() {
 std::unique_ptr<Feed> PlayerLoop::openFeed() {
     _stalled = false;
     _waitingSince = _control.now();
-    if (const auto* source = std::get_if<std::unique_ptr<PictureSource>>(&_input))
+    if (const auto* source = std::get_if<std::unique_ptr<FrameSource>>(&_input))
         return makeSourceFeed(**source);
-    return openMediaFeed(std::get<std::string>(_input),
-                         PicturePacker(_settings.formats, _settings.mostAcross),
+    return openMediaFeed(std::get<std::string>(_input), FramePacker(_settings.formats, _settings.maxSide),
                          [this] { return isInterrupted(); });
 }
 
@@ -105,7 +104,7 @@ bool PlayerLoop::open() {
 }
 
 void PlayerLoop::begin() {
-    _pace.emplace(_feed->pictureLength(), _feed->isRealTime());
+    _pace.emplace(_feed->frameLength(), _feed->isRealTime());
     if (_paused) _pace->pause(_control.now());
     _inHand = _resting = _anyDecoded = false;
     _owed = true;
@@ -129,8 +128,8 @@ void PlayerLoop::begin() {
 void PlayerLoop::retryAfter(const std::string& problem) {
     if (_control.isEnding()) return;
     _feed.reset();
-    _retryWait = std::clamp(2 * _retryWait, 1.0, longestRetryWait);
-    _control.update([](PlayerStatus& status) { status.state = PlayerState::reconnecting; });
+    _retryWait = std::clamp(2 * _retryWait, 1.0, kLongestRetryWait);
+    _control.update([](PlayerStatus& status) { status.state = PlayerState::kReconnecting; });
     say(problem + "; trying again in " + std::to_string(std::lround(_retryWait)) + " s");
     _control.sleep(_retryWait);
 }
@@ -139,7 +138,7 @@ bool PlayerLoop::turn() {
     if (_control.isEnding()) return false;
     obey(_control.takeWishes());
     if (_resting || (_paused && !_owed && !_pace->isRealTime())) {
-        _control.wait(forever);
+        _control.wait(kForever);
         return true;
     }
     if (!_inHand && !decode()) return atEnd();
@@ -162,7 +161,7 @@ void PlayerLoop::obey(const PlayerControl::Wishes& wishes) {
 }
 
 void PlayerLoop::seek(double seconds) {
-    const double last = _feed->duration().value_or(0) - _feed->pictureLength();
+    const double last = _feed->duration().value_or(0) - _feed->frameLength();
     const double target = std::clamp(seconds, 0.0, std::max(last, 0.0));
     _backing = 0;
     if (lookFrom(target))
@@ -208,7 +207,7 @@ void PlayerLoop::present() {
 }
 
 void PlayerLoop::show() {
-    PackedPicture picture;
+    PackedFrame picture;
     try {
         picture = _feed->pack();
     } catch (const std::runtime_error& problem) {
@@ -225,7 +224,7 @@ void PlayerLoop::show() {
     _everShown = true;
     _owed = false;
     _sought.reset();
-    if (_feed->isStill()) rest(PlayerState::still);
+    if (_feed->isStill()) rest(PlayerState::kStill);
 }
 
 void PlayerLoop::drop() {
@@ -251,7 +250,7 @@ bool PlayerLoop::atEnd() {
     } else if (_paused) {
         _owed = false;
     } else if (!_control.wait(_pace->untilOver(_control.now()))) {
-        rest(PlayerState::ended);
+        rest(PlayerState::kEnded);
     }
     return true;
 }

@@ -107,9 +107,9 @@ class RawPipe final : public FrameOutput {
 std::unique_ptr<FrameOutput> openOutput(const RenderOptions& options, int frames, double frameRate,
                                         OwnOutput& out) {
     switch (options.output.kind) {
-        case OutputKind::video:
+        case OutputKind::kVideo:
             return std::make_unique<VideoFile>(options, frameRate, out);
-        case OutputKind::pipe:
+        case OutputKind::kPipe:
             return std::make_unique<RawPipe>(out);
         default:
             return std::make_unique<PngFiles>(options, frames, out);

@@ -7,14 +7,14 @@
 #include <stdexcept>
 #include <utility>
 
+#include "media/FrameLuma.h"
 #include "media/InputName.h"
 #include "media/LensInMedia.h"
-#include "media/PictureLuma.h"
 #include "setup/SampleInputs.h"
 #include "setup/ViewLayout.h"
 
 namespace fovix_host {
-Inputs::Inputs(const RenderOptions& options, const MediaDemands& demands)
+Inputs::Inputs(const RenderOptions& options, const MediaOptions& demands)
     : _options(options), _notify(demands.notify), _interrupted(demands.interrupted) {
     open(demands);
     for (std::size_t i = 0; i < _sources.size(); ++i) {
@@ -30,12 +30,12 @@ Inputs::Inputs(const RenderOptions& options, const MediaDemands& demands)
     sayMisfit();
 }
 
-void Inputs::open(MediaDemands demands) {
+void Inputs::open(MediaOptions demands) {
     const ViewOptions& view = _options.view;
     // The lenses take RGBA only, and the grid shows either RGBA or YUV in all of its cells.
-    demands.formats = view.takesSeveralInputs() ? PackedFormats::rgba : PackedFormats::all;
+    demands.formats = view.takesSeveralInputs() ? PackedFormats::kRgba : PackedFormats::kAll;
     for (const std::string& input : _options.input.inputs) _sources.push_back(openMedia(input, demands));
-    if (_options.start && motion() == Motion::still)
+    if (_options.start && motion() == Motion::kStill)
         throw UsageError("--start goes with a video, and " + quotedName(_options.input.inputs.front()) +
                          " is a single picture");
     for (auto& sample : openSamples(_options.input, view)) _sources.push_back(std::move(sample));
@@ -79,7 +79,7 @@ void Inputs::handIn(VRHANDLE view) const {
     }
 }
 
-void Inputs::setPicture(VRHANDLE view, int slot, const PackedPicture& picture) const {
+void Inputs::setPicture(VRHANDLE view, int slot, const PackedFrame& picture) const {
     if (_options.view.takesSeveralInputs())
         Fovix_Multi_SetRGBTexture(view, slot, picture.data, picture.size, picture.width, picture.height);
     else
@@ -102,7 +102,7 @@ bool Inputs::advance(int framesDrawn, int framesLeft) {
         clock < _sources.size() && _pictures[clock] ? _sources[clock]->seconds() : _seconds + 1 / frameRate();
     if (anyMoves || framesLeft > 0)
         for (const std::size_t slot : ended) sayEnded(slot, framesDrawn, framesLeft);
-    return anyMoves || motion() == Motion::still;
+    return anyMoves || motion() == Motion::kStill;
 }
 
 void Inputs::sayEnded(std::size_t slot, int framesDrawn, int framesLeft) const {
@@ -113,14 +113,14 @@ void Inputs::sayEnded(std::size_t slot, int framesDrawn, int framesLeft) const {
 }
 
 Motion Inputs::motion() const {
-    Motion motion = Motion::still;
+    Motion motion = Motion::kStill;
     for (const auto& source : _sources) motion = std::max(motion, source->motion());
     return motion;
 }
 
 // The first source that moves, else the first of all.
 std::size_t Inputs::leader() const {
-    const auto moves = [](const auto& source) { return source->motion() != Motion::still; };
+    const auto moves = [](const auto& source) { return source->motion() != Motion::kStill; };
     const auto found = std::find_if(_sources.begin(), _sources.end(), moves);
     return found == _sources.end() ? 0 : static_cast<std::size_t>(found - _sources.begin());
 }

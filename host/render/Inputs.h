@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "circle/LensChoice.h"
-#include "media/PictureSource.h"
+#include "media/FrameSource.h"
 #include "render/RenderOptions.h"
 
 namespace fovix_host {
@@ -18,13 +18,13 @@ class Inputs {
   public:
     // Reads the first picture of each; those of a file begin and fit as demanded. Throws std::runtime_error
     // with a sentence that names the input.
-    Inputs(const RenderOptions& options, const MediaDemands& demands);
+    Inputs(const RenderOptions& options, const MediaOptions& demands);
 
     // How many there are; none with a script that brings its own pictures.
     int count() const { return static_cast<int>(_sources.size()); }
     // The one given or found, else what fits the pictures and the type.
     const std::optional<LensCircle>& lens() const { return _lens; }
-    const std::optional<PackedPicture>& firstPicture() const { return _pictures.front(); }
+    const std::optional<PackedFrame>& firstPicture() const { return _pictures.front(); }
 
     void handIn(VRHANDLE view) const;
 
@@ -43,15 +43,15 @@ class Inputs {
     std::optional<LensCircle> chooseLens() const;
     LensChoice askForLens() const;
     void sayMisfit() const;
-    void open(MediaDemands demands);
+    void open(MediaOptions demands);
     std::size_t leader() const;
     void sayEnded(std::size_t slot, int framesDrawn, int framesLeft) const;
-    void setPicture(VRHANDLE view, int slot, const PackedPicture& picture) const;
+    void setPicture(VRHANDLE view, int slot, const PackedFrame& picture) const;
 
     const RenderOptions& _options;
-    std::vector<std::unique_ptr<PictureSource>> _sources;
-    std::vector<std::optional<PackedPicture>> _pictures;  // empty where the one before stays
-    int _width = 0, _height = 0;                          // of the first one
+    std::vector<std::unique_ptr<FrameSource>> _sources;
+    std::vector<std::optional<PackedFrame>> _pictures;  // empty where the one before stays
+    int _width = 0, _height = 0;                        // of the first one
     std::optional<LensCircle> _lens;
     double _seconds = 0;
     std::function<void(const std::string&)> _notify;

@@ -21,17 +21,17 @@ std::string endingOf(const std::string& name) {
 
 OutputKind parseKind(const std::string& name) {
     const std::string ending = endingOf(name);
-    if (name == "-") return OutputKind::pipe;
-    if (ending == ".png") return OutputKind::pictures;
+    if (name == "-") return OutputKind::kPipe;
+    if (ending == ".png") return OutputKind::kPictures;
     if (ending != ".mp4" && ending != ".mkv")
         refuse("--output", name,
                "a name that ends in .png, .mp4 or .mkv, or - for raw RGBA on standard output");
-    return OutputKind::video;
+    return OutputKind::kVideo;
 }
 
 VideoCodec parseCodec(const std::string& text) {
     if (text != "h264" && text != "ffv1") refuse("--codec", text, "h264 or ffv1");
-    return text == "h264" ? VideoCodec::h264 : VideoCodec::ffv1;
+    return text == "h264" ? VideoCodec::kH264 : VideoCodec::kFfv1;
 }
 
 int parseQuality(const std::string& text) {
@@ -65,7 +65,7 @@ void describeOutputOptions(CommandLine& line, OutputOptions& options) {
 }
 
 void checkOutputOptions(const OutputOptions& options, int width, int height) {
-    if (options.kind != OutputKind::video) {
+    if (options.kind != OutputKind::kVideo) {
         for (const auto& [option, given] : {std::pair{"--codec", options.codec.has_value()},
                                             std::pair{"--quality", options.quality.has_value()},
                                             std::pair{"--fps", options.frameRate.has_value()}})
@@ -74,7 +74,7 @@ void checkOutputOptions(const OutputOptions& options, int width, int height) {
                                  "; it goes with a video, .mp4 or .mkv");
         return;
     }
-    if (options.codec == VideoCodec::ffv1) {
+    if (options.codec == VideoCodec::kFfv1) {
         if (endingOf(options.name) == ".mp4")
             throw UsageError("--codec ffv1 does not fit -o " + options.name + "; it goes with .mkv");
         if (options.quality)

@@ -10,11 +10,11 @@ namespace fovix_host {
 
 class CommandLine;
 
-enum class OutputKind { pictures, video, pipe };
+enum class OutputKind { kPictures, kVideo, kPipe };
 
 struct OutputOptions {
     std::string name = "fovix.png";
-    OutputKind kind = OutputKind::pictures;
+    OutputKind kind = OutputKind::kPictures;
     std::optional<VideoCodec> codec;
     std::optional<int> quality;
     std::optional<double> frameRate;

@@ -50,13 +50,13 @@ Extent knownExtent(const RenderOptions& options, const Script& script, const Inp
         extent.seconds = *options.duration;
         return extent;
     }
-    const bool takesAll = options.output.kind != OutputKind::pictures && options.script.empty();
-    const bool isPicture = options.output.kind == OutputKind::pipe && inputs.motion() == Motion::still;
+    const bool takesAll = options.output.kind != OutputKind::kPictures && options.script.empty();
+    const bool isPicture = options.output.kind == OutputKind::kPipe && inputs.motion() == Motion::kStill;
     if (!takesAll || isPicture) {
         extent.frames = script.lastFrame();
-    } else if (inputs.motion() != Motion::ends) {
+    } else if (inputs.motion() != Motion::kEnds) {
         throw UsageError(nameOf(options.input) +
-                         (inputs.motion() == Motion::still ? " is a single picture" : " has no end") +
+                         (inputs.motion() == Motion::kStill ? " is a single picture" : " has no end") +
                          "; say with --frames or --duration how much of it to draw");
     }
     return extent;
@@ -72,11 +72,11 @@ Extent extentOf(const RenderOptions& options, const Script& script, const Inputs
 // For the progress bar; 0 where nobody knows.
 int expectedFrames(const Extent& extent, const Inputs& inputs) {
     if (extent.frames > 0) return extent.frames;
-    const bool ends = inputs.motion() == Motion::ends;
+    const bool ends = inputs.motion() == Motion::kEnds;
     const double seconds =
         ends ? std::min(extent.seconds, inputs.duration().value_or(extent.seconds)) : extent.seconds;
     const double frames = std::round(seconds * inputs.frameRate());
-    return frames <= mostFrames ? std::max(1, static_cast<int>(frames)) : 0;
+    return frames <= kMaxFrames ? std::max(1, static_cast<int>(frames)) : 0;
 }
 
 bool isWritten(const RenderOptions& options, int frame, bool isLast) {
@@ -94,14 +94,14 @@ void settle(VRHANDLE handle, const ViewOptions& options, const GlContext& gl) {
 }
 
 Reporter::Amount amountOf(const RenderOptions& options) {
-    return options.quiet     ? Reporter::Amount::nothing
-           : options.verbose ? Reporter::Amount::all
-                             : Reporter::Amount::notices;
+    return options.quiet     ? Reporter::Amount::kNothing
+           : options.verbose ? Reporter::Amount::kAll
+                             : Reporter::Amount::kNotices;
 }
 
 // Files and answers of scripts are listed while frames are drawn.
 bool listsMuch(const RenderOptions& options) {
-    return options.output.kind == OutputKind::pictures || !options.script.empty();
+    return options.output.kind == OutputKind::kPictures || !options.script.empty();
 }
 
 void describe(Reporter& reporter, const GlContext& gl, const Inputs& inputs) {
@@ -151,9 +151,9 @@ class RenderJob {
     }
 
   private:
-    MediaDemands demands(double start) {
-        MediaDemands demands;
-        demands.mostAcross = _gl.maxTextureSize();
+    MediaOptions demands(double start) {
+        MediaOptions demands;
+        demands.maxSide = _gl.maxTextureSize();
         demands.start = start;
         // What breaks off then is not the input's fault.
         demands.notify = [this](const std::string& text) {
@@ -175,7 +175,7 @@ class RenderJob {
     // Reads the next pictures, where there is another frame.
     bool goesOn(int frames) {
         if (_extent.frames == 0) {
-            return _inputs.advance(frames, 0) && _inputs.seconds() < _extent.seconds - timeRounding;
+            return _inputs.advance(frames, 0) && _inputs.seconds() < _extent.seconds - kTimeRounding;
         }
         if (frames == _extent.frames) return false;
         _inputs.advance(frames, _extent.frames - frames);
@@ -184,7 +184,7 @@ class RenderJob {
 
     void sayStopped(int written) {
         const std::string count = std::to_string(written) + (written == 1 ? " frame" : " frames");
-        const bool isVideo = _options.output.kind == OutputKind::video && written > 0;
+        const bool isVideo = _options.output.kind == OutputKind::kVideo && written > 0;
         _reporter.notice(stopText() + "; " +
                          (isVideo ? "'" + _options.output.name + "' holds " + count : "wrote " + count));
     }

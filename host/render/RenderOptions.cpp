@@ -14,7 +14,7 @@ namespace {
 
 int parseFrames(const std::string& text) {
     const auto frames = numberIn<int>(text);
-    if (!frames || *frames < 1 || *frames > mostFrames)
+    if (!frames || *frames < 1 || *frames > kMaxFrames)
         refuse("--frames", text, "a number from 1 to 1000000");
     return *frames;
 }
@@ -75,7 +75,7 @@ void checkFrames(const RenderOptions& options) {
         throw UsageError("--duration cannot be 0; it wants a time above");
     if (options.start && options.input.inputs.empty())
         throw UsageError("--start goes with a video as input; the sample and scripts have one beginning");
-    if (options.every != 1 && options.output.kind == OutputKind::video)
+    if (options.every != 1 && options.output.kind == OutputKind::kVideo)
         throw UsageError("--every does not fit -o " + options.output.name +
                          "; it goes with .png and with -, while a video takes every frame");
 }

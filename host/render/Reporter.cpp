@@ -19,7 +19,7 @@ int terminalColumns() {
 }  // namespace
 
 Reporter::Reporter(Amount amount, bool withBar)
-    : _amount(amount), _withBar(withBar && amount == Amount::notices && isatty(STDERR_FILENO) != 0) {}
+    : _amount(amount), _withBar(withBar && amount == Amount::kNotices && isatty(STDERR_FILENO) != 0) {}
 
 double Reporter::secondsSoFar() const {
     return std::chrono::duration<double>(Clock::now() - _begin).count();
@@ -31,11 +31,11 @@ void Reporter::say(const std::string& text) {
 }
 
 void Reporter::notice(const std::string& text) {
-    if (_amount != Amount::nothing) say(text);
+    if (_amount != Amount::kNothing) say(text);
 }
 
 void Reporter::detail(const std::string& text) {
-    if (_amount == Amount::all) say(text);
+    if (_amount == Amount::kAll) say(text);
 }
 
 void Reporter::progress(int frames, int ofFrames) {
@@ -45,8 +45,8 @@ void Reporter::progress(int frames, int ofFrames) {
     std::fprintf(stderr, "\r%s\033[K", progressLine(frames, ofFrames, now, terminalColumns() - 1).c_str());
     std::fflush(stderr);
     _barShown = true;
-    constexpr double pause = 0.2;
-    _nextBar = now + pause;
+    constexpr double kPause = 0.2;
+    _nextBar = now + kPause;
 }
 
 void Reporter::hideBar() {
@@ -55,7 +55,7 @@ void Reporter::hideBar() {
 }
 
 void Reporter::summary(int frames) {
-    if (frames < 2 && _amount != Amount::all) return;
+    if (frames < 2 && _amount != Amount::kAll) return;
     const double seconds = secondsSoFar();
     char text[100];
     std::snprintf(text, sizeof text, "%d %s in %.1f s, %.1f frames per second", frames,

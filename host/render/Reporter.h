@@ -9,7 +9,7 @@ namespace fovix_host {
 
 class Reporter {
   public:
-    enum class Amount { nothing, notices, all };
+    enum class Amount { kNothing, kNotices, kAll };
 
     // Lines that the program writes to the same terminal would end up in the bar: then there is none.
     Reporter(Amount amount, bool withBar);

@@ -74,8 +74,8 @@ void setViews(VRHANDLE handle, const ViewOptions& view) {
 
 int framesToSettle(const ViewOptions& view) {
     // The longest one slides two pictures beside each other in 88 frames.
-    constexpr int longest = 90;
-    return view.shape || view.twoLensesMode ? longest : 0;
+    constexpr int kLongest = 90;
+    return view.shape || view.twoLensesMode ? kLongest : 0;
 }
 
 }  // namespace fovix_host

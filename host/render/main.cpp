@@ -15,20 +15,20 @@
 
 namespace {
 
-constexpr int runTimeFailure = 1;
-constexpr int usageFailure = 2;
-constexpr int stopped = 128;  // and the signal, as shells have it
+constexpr int kRunTimeFailure = 1;
+constexpr int kUsageFailure = 2;
+constexpr int kStopped = 128;  // and the signal, as shells have it
 
 int complain(const std::exception& problem, int status) {
     const int signal = fovix_host::stopSignal();
     const std::string why = signal != 0 ? fovix_host::stopText() + ": " : "";
     std::fprintf(stderr, "fovix-render: %s%s\n", why.c_str(), problem.what());
-    return signal != 0 ? stopped + signal : status;
+    return signal != 0 ? kStopped + signal : status;
 }
 
 int run(const fovix_host::RenderOptions& options) {
     using namespace fovix_host;
-    const bool isPipe = options.output.kind == OutputKind::pipe;
+    const bool isPipe = options.output.kind == OutputKind::kPipe;
     if (isPipe && isatty(STDOUT_FILENO))
         throw UsageError(
             "standard output is a terminal; send the raw pictures of -o - into a pipe or a file");
@@ -36,13 +36,13 @@ int run(const fovix_host::RenderOptions& options) {
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
     catchStopSignals();
-    OwnOutput out(options.verbose ? Diagnostics::toStandardError : Diagnostics::hidden,
-                  isPipe ? Lines::toStandardError : Lines::toStandardOutput);
+    OwnOutput out(options.verbose ? Diagnostics::kToStandardError : Diagnostics::kHidden,
+                  isPipe ? Lines::kToStandardError : Lines::kToStandardOutput);
     if (options.findLens)
         printLens(options, out);
     else
         render(options, out);
-    return stopSignal() != 0 ? stopped + stopSignal() : 0;
+    return stopSignal() != 0 ? kStopped + stopSignal() : 0;
 }
 
 }  // namespace
@@ -54,10 +54,10 @@ int main(int argc, char** argv) {
     } catch (const TextWanted& wanted) {
         return print(wanted, "fovix-render");
     } catch (const ReaderGone&) {
-        return runTimeFailure;
+        return kRunTimeFailure;
     } catch (const UsageError& problem) {
-        return complain(problem, usageFailure);
+        return complain(problem, kUsageFailure);
     } catch (const std::exception& problem) {
-        return complain(problem, runTimeFailure);
+        return complain(problem, kRunTimeFailure);
     }
 }

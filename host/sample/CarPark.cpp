@@ -6,10 +6,10 @@
 namespace fovix_host {
 namespace {
 
-constexpr std::array<double, 4> pillarColumns{-8.75, -3.75, 3.75, 8.75};
-constexpr double pillarRow = 3.4;
-constexpr double pillarHalf = 0.25;
-constexpr double undersideOfBeams = 3.5;
+constexpr std::array<double, 4> kPillarColumns{-8.75, -3.75, 3.75, 8.75};
+constexpr double kPillarRow = 3.4;
+constexpr double kPillarHalf = 0.25;
+constexpr double kUndersideOfBeams = 3.5;
 
 // Where the ray leaves the hall, with the normal pointing back inside.
 Hit meetHall(const Ray& ray) {
@@ -19,9 +19,9 @@ Hit meetHall(const Ray& ray) {
         const double distance = ((direction > 0.0 ? high : low) - origin) / direction;
         if (distance < hit.distance) hit = {distance, axis * (direction > 0.0 ? -1.0 : 1.0)};
     };
-    face(ray.origin.x, ray.direction.x, -hallHalfLength, hallHalfLength, {1, 0, 0});
-    face(ray.origin.y, ray.direction.y, -hallHalfWidth, hallHalfWidth, {0, 1, 0});
-    face(ray.origin.z, ray.direction.z, 0.0, hallHeight, {0, 0, 1});
+    face(ray.origin.x, ray.direction.x, -kHallHalfLength, kHallHalfLength, {1, 0, 0});
+    face(ray.origin.y, ray.direction.y, -kHallHalfWidth, kHallHalfWidth, {0, 1, 0});
+    face(ray.origin.z, ray.direction.z, 0.0, kHallHeight, {0, 0, 1});
     return hit;
 }
 
@@ -36,18 +36,18 @@ Vec3 displayed(const Finish& finish, double light) {
 }  // namespace
 
 CarPark::CarPark() : _parked(parkedCars()) {
-    for (const double x : pillarColumns) {
-        for (const double y : {-pillarRow, pillarRow})
-            addBlock(Block::Kind::pillar, {x - pillarHalf, y - pillarHalf, 0},
-                     {x + pillarHalf, y + pillarHalf, undersideOfBeams});
-        addBlock(Block::Kind::beam, {x - 0.2, -hallHalfWidth, undersideOfBeams},
-                 {x + 0.2, hallHalfWidth, hallHeight});
+    for (const double x : kPillarColumns) {
+        for (const double y : {-kPillarRow, kPillarRow})
+            addBlock(Block::Kind::kPillar, {x - kPillarHalf, y - kPillarHalf, 0},
+                     {x + kPillarHalf, y + kPillarHalf, kUndersideOfBeams});
+        addBlock(Block::Kind::kBeam, {x - 0.2, -kHallHalfWidth, kUndersideOfBeams},
+                 {x + 0.2, kHallHalfWidth, kHallHeight});
     }
     for (const double x : {-10.0, -5.0, 0.0, 5.0, 10.0})
         for (const double y : {-1.8, 1.8})
-            addBlock(Block::Kind::lamp, {x - 0.9, y - 0.1, 3.42}, {x + 0.9, y + 0.1, 3.5});
-    addBlock(Block::Kind::pipe, {-hallHalfLength, -2.75, 3.36}, {hallHalfLength, -2.65, 3.46});
-    addBlock(Block::Kind::duct, {-hallHalfLength, 4.6, 3.3}, {hallHalfLength, 5.4, 3.5});
+            addBlock(Block::Kind::kLamp, {x - 0.9, y - 0.1, 3.42}, {x + 0.9, y + 0.1, 3.5});
+    addBlock(Block::Kind::kPipe, {-kHallHalfLength, -2.75, 3.36}, {kHallHalfLength, -2.65, 3.46});
+    addBlock(Block::Kind::kDuct, {-kHallHalfLength, 4.6, 3.3}, {kHallHalfLength, 5.4, 3.5});
 }
 
 void CarPark::addBlock(Block::Kind kind, Vec3 low, Vec3 high) {
@@ -55,7 +55,7 @@ void CarPark::addBlock(Block::Kind kind, Vec3 low, Vec3 high) {
 }
 
 void CarPark::showTraffic(int frame) {
-    const int clock = (frame % trafficPeriod + trafficPeriod) % trafficPeriod;
+    const int clock = (frame % kTrafficPeriod + kTrafficPeriod) % kTrafficPeriod;
     _moving = movingCars(clock);
     _walkers = {walkerAt(clock)};
 }
@@ -90,19 +90,19 @@ void CarPark::meetBlocks(const Ray& ray, Sight& sight) const {
         if (above || !passes(ray, block.bounds)) continue;
         if (!meets(ray, block.shape, sight.hit)) continue;
         switch (block.kind) {
-            case Block::Kind::pillar:
+            case Block::Kind::kPillar:
                 sight.finish = pillarFinish(ray.at(sight.hit.distance), sight.hit.normal);
                 break;
-            case Block::Kind::lamp:
+            case Block::Kind::kLamp:
                 sight.finish = {{0.9, 0.9, 0.85}, 1.0};
                 break;
-            case Block::Kind::beam:
+            case Block::Kind::kBeam:
                 sight.finish = {{0.42, 0.42, 0.41}};
                 break;
-            case Block::Kind::pipe:
+            case Block::Kind::kPipe:
                 sight.finish = {{0.45, 0.03, 0.02}};
                 break;
-            case Block::Kind::duct:
+            case Block::Kind::kDuct:
                 sight.finish = {{0.5, 0.53, 0.56}};
                 break;
         }
@@ -110,7 +110,7 @@ void CarPark::meetBlocks(const Ray& ray, Sight& sight) const {
 }
 
 void CarPark::meetTraffic(const Ray& ray, Sight& sight) const {
-    if (ray.direction.z >= 0.0 && ray.origin.z > trafficHeight) return;
+    if (ray.direction.z >= 0.0 && ray.origin.z > kTrafficHeight) return;
     for (const std::vector<Car>* cars : {&_parked, &_moving})
         for (const Car& car : *cars) car.meets(ray, sight);
     for (const Walker& walker : _walkers) walker.meets(ray, sight);
@@ -123,7 +123,7 @@ double CarPark::floorLight(Vec3 point) const {
             if (std::abs(point.x - car.x) < 3.5 && std::abs(point.y - car.y) < 3.5)
                 light = std::min(light, car.floorLight(point.x, point.y));
     for (const Walker& walker : _walkers) light = std::min(light, walker.floorLight(point.x, point.y));
-    const double toWall = std::min(hallHalfLength - std::abs(point.x), hallHalfWidth - std::abs(point.y));
+    const double toWall = std::min(kHallHalfLength - std::abs(point.x), kHallHalfWidth - std::abs(point.y));
     return light * (0.6 + 0.4 * std::min(1.0, toWall / 0.8));
 }
 

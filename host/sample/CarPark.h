@@ -26,7 +26,7 @@ class CarPark {
 
   private:
     struct Block {
-        enum class Kind { pillar, beam, lamp, pipe, duct } kind;
+        enum class Kind { kPillar, kBeam, kLamp, kPipe, kDuct } kind;
         double foot;  // height of its lower face
         Convex shape;
         Sphere bounds;

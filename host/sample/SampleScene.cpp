@@ -9,7 +9,7 @@
 namespace fovix_host {
 namespace {
 
-constexpr double degree = std::numbers::pi / 180.0;
+constexpr double kDegree = std::numbers::pi / 180.0;
 
 // Runs task(row) for each row, on all processors; rows do not depend on each other.
 template <typename Task>
@@ -31,9 +31,9 @@ void store(std::uint8_t* pixel, Vec3 colour) {
 }
 
 bool differ(const std::uint8_t* a, const std::uint8_t* b) {
-    constexpr int visible = 14;
-    return std::abs(a[0] - b[0]) > visible || std::abs(a[1] - b[1]) > visible ||
-           std::abs(a[2] - b[2]) > visible;
+    constexpr int kVisible = 14;
+    return std::abs(a[0] - b[0]) > kVisible || std::abs(a[1] - b[1]) > kVisible ||
+           std::abs(a[2] - b[2]) > kVisible;
 }
 
 // Whether the pixel stands out from one of its neighbours, that is, lies on an edge.
@@ -44,7 +44,7 @@ bool onEdge(const RgbaImage& image, int x, int y) {
            (y + 1 < image.height && differ(here, image.at(x, y + 1)));
 }
 
-PicturePoint middleOf(int x, int y) {
+FramePoint middleOf(int x, int y) {
     return {x + 0.5, y + 0.5};
 }
 
@@ -55,15 +55,15 @@ LensCircle circleFor(int width, int height) {
 
 }  // namespace
 
-PicturePoint project(const LensCircle& lens, CameraDirection direction) {
+FramePoint project(const LensCircle& lens, CameraDirection direction) {
     const double aside = std::hypot(direction.x, direction.y);
-    const double offAxis = std::atan2(aside, direction.z) / degree;
-    const double reach = aside > 0.0 ? lens.radius * offAxis / SampleScene::halfFieldOfView / aside : 0.0;
+    const double offAxis = std::atan2(aside, direction.z) / kDegree;
+    const double reach = aside > 0.0 ? lens.radius * offAxis / SampleScene::kHalfFieldOfView / aside : 0.0;
     return {lens.xCenter + direction.x * reach, lens.yCenter + direction.y * reach};
 }
 
 SampleScene::Pose SampleScene::poseOf(Camera camera) {
-    if (camera == Camera::wall) return {{-hallHalfLength + 0.2, 0, 3.0}, {0, -1, 0}, {0, 0, -1}, {1, 0, 0}};
+    if (camera == Camera::kWall) return {{-kHallHalfLength + 0.2, 0, 3.0}, {0, -1, 0}, {0, 0, -1}, {1, 0, 0}};
     return {{0, 0, 3.3}, {1, 0, 0}, {0, -1, 0}, {0, 0, -1}};
 }
 
@@ -75,29 +75,30 @@ CameraDirection SampleScene::toCamera(Vec3 place) const {
     return {dot(to, _pose.right), dot(to, _pose.down), dot(to, _pose.axis)};
 }
 
-std::optional<Ray> SampleScene::rayThrough(PicturePoint point) const {
+std::optional<Ray> SampleScene::rayThrough(FramePoint point) const {
     const double dx = point.x - _lens.xCenter, dy = point.y - _lens.yCenter;
     const double reach = std::hypot(dx, dy);
     if (reach > _lens.radius) return std::nullopt;
-    const double offAxis = reach / _lens.radius * halfFieldOfView * degree;
+    const double offAxis = reach / _lens.radius * kHalfFieldOfView * kDegree;
     const double aside = reach > 0.0 ? std::sin(offAxis) / reach : 0.0;
     const Vec3 direction =
         _pose.right * (dx * aside) + _pose.down * (dy * aside) + _pose.axis * std::cos(offAxis);
     return Ray{_pose.place, direction};
 }
 
-Vec3 SampleScene::lookAt(PicturePoint point) const {
+Vec3 SampleScene::lookAt(FramePoint point) const {
     const auto ray = rayThrough(point);
     return ray ? _carPark.look(*ray) : Vec3{};
 }
 
 // The mean of a raster of 3 by 3 lines of sight inside the pixel.
 Vec3 SampleScene::smoothed(int x, int y) const {
-    constexpr int raster = 3;
+    constexpr int kRaster = 3;
     Vec3 sum;
-    for (int i = 0; i < raster; ++i)
-        for (int j = 0; j < raster; ++j) sum = sum + lookAt({x + (i + 0.5) / raster, y + (j + 0.5) / raster});
-    return sum * (1.0 / (raster * raster));
+    for (int i = 0; i < kRaster; ++i)
+        for (int j = 0; j < kRaster; ++j)
+            sum = sum + lookAt({x + (i + 0.5) / kRaster, y + (j + 0.5) / kRaster});
+    return sum * (1.0 / (kRaster * kRaster));
 }
 
 void SampleScene::drawStill() {
@@ -153,9 +154,9 @@ SampleScene::Area SampleScene::areaOf(const Sphere& part) const {
     const double distance = length(towards);
     if (distance <= part.radius) return whole;
     // Across the radius the lens stretches small shapes by up to half of pi.
-    const double degrees = std::asin(part.radius / distance) / degree;
-    const double reach = 1.6 * degrees / halfFieldOfView * _lens.radius;
-    const PicturePoint centre = project(_lens, towards);
+    const double degrees = std::asin(part.radius / distance) / kDegree;
+    const double reach = 1.6 * degrees / kHalfFieldOfView * _lens.radius;
+    const FramePoint centre = project(_lens, towards);
     const auto pixel = [](double value, int most) {
         return static_cast<int>(std::clamp(value, 0.0, double(most)));
     };
@@ -173,10 +174,10 @@ const RgbaImage& SampleScene::picture(int frame) {
 
 std::vector<SampleScene::VisibleLandmark> SampleScene::visibleLandmarks() const {
     std::vector<VisibleLandmark> visible;
-    for (const Landmark& mark : landmarks) {
+    for (const Landmark& mark : kLandmarks) {
         const CameraDirection direction = toCamera(mark.centre);
-        const double offAxis = std::atan2(std::hypot(direction.x, direction.y), direction.z) / degree;
-        if (offAxis < halfFieldOfView) visible.push_back({mark.name, mark.colour, unit(direction)});
+        const double offAxis = std::atan2(std::hypot(direction.x, direction.y), direction.z) / kDegree;
+        if (offAxis < kHalfFieldOfView) visible.push_back({mark.name, mark.colour, unit(direction)});
     }
     return visible;
 }

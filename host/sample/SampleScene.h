@@ -17,17 +17,17 @@ namespace fovix_host {
 // A direction as the camera has it: x to the right and y down in the picture, z along the optical axis.
 using CameraDirection = Vec3;
 
-struct PicturePoint {
+struct FramePoint {
     double x = 0, y = 0;  // pixels from the left and top edge of the picture
 };
 
 // Where the lens shows a direction (of any length above 0).
-PicturePoint project(const LensCircle& lens, CameraDirection direction);
+FramePoint project(const LensCircle& lens, CameraDirection direction);
 
 class SampleScene {
   public:
-    enum class Camera { ceiling, wall };
-    static constexpr double halfFieldOfView = 85.0;
+    enum class Camera { kCeiling, kWall };
+    static constexpr double kHalfFieldOfView = 85.0;
 
     // Sizes are pixels, 16 or more each way.
     SampleScene(Camera camera, int width, int height);
@@ -56,8 +56,8 @@ class SampleScene {
     static Pose poseOf(Camera camera);
     CameraDirection toCamera(Vec3 place) const;
     Area areaOf(const Sphere& part) const;
-    std::optional<Ray> rayThrough(PicturePoint point) const;  // nothing outside the lens circle
-    Vec3 lookAt(PicturePoint point) const;
+    std::optional<Ray> rayThrough(FramePoint point) const;  // nothing outside the lens circle
+    Vec3 lookAt(FramePoint point) const;
     Vec3 smoothed(int x, int y) const;
     // One line of sight per pixel finds the edges; only those are looked at closely.
     void drawStill();

@@ -6,9 +6,9 @@
 namespace fovix_host {
 namespace {
 
-constexpr Vec3 roadWhite{0.75, 0.75, 0.72};
-constexpr Vec3 warningYellow{0.75, 0.52, 0.03};
-constexpr Vec3 nearlyBlack{0.02, 0.02, 0.022};
+constexpr Vec3 kRoadWhite{0.75, 0.75, 0.72};
+constexpr Vec3 kWarningYellow{0.75, 0.52, 0.03};
+constexpr Vec3 kNearlyBlack{0.02, 0.02, 0.022};
 
 bool within(double value, double low, double high) {
     return value >= low && value <= high;
@@ -45,40 +45,40 @@ double grain(double x, double y) {
 }
 
 // Bay numbers in a 3 by 5 raster, one octal digit per row from the top.
-constexpr std::array<int, 10> digits{075557, 026227, 071747, 071717, 055711,
-                                     074717, 074757, 071122, 075757, 075717};
+constexpr std::array<int, 10> kDigits{075557, 026227, 071747, 071717, 055711,
+                                      074717, 074757, 071122, 075757, 075717};
 
 bool digitCovers(int digit, double u, double v) {
     if (!within(u, 0.0, 0.999) || !within(v, 0.0, 0.999)) return false;
     const int row = static_cast<int>(v * 5.0);
     const int column = static_cast<int>(u * 3.0);
-    return (digits[static_cast<std::size_t>(digit)] >> (3 * (4 - row)) >> (2 - column)) & 1;
+    return (kDigits[static_cast<std::size_t>(digit)] >> (3 * (4 - row)) >> (2 - column)) & 1;
 }
 
 // The number at the mouth of each bay, to be read from the lane.
 bool bayNumberCovers(double x, double y) {
     const double towards = y > 0 ? 1.0 : -1.0;
-    const int bay = static_cast<int>(std::lround(x / bayWidth));
+    const int bay = static_cast<int>(std::lround(x / kBayWidth));
     if (bay == 0) return false;
     const int number = bay + 5 + (y > 0 ? 0 : 10);
-    const double u = (x - bay * bayWidth) * towards / 0.34;  // one digit is 0.34 m wide
-    const double v = (bayMouth + 0.85 - std::abs(y)) / 0.6;
+    const double u = (x - bay * kBayWidth) * towards / 0.34;  // one digit is 0.34 m wide
+    const double v = (kBayMouth + 0.85 - std::abs(y)) / 0.6;
     if (number < 10) return digitCovers(number, u + 0.5, v);
     return digitCovers(number / 10, u + 1.15, v) || digitCovers(number % 10, u - 0.15, v);
 }
 
 bool bayLineCovers(double x, double y) {
     const double across = std::abs(y);
-    const double reach = 4.5 * bayWidth;
-    if (across < bayMouth || std::abs(x) > reach + 0.06) return false;
-    return near(toNearest(x - bayWidth / 2, bayWidth), 0.0, 0.06);
+    const double reach = 4.5 * kBayWidth;
+    if (across < kBayMouth || std::abs(x) > reach + 0.06) return false;
+    return near(toNearest(x - kBayWidth / 2, kBayWidth), 0.0, 0.06);
 }
 
 // Zebra over the lane, hatching where it goes on between the bays.
 bool walkwayCovers(double x, double y) {
     if (std::abs(x) > 1.25) return false;
-    if (std::abs(y) < bayMouth - 0.2) return std::abs(x) < 1.1 && std::fmod(y + 20.0, 0.9) < 0.45;
-    return std::abs(y) >= bayMouth && std::fmod(x + std::abs(y) + 20.0, 1.2) < 0.22;
+    if (std::abs(y) < kBayMouth - 0.2) return std::abs(x) < 1.1 && std::fmod(y + 20.0, 0.9) < 0.45;
+    return std::abs(y) >= kBayMouth && std::fmod(x + std::abs(y) + 20.0, 1.2) < 0.22;
 }
 
 // Arrows of the two lanes: the southern one leads east, the northern one west.
@@ -101,7 +101,7 @@ bool doorCovers(double along, double z, double margin) {
 Finish gateFinish(double y, double z) {
     // A ramp into the dark behind a striped frame.
     if (std::abs(y) > 2.3 || z > 2.5)
-        return {std::fmod(y + z + 20.0, 0.5) < 0.25 ? warningYellow : nearlyBlack};
+        return {std::fmod(y + z + 20.0, 0.5) < 0.25 ? kWarningYellow : kNearlyBlack};
     const double depth = 0.05 + 0.10 * std::max(0.0, 1.0 - z / 1.2);
     return {{depth, depth, 1.1 * depth}};
 }
@@ -116,13 +116,13 @@ Finish doorFinish(double along, double z) {
 
 const Landmark* landmarkAt(Vec3 point) {
     const auto covered = [point](const Landmark& mark) {
-        constexpr double thickness = 1e-6;
-        return near(point.x, mark.centre.x, mark.halfSize.x + thickness) &&
-               near(point.y, mark.centre.y, mark.halfSize.y + thickness) &&
-               near(point.z, mark.centre.z, mark.halfSize.z + thickness);
+        constexpr double kThickness = 1e-6;
+        return near(point.x, mark.centre.x, mark.halfSize.x + kThickness) &&
+               near(point.y, mark.centre.y, mark.halfSize.y + kThickness) &&
+               near(point.z, mark.centre.z, mark.halfSize.z + kThickness);
     };
-    const auto found = std::find_if(landmarks.begin(), landmarks.end(), covered);
-    return found == landmarks.end() ? nullptr : &*found;
+    const auto found = std::find_if(kLandmarks.begin(), kLandmarks.end(), covered);
+    return found == kLandmarks.end() ? nullptr : &*found;
 }
 
 Finish floorFinish(Vec3 point) {
@@ -130,14 +130,14 @@ Finish floorFinish(Vec3 point) {
     const double wear = grain(x * 0.9, y * 0.9);
     if (bayLineCovers(x, y) || bayNumberCovers(x, y) || walkwayCovers(x, y) || arrowCovers(x, y) ||
         laneLineCovers(x, y))
-        return {roadWhite * (0.75 + 0.25 * wear)};
+        return {kRoadWhite * (0.75 + 0.25 * wear)};
     double grey = 0.16 + 0.07 * wear;
-    if (std::abs(y) < bayMouth) {
+    if (std::abs(y) < kBayMouth) {
         // Tyres have darkened two tracks of each lane.
         const double track = std::abs(std::abs(std::abs(y) - 1.5) - 0.75);
         grey *= 0.72 + 0.28 * std::min(1.0, track / 0.35);
     } else {
-        const double oil = std::hypot(x - bayWidth * std::round(x / bayWidth), std::abs(y) - 5.0);
+        const double oil = std::hypot(x - kBayWidth * std::round(x / kBayWidth), std::abs(y) - 5.0);
         grey *= 0.7 + 0.3 * std::min(1.0, oil / (0.25 + 0.6 * wear));
     }
     if (toNearest(x - 2.0, 4.0) < 0.02 || toNearest(y, 4.0) < 0.02) grey *= 0.7;
@@ -159,23 +159,23 @@ Finish wallFinish(Vec3 point, Vec3 normal) {
     if (!shortWall && std::abs(along) < 0.45 && within(point.z, 2.22, 2.44)) return {{0.02, 0.45, 0.12}, 0.8};
 
     // A white border sets each panel off.
-    for (const Landmark& mark : landmarks) {
-        const double toWall = (shortWall ? hallHalfLength : hallHalfWidth) + dot(normal, mark.centre);
+    for (const Landmark& mark : kLandmarks) {
+        const double toWall = (shortWall ? kHallHalfLength : kHallHalfWidth) + dot(normal, mark.centre);
         const bool beside =
             near(along, shortWall ? mark.centre.y : mark.centre.x, 0.88) && near(toWall, 0.0, 1e-6);
         if (beside && near(point.z, mark.centre.z, mark.halfSize.z + 0.08)) return {{0.8, 0.8, 0.8}};
     }
     const double wear = 0.92 + 0.08 * grain(along, point.z);
-    if (point.z < 0.15) return {nearlyBlack * 3.0};
+    if (point.z < 0.15) return {kNearlyBlack * 3.0};
     if (point.z < 1.0) return {Vec3{0.07, 0.16, 0.30} * wear};
-    if (point.z < 1.1) return {warningYellow * wear};
+    if (point.z < 1.1) return {kWarningYellow * wear};
     if (toNearest(along, 3.0) < 0.015 || near(point.z, 2.5, 0.012)) return {{0.3, 0.3, 0.29}};
     return {Vec3{0.52, 0.51, 0.48} * wear};
 }
 
 Finish pillarFinish(Vec3 point, Vec3 normal) {
     const double along = std::abs(normal.x) > 0.5 ? point.y : point.x;
-    if (point.z < 1.1) return {std::fmod(along + point.z + 40.0, 0.4) < 0.2 ? warningYellow : nearlyBlack};
+    if (point.z < 1.1) return {std::fmod(along + point.z + 40.0, 0.4) < 0.2 ? kWarningYellow : kNearlyBlack};
     return {{0.42, 0.42, 0.41}};
 }
 

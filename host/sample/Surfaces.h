@@ -10,11 +10,11 @@
 namespace fovix_host {
 
 // The hall's inner faces; the floor is z = 0.
-constexpr double hallHalfLength = 12.0;  // along x
-constexpr double hallHalfWidth = 8.0;    // along y
-constexpr double hallHeight = 4.0;
-constexpr double bayWidth = 2.5;
-constexpr double bayMouth = 3.2;  // the bays reach from here to the long walls
+constexpr double kHallHalfLength = 12.0;  // along x
+constexpr double kHallHalfWidth = 8.0;    // along y
+constexpr double kHallHeight = 4.0;
+constexpr double kBayWidth = 2.5;
+constexpr double kBayMouth = 3.2;  // the bays reach from here to the long walls
 
 // A square on the floor or a panel on a wall, lit from within: it shows exactly its colour.
 struct Landmark {
@@ -24,11 +24,11 @@ struct Landmark {
     Vec3 halfSize;  // zero across the surface that carries it
 };
 
-constexpr std::array<Landmark, 6> landmarks{{
-    {"red", {220, 30, 30}, {2.5, hallHalfWidth, 1.7}, {0.8, 0, 0.45}},
-    {"green", {30, 180, 60}, {hallHalfLength, 6.6, 1.45}, {0, 0.8, 0.4}},
-    {"blue", {40, 70, 220}, {-1.9, -hallHalfWidth, 1.7}, {0.8, 0, 0.45}},
-    {"yellow", {240, 210, 30}, {-hallHalfLength, -6.6, 1.45}, {0, 0.8, 0.4}},
+constexpr std::array<Landmark, 6> kLandmarks{{
+    {"red", {220, 30, 30}, {2.5, kHallHalfWidth, 1.7}, {0.8, 0, 0.45}},
+    {"green", {30, 180, 60}, {kHallHalfLength, 6.6, 1.45}, {0, 0.8, 0.4}},
+    {"blue", {40, 70, 220}, {-1.9, -kHallHalfWidth, 1.7}, {0.8, 0, 0.45}},
+    {"yellow", {240, 210, 30}, {-kHallHalfLength, -6.6, 1.45}, {0, 0.8, 0.4}},
     {"magenta", {210, 40, 190}, {-5.0, 0, 0}, {0.5, 0.5, 0}},
     {"cyan", {30, 200, 220}, {-4.6, -6.2, 0}, {0.7, 0.7, 0}},
 }};

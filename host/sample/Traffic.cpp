@@ -8,10 +8,11 @@ namespace fovix_host {
 namespace {
 
 // The car's own frame: x from boot to bonnet, y to the left, the middle of its foot at the origin.
-constexpr double carHalfLength = 2.15;
-constexpr double carHalfWidth = 0.88;
-const Convex carBody = frustum({-2.15, -0.88, 0.14}, {2.15, 0.88, 0}, {-2.08, -0.80, 0}, {2.02, 0.80, 0.86});
-const Convex carCabin = frustum({-1.85, -0.80, 0.86}, {0.95, 0.80, 0}, {-1.35, -0.64, 0}, {0.20, 0.64, 1.42});
+constexpr double kCarHalfLength = 2.15;
+constexpr double kCarHalfWidth = 0.88;
+const Convex kCarBody = frustum({-2.15, -0.88, 0.14}, {2.15, 0.88, 0}, {-2.08, -0.80, 0}, {2.02, 0.80, 0.86});
+const Convex kCarCabin =
+    frustum({-1.85, -0.80, 0.86}, {0.95, 0.80, 0}, {-1.35, -0.64, 0}, {0.20, 0.64, 1.42});
 
 Finish bodyFinish(Vec3 p, Vec3 normal, Vec3 paint) {
     if (normal.z > 0.9) {
@@ -50,8 +51,8 @@ bool Car::meets(const Ray& ray, Sight& sight) const {
     };
     const Ray local{toLocal(from), toLocal(ray.direction)};
     Hit hit = sight.hit;
-    const bool body = fovix_host::meets(local, carBody, hit);
-    const bool cabin = fovix_host::meets(local, carCabin, hit);
+    const bool body = fovix_host::meets(local, kCarBody, hit);
+    const bool cabin = fovix_host::meets(local, kCarCabin, hit);
     if (!body && !cabin) return false;
     const Vec3 place = local.at(hit.distance);
     sight.finish = cabin ? cabinFinish(place, hit.normal, paint) : bodyFinish(place, hit.normal, paint);
@@ -62,8 +63,8 @@ bool Car::meets(const Ray& ray, Sight& sight) const {
 
 double Car::floorLight(double floorX, double floorY) const {
     const double dx = floorX - x, dy = floorY - y;
-    const double along = std::max(0.0, std::abs(dx * forwardX + dy * forwardY) - carHalfLength + 0.1);
-    const double across = std::max(0.0, std::abs(dy * forwardX - dx * forwardY) - carHalfWidth + 0.1);
+    const double along = std::max(0.0, std::abs(dx * forwardX + dy * forwardY) - kCarHalfLength + 0.1);
+    const double across = std::max(0.0, std::abs(dy * forwardX - dx * forwardY) - kCarHalfWidth + 0.1);
     const double away = std::min(1.0, std::hypot(along, across) / 0.7);
     return 0.25 + 0.75 * away * (2.0 - away);
 }
@@ -123,7 +124,7 @@ std::vector<Car> parkedCars() {
 
 std::vector<Car> movingCars(int frame) {
     // From ramp to ramp at 2.5 m/s, out of the dark and into it again; frame 0 shows both on their way.
-    const auto travelled = [frame](int delay) { return 0.1 * ((frame + delay) % (trafficPeriod / 2)); };
+    const auto travelled = [frame](int delay) { return 0.1 * ((frame + delay) % (kTrafficPeriod / 2)); };
     return {
         Car{-15.0 + travelled(80), -1.5, 1, 0, {0.60, 0.60, 0.58}},
         Car{15.0 - travelled(95), 1.5, -1, 0, {0.05, 0.12, 0.42}},
@@ -132,10 +133,10 @@ std::vector<Car> movingCars(int frame) {
 
 Walker walkerAt(int frame) {
     // There and back along the zebra, which the cars have left by then.
-    constexpr int crossing = trafficPeriod / 2;
-    const int clock = (frame + 230) % trafficPeriod;
-    const bool north = clock < crossing;
-    const double walked = 0.05 * (clock % crossing);
+    constexpr int kCrossing = kTrafficPeriod / 2;
+    const int clock = (frame + 230) % kTrafficPeriod;
+    const bool north = clock < kCrossing;
+    const double walked = 0.05 * (clock % kCrossing);
     return {0.0, north ? -7.5 + walked : 7.5 - walked, north ? 1.0 : -1.0,
             std::sin(2.0 * std::numbers::pi * frame / 25.0)};
 }

@@ -40,7 +40,7 @@ std::vector<Car> parkedCars();
 // Positions at a frame, at 25 frames per second; they repeat every trafficPeriod frames.
 std::vector<Car> movingCars(int frame);
 Walker walkerAt(int frame);
-constexpr int trafficPeriod = 600;
-constexpr double trafficHeight = 1.9;  // nothing that drives or walks is taller
+constexpr int kTrafficPeriod = 600;
+constexpr double kTrafficHeight = 1.9;  // nothing that drives or walks is taller
 
 }  // namespace fovix_host

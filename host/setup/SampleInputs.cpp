@@ -5,25 +5,25 @@
 namespace fovix_host {
 namespace {
 
-constexpr int smallSampleSize = 640;  // one of several
-constexpr int samples = 4;            // where nothing tells how many
+constexpr int kSmallSampleSize = 640;  // one of several
+constexpr int kSamples = 4;            // where nothing tells how many
 
 using Camera = SampleScene::Camera;
 
 Camera otherThan(Camera camera) {
-    return camera == Camera::ceiling ? Camera::wall : Camera::ceiling;
+    return camera == Camera::kCeiling ? Camera::kWall : Camera::kCeiling;
 }
 
 int sampleCount(const ViewOptions& view) {
     if (view.grid) return view.grid->rows * view.grid->columns;
-    return std::max(samples, view.lensShown.value_or(0) + 1);
+    return std::max(kSamples, view.lensShown.value_or(0) + 1);
 }
 
 }  // namespace
 
-std::vector<std::unique_ptr<PictureSource>> openSamples(const InputOptions& input, const ViewOptions& view,
-                                                        int largest) {
-    std::vector<std::unique_ptr<PictureSource>> sources;
+std::vector<std::unique_ptr<FrameSource>> openSamples(const InputOptions& input, const ViewOptions& view,
+                                                      int largest) {
+    std::vector<std::unique_ptr<FrameSource>> sources;
     if (!input.sample) return sources;
     const Camera camera = *input.sample;
     if (view.type == FOVIX_TYPE_TWO_LENSES)
@@ -32,9 +32,9 @@ std::vector<std::unique_ptr<PictureSource>> openSamples(const InputOptions& inpu
         sources.push_back(openSample(camera, largest, largest));
     else
         for (int i = 0; i < sampleCount(view); ++i) {
-            constexpr int framesApart = 40;
+            constexpr int kFramesApart = 40;
             const Camera from = input.samplesDiffer && i % 2 == 1 ? otherThan(camera) : camera;
-            sources.push_back(openSample(from, smallSampleSize, smallSampleSize, i * framesApart));
+            sources.push_back(openSample(from, kSmallSampleSize, kSmallSampleSize, i * kFramesApart));
         }
     return sources;
 }

@@ -4,14 +4,14 @@
 #include <memory>
 #include <vector>
 
-#include "media/PictureSource.h"
+#include "media/FrameSource.h"
 #include "options/InputOptions.h"
 #include "options/ViewOptions.h"
 
 namespace fovix_host {
 
 // None without --sample. The largest size is that of a sample that stands alone.
-std::vector<std::unique_ptr<PictureSource>> openSamples(const InputOptions& input, const ViewOptions& view,
-                                                        int largest = sampleSize);
+std::vector<std::unique_ptr<FrameSource>> openSamples(const InputOptions& input, const ViewOptions& view,
+                                                      int largest = kSampleSize);
 
 }  // namespace fovix_host

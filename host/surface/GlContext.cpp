@@ -28,7 +28,7 @@ struct GlContext::Handles {
 
 namespace {
 
-constexpr const char* installHint =
+constexpr const char* kInstallHint =
     "; install a GL driver, on Debian the packages libegl1 and libgl1-mesa-dri (software rendering is "
     "enough)";
 
@@ -51,30 +51,30 @@ EGLDisplay openDisplay() {
             initialised(eglGetPlatformDisplay(EGL_PLATFORM_SURFACELESS_MESA, EGL_DEFAULT_DISPLAY, nullptr));
     if (display == EGL_NO_DISPLAY) display = initialised(eglGetDisplay(EGL_DEFAULT_DISPLAY));
     if (display == EGL_NO_DISPLAY)
-        throw std::runtime_error(std::string("no OpenGL: EGL finds no display") + installHint);
+        throw std::runtime_error(std::string("no OpenGL: EGL finds no display") + kInstallHint);
     return display;
 }
 
 EGLConfig chooseConfig(EGLDisplay display) {
-    constexpr EGLint wanted[] = {EGL_SURFACE_TYPE,
-                                 EGL_PBUFFER_BIT,
-                                 EGL_RENDERABLE_TYPE,
-                                 EGL_OPENGL_BIT,
-                                 EGL_RED_SIZE,
-                                 8,
-                                 EGL_GREEN_SIZE,
-                                 8,
-                                 EGL_BLUE_SIZE,
-                                 8,
-                                 EGL_DEPTH_SIZE,
-                                 24,
-                                 EGL_NONE};
+    constexpr EGLint kWanted[] = {EGL_SURFACE_TYPE,
+                                  EGL_PBUFFER_BIT,
+                                  EGL_RENDERABLE_TYPE,
+                                  EGL_OPENGL_BIT,
+                                  EGL_RED_SIZE,
+                                  8,
+                                  EGL_GREEN_SIZE,
+                                  8,
+                                  EGL_BLUE_SIZE,
+                                  8,
+                                  EGL_DEPTH_SIZE,
+                                  24,
+                                  EGL_NONE};
     EGLConfig config = nullptr;
     EGLint found = 0;
-    if (!eglBindAPI(EGL_OPENGL_API) || !eglChooseConfig(display, wanted, &config, 1, &found) || found < 1)
+    if (!eglBindAPI(EGL_OPENGL_API) || !eglChooseConfig(display, kWanted, &config, 1, &found) || found < 1)
         throw std::runtime_error(
             std::string("no OpenGL: the driver draws no off-screen surfaces with 8 bits per colour") +
-            installHint);
+            kInstallHint);
     return config;
 }
 
@@ -110,7 +110,7 @@ GlContext::GlContext(int width, int height)
     if (_egl->context == EGL_NO_CONTEXT ||
         !eglMakeCurrent(_egl->display, _egl->surface, _egl->surface, _egl->context))
         throw std::runtime_error(std::string("no OpenGL: the driver makes no desktop GL context") +
-                                 installHint);
+                                 kInstallHint);
     GLint most[2] = {0, 0};
     glGetIntegerv(GL_MAX_VIEWPORT_DIMS, most);
     if (width > most[0] || height > most[1]) failSize(width, height, most[0], most[1]);

@@ -17,9 +17,9 @@ namespace fovix_host {
 namespace {
 
 // How long a view may move after what happened without its angles telling: the longest change of a layout.
-constexpr double settles = 1.6;  // seconds
-constexpr double movesOn = 0.1;  // after its angles changed
-constexpr double numbersEvery = 0.5;
+constexpr double kSettles = 1.6;  // seconds
+constexpr double kMovesOn = 0.1;  // after its angles changed
+constexpr double kNumbersEvery = 0.5;
 
 std::string titleOf(const ViewerOptions& options) {
     if (options.input.inputs.empty()) return "sample - fovix-view";
@@ -39,7 +39,7 @@ Viewer::Viewer(const ViewerOptions& options, OwnOutput& out)
       _view(Fovix_Create),
       _shown(_view.handle(), options, _playback),
       _calls(
-          _view.handle(), [this]() -> Pictures& { return _playback->pictures(); }, _shown, _scale,
+          _view.handle(), [this]() -> FrameRelay& { return _playback->frames(); }, _shown, _scale,
           [this](const std::string& word) { say(word); }),
       _gestures(_calls),
       _overlay(Font::open()) {
@@ -68,12 +68,12 @@ int Viewer::run() {
 // Events
 
 int Viewer::waitMilliseconds() const {
-    constexpr int resting = 200;
+    constexpr int kResting = 200;
     const double now = secondsNow();
-    if (!_window.isVisible()) return resting;
+    if (!_window.isVisible()) return kResting;
     const bool moves = _drawWanted || _gestures.isWheelTurning() || now < _movesUntil;
     if (moves) return static_cast<int>(std::ceil(_clock.untilNext(now) * 1000));
-    return resting;
+    return kResting;
 }
 
 void Viewer::handleEvents() {
@@ -86,19 +86,19 @@ void Viewer::handleEvents() {
 }
 
 void Viewer::handle(const PointerEvent& event) {
-    const bool isHover = event.kind == PointerEvent::Kind::move && !_gestures.isDown();
+    const bool isHover = event.kind == PointerEvent::Kind::kMove && !_gestures.isDown();
     if (isHover) return;
-    const bool grasps = event.kind != PointerEvent::Kind::move && event.kind != PointerEvent::Kind::cancel;
+    const bool grasps = event.kind != PointerEvent::Kind::kMove && event.kind != PointerEvent::Kind::kCancel;
     if (grasps) _shown.stopCruise();
     _gestures.handle(event);
-    wake(settles);
+    wake(kSettles);
 }
 
 void Viewer::handle(const KeyEvent& event) {
     const Key* key = keyNamed(event.name);
     if (!key || (event.repeated && !key->repeats)) return;
     perform(*key);
-    wake(settles);
+    wake(kSettles);
 }
 
 void Viewer::handle(const DropEvent& event) {
@@ -114,17 +114,17 @@ void Viewer::handle(const DropEvent& event) {
     } catch (const std::exception& problem) {
         tell(problem.what());
     }
-    wake(settles);
+    wake(kSettles);
 }
 
 void Viewer::handle(const SensorEvent& event) {
     steerByAcceleration(_view.handle(), event.x, event.y);
-    wake(settles);
+    wake(kSettles);
 }
 
 void Viewer::handle(WindowEvent event) {
-    if (event == WindowEvent::quit) _quit = true;
-    if (event != WindowEvent::exposed) return;
+    if (event == WindowEvent::kQuit) _quit = true;
+    if (event != WindowEvent::kExposed) return;
     resize();  // what is waiting behind this event counts in the new size
     _drawWanted = true;
 }
@@ -133,22 +133,22 @@ void Viewer::handle(WindowEvent event) {
 
 void Viewer::perform(const Key& key) {
     switch (key.action) {
-        case Action::pause:
-        case Action::seek:
-        case Action::step:
+        case Action::kPause:
+        case Action::kSeek:
+        case Action::kStep:
             return performOnPlayback(key);
-        case Action::fullScreen:
+        case Action::kFullScreen:
             return _window.setFullScreen(!_window.isFullScreen());
-        case Action::screenshot:
+        case Action::kScreenshot:
             return saveScreenshot();
-        case Action::statistics:
+        case Action::kStatistics:
             _numbersShown = !_numbersShown;
             return updateNumbers();
-        case Action::help:
+        case Action::kHelp:
             return _overlay.toggleHelp();
-        case Action::leave:
+        case Action::kLeave:
             return leave();
-        case Action::quit:
+        case Action::kQuit:
             _quit = true;
             return;
         default:
@@ -157,18 +157,18 @@ void Viewer::perform(const Key& key) {
 }
 
 void Viewer::performOnView(const Key& key) {
-    const bool begins =
-        key.action != Action::cruise && key.action != Action::cruiseSpeed && key.action != Action::background;
+    const bool begins = key.action != Action::kCruise && key.action != Action::kCruiseSpeed &&
+                        key.action != Action::kBackground;
     if (begins) _gestures.forget();
     if (const std::string word = changeView(_shown, key); !word.empty()) say(word);
 }
 
 void Viewer::performOnPlayback(const Key& key) {
-    if (key.action == Action::pause) {
+    if (key.action == Action::kPause) {
         _playback->togglePause();
         return say(_playback->isPaused() ? "paused" : "playing");
     }
-    if (key.action == Action::step) return _playback->step();
+    if (key.action == Action::kStep) return _playback->step();
     if (!_playback->seekBy(key.amount)) return say("no other place to go to here");
     say(key.amount < 0 ? std::to_string(-key.amount) + " s back" : std::to_string(key.amount) + " s on");
 }
@@ -198,17 +198,17 @@ void Viewer::saveScreenshot() {
 // Following what is played
 
 void Viewer::followPlayback() {
-    if (_playback->pictures().takeNew()) _drawWanted = true;
-    if (const Pictures::Size size = _playback->pictures().size(); size != _pictureSize) {
+    if (_playback->frames().takeNew()) _drawWanted = true;
+    if (const FrameRelay::Size size = _playback->frames().size(); size != _pictureSize) {
         _pictureSize = size;
         _shown.applyLens();
         checkLens();
-        wake(settles);
+        wake(kSettles);
     }
     followLens();
     const bool ended = _playback->hasEnded();  // asked first: what it said last comes before it has ended
     for (const std::string& message : _playback->takeMessages()) tell(message);
-    if (_numbersShown && secondsNow() - _numbersSince >= numbersEvery) updateNumbers();
+    if (_numbersShown && secondsNow() - _numbersSince >= kNumbersEvery) updateNumbers();
     if (_options.keepOpen || !ended) return;
     _quit = true;
     if (_playback->hasFailed()) _status = 1;
@@ -221,7 +221,7 @@ void Viewer::followLens() {
         if (!choice->remark.empty()) warn(choice->remark);
         _shown.setLens(choice->lens);
         checkLens();
-        wake(settles);
+        wake(kSettles);
     } catch (const std::exception& problem) {
         tell(problem.what());
     }
@@ -241,8 +241,8 @@ void Viewer::updateNumbers() {
     const PlayerStatus status = _playback->status();
     char text[160];
     std::snprintf(text, sizeof text, "%dx%d   %.1f pictures/s   %ld dropped   %.0f frames/s   %.1f s",
-                  status.width, status.height, status.picturesPerSecond, _playback->dropped(),
-                  framesPerSecond, status.position);
+                  status.width, status.height, status.framesPerSecond, _playback->dropped(), framesPerSecond,
+                  status.position);
     _overlay.setNumbers(text);
 }
 
@@ -255,7 +255,7 @@ void Viewer::resize() {
     _scale = scale;
     Fovix_SetPPIZoom(scale.ppiZoom);
     Fovix_Init(_view.handle(), scale.width, scale.height);
-    wake(settles);
+    wake(kSettles);
 }
 
 void Viewer::draw() {
@@ -272,7 +272,7 @@ void Viewer::draw() {
     _window.present();
     ++_framesSince;
     _drawWanted = false;
-    if (_watch.hasMoved(_view.handle())) wake(movesOn);
+    if (_watch.hasMoved(_view.handle())) wake(kMovesOn);
 }
 
 // Steps that the display is too slow to show; a pixel of them is enough.
@@ -290,7 +290,7 @@ void Viewer::drawView() {
 
 void Viewer::say(const std::string& word) {
     _overlay.say(word, secondsNow());
-    wake(Overlay::wordSeconds);
+    wake(Overlay::kWordSeconds);
 }
 
 void Viewer::tell(const std::string& text) {

@@ -74,7 +74,7 @@ class Viewer {
     Overlay _overlay;
     StepClock _clock;
     ViewWatch _watch;
-    Pictures::Size _pictureSize;
+    FrameRelay::Size _pictureSize;
     double _movesUntil = 0;  // by itself, as far as is known
     bool _drawWanted = true;
     bool _numbersShown = false;

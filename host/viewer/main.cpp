@@ -12,8 +12,8 @@
 
 namespace {
 
-constexpr int runTimeFailure = 1;
-constexpr int usageFailure = 2;
+constexpr int kRunTimeFailure = 1;
+constexpr int kUsageFailure = 2;
 
 int complain(const std::exception& problem, int status) {
     std::fprintf(stderr, "fovix-view: %s\n", problem.what());
@@ -27,13 +27,13 @@ int main(int argc, char** argv) {
     signal(SIGPIPE, SIG_IGN);  // whoever reads the names of screenshots may go
     try {
         const ViewerOptions options = parseViewerOptions(argc, argv);
-        OwnOutput out(options.verbose ? Diagnostics::toStandardError : Diagnostics::hidden);
+        OwnOutput out(options.verbose ? Diagnostics::kToStandardError : Diagnostics::kHidden);
         return Viewer(options, out).run();
     } catch (const TextWanted& wanted) {
         return print(wanted, "fovix-view");
     } catch (const UsageError& problem) {
-        return complain(problem, usageFailure);
+        return complain(problem, kUsageFailure);
     } catch (const std::exception& problem) {
-        return complain(problem, runTimeFailure);
+        return complain(problem, kRunTimeFailure);
     }
 }

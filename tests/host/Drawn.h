@@ -34,9 +34,9 @@ inline void expectColour(Rgb seen, Rgb expected, int tolerance, const std::strin
 // That at(x, y) has the colours of a quadrant frame in the middle of each.
 template <typename At>
 void expectQuadrants(At at, int width, int height, bool full, int tolerance, int number = 0) {
-    for (std::size_t q = 0; q < quadrants.size(); ++q) {
-        Yuv colour = quadrants[q];
-        colour.y += lumaStep * number;
+    for (std::size_t q = 0; q < kQuadrants.size(); ++q) {
+        Yuv colour = kQuadrants[q];
+        colour.y += kLumaStep * number;
         expectColour(at((q % 2 ? 3 : 1) * width / 4, (q / 2 ? 3 : 1) * height / 4),
                      full ? fromFullRange(colour) : fromLimitedRange(colour), tolerance,
                      "quadrant " + std::to_string(q));

@@ -15,10 +15,10 @@ namespace {
 
 Rgb converted(double y, double pb, double pr) {
     // Weights of red and blue in luma.
-    constexpr double kr = 0.299, kb = 0.114, kg = 1.0 - kr - kb;
-    const double red = y + 2.0 * (1.0 - kr) * pr;
-    const double blue = y + 2.0 * (1.0 - kb) * pb;
-    const double green = (y - kr * red - kb * blue) / kg;
+    constexpr double kR = 0.299, kB = 0.114, kG = 1.0 - kR - kB;
+    const double red = y + 2.0 * (1.0 - kR) * pr;
+    const double blue = y + 2.0 * (1.0 - kB) * pb;
+    const double green = (y - kR * red - kB * blue) / kG;
     const auto byte = [](double value) {
         return static_cast<int>(std::lround(std::clamp(value, 0.0, 1.0) * 255.0));
     };
@@ -70,8 +70,8 @@ FrameOwner quadrantFrame(AVPixelFormat format, int width, int height, int number
         for (int y = 0; y < AV_CEIL_RSHIFT(height, downShift); ++y)
             for (int x = 0; x < AV_CEIL_RSHIFT(width, acrossShift); ++x) {
                 const bool right = (x << acrossShift) >= width / 2, low = (y << downShift) >= height / 2;
-                const Yuv colour = quadrants[(low ? 2u : 0u) + (right ? 1u : 0u)];
-                const int value = part == 0 ? colour.y + lumaStep * number : part == 1 ? colour.u : colour.v;
+                const Yuv colour = kQuadrants[(low ? 2u : 0u) + (right ? 1u : 0u)];
+                const int value = part == 0 ? colour.y + kLumaStep * number : part == 1 ? colour.u : colour.v;
                 std::uint8_t* to =
                     frame->data[at.plane] + y * frame->linesize[at.plane] + x * at.step + at.offset;
                 const int stored = value << (at.depth - 8);

@@ -18,8 +18,8 @@ struct Rgb {
 
 // The pictures of the tests: four quadrants, from the top left to the bottom right, brighter with each
 // frame by the same step of luma.
-constexpr std::array<Yuv, 4> quadrants{{{81, 90, 200}, {145, 60, 60}, {60, 200, 110}, {190, 100, 150}}};
-constexpr int lumaStep = 5;
+constexpr std::array<Yuv, 4> kQuadrants{{{81, 90, 200}, {145, 60, 60}, {60, 200, 110}, {190, 100, 150}}};
+constexpr int kLumaStep = 5;
 
 // BT.601, from the definition of luma and colour differences.
 Rgb fromLimitedRange(Yuv colour);

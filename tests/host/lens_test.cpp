@@ -16,8 +16,8 @@
 #include "circle/LensChoice.h"
 #include "circle/LensFinder.h"
 #include "circle/LensText.h"
+#include "media/FrameLuma.h"
 #include "media/LensInMedia.h"
-#include "media/PictureLuma.h"
 #include "media/PngWriter.h"
 #include "sample/SampleScene.h"
 
@@ -26,18 +26,18 @@ using namespace fovix_host;
 namespace {
 
 enum class Light {
-    day,     // bright and dark things up to the edge
-    bright,  // overexposed, with glare in the surround
-    half,    // one side is dark
-    night,   // a few lamps, most of the edge is dark
-    patch    // a lamp that passes along a part of the edge
+    kDay,     // bright and dark things up to the edge
+    kBright,  // overexposed, with glare in the surround
+    kHalf,    // one side is dark
+    kNight,   // a few lamps, most of the edge is dark
+    kPatch    // a lamp that passes along a part of the edge
 };
 
 struct Disc {
     const char* name;
     int width, height;
     double x, y, radius;
-    Light light = Light::day;
+    Light light = Light::kDay;
     double noise = 1;
     double rim = 1;           // brightness that vignetting leaves at the edge
     bool text = false;        // timestamp and logo in the surround
@@ -47,7 +47,7 @@ struct Disc {
 struct Plane {
     int width, height;
     std::vector<std::uint8_t> luma;
-    LumaView view() const { return {luma.data(), width, height, width, LumaView::Samples::luma}; }
+    LumaView view() const { return {luma.data(), width, height, width, LumaView::Samples::kLuma}; }
 };
 
 // What is in front of the camera, 0 to 255: patches of random brightness.
@@ -57,13 +57,13 @@ double sceneAt(const Disc& disc, double x, double y, int moment) {
         static_cast<unsigned int>(static_cast<int>(x / 37) * 71 + static_cast<int>(y / 29) * 113);
     const double patch = (block * 2654435761u >> 24) % 200;
     switch (disc.light) {
-        case Light::bright:
+        case Light::kBright:
             return 240;
-        case Light::half:
+        case Light::kHalf:
             return x - disc.x > 0.3 * (y - disc.y) ? 30 + patch : 0;
-        case Light::night:
+        case Light::kNight:
             return std::sin(11 * angle) > 0.7 ? 120 : 1;
-        case Light::patch:
+        case Light::kPatch:
             return std::cos(angle - 0.8 * moment) > 0.93 ? 150 : 1;
         default:
             return 30 + patch;
@@ -80,7 +80,7 @@ Plane drawn(const Disc& disc, int moment = 0) {
             const double inside = disc.radius - std::hypot(x - disc.x, y - disc.y);
             const double vignette = std::clamp(inside / (0.2 * disc.radius), disc.rim, 1.0);
             const double glare =
-                disc.light == Light::bright ? 45 * std::exp(inside / (0.1 * disc.radius)) : 0;
+                disc.light == Light::kBright ? 45 * std::exp(inside / (0.1 * disc.radius)) : 0;
             const double share = std::clamp(inside + 0.5, 0.0, 1.0);
             double luma = 16 + share * 0.9 * sceneAt(disc, x, y, moment) * vignette + (1 - share) * glare;
             const bool timestamp = row > 20 && row < 50 && column > 20 && column < 420 && column / 6 % 3;
@@ -120,13 +120,13 @@ TEST(LensFinder, FindsCirclesOfEveryKind) {
         {"cut off left and right", 1080, 1920, 529, 955, 905},
         {"cut off at the top", 1280, 1024, 640, 440, 520},
         {"only the corners are dark", 1280, 1280, 645, 637, 790},
-        {"overexposed, with glare", 1280, 1280, 640, 640, 600, Light::bright, 2},
-        {"one side dark", 1280, 1280, 640, 650, 590, Light::half, 2},
-        {"lamps at night", 1280, 1280, 655, 640, 600, Light::night, 2},
-        {"vignetting", 1280, 960, 650, 480, 450, Light::day, 2, 0.25, false, 0.01},
-        {"noise", 1280, 960, 650, 480, 450, Light::day, 12, 1, false, 0.01},
-        {"text and logo", 1920, 1080, 967, 551, 520, Light::day, 2, 1, true},
-        {"text and logo, cut off", 1920, 1080, 967, 551, 800, Light::day, 2, 1, true, 0.01},
+        {"overexposed, with glare", 1280, 1280, 640, 640, 600, Light::kBright, 2},
+        {"one side dark", 1280, 1280, 640, 650, 590, Light::kHalf, 2},
+        {"lamps at night", 1280, 1280, 655, 640, 600, Light::kNight, 2},
+        {"vignetting", 1280, 960, 650, 480, 450, Light::kDay, 2, 0.25, false, 0.01},
+        {"noise", 1280, 960, 650, 480, 450, Light::kDay, 12, 1, false, 0.01},
+        {"text and logo", 1920, 1080, 967, 551, 520, Light::kDay, 2, 1, true},
+        {"text and logo, cut off", 1920, 1080, 967, 551, 800, Light::kDay, 2, 1, true, 0.01},
     };
     for (const Disc& disc : discs) expectFound(findIn(drawn(disc)), disc);
 }
@@ -170,7 +170,7 @@ TEST(LensFinder, SeesNoCircleWhereThereIsNone) {
 }
 
 TEST(LensFinder, GathersLightFromSeveralPictures) {
-    const Disc disc{"", 960, 960, 470, 485, 450, Light::patch, 2};
+    const Disc disc{"", 960, 960, 470, 485, 450, Light::kPatch, 2};
     LensFinder finder;
     finder.add(drawn(disc).view());
     const auto early = finder.result();
@@ -194,25 +194,25 @@ TEST(LensFinder, TakesLumaFromEveryPixelFormat) {
                  {AV_PIX_FMT_GRAY8, true},   {AV_PIX_FMT_YUVJ444P, true}, {AV_PIX_FMT_YUYV422, false}};
     for (const auto& [format, hasLumaPlane] : cases) {
         const FrameOwner frame = quadrantFrame(format, 74, 50);
-        PicturePacker packer;
+        FramePacker packer;
         const auto plane = lumaOf(*frame);
         ASSERT_EQ(plane.has_value(), hasLumaPlane) << format;
         const LumaView packed = lumaOf(packer.pack(*frame));
-        for (std::size_t q = 0; q < quadrants.size(); ++q) {
+        for (std::size_t q = 0; q < kQuadrants.size(); ++q) {
             const double x = q % 2 ? 60 : 10, y = q / 2 ? 40 : 10;
             if (plane) {
-                EXPECT_NEAR(reduced(*plane, 2).at(x / 2, y / 2), quadrants[q].y, 1) << format;
+                EXPECT_NEAR(reduced(*plane, 2).at(x / 2, y / 2), kQuadrants[q].y, 1) << format;
             }
             // Limited-range frames of other formats go to the library as full-range RGBA.
             const double stretched = format == AV_PIX_FMT_YUYV422 ? 255.0 / 219.0 : 1.0;
             const double black = format == AV_PIX_FMT_YUYV422 ? 16 : 0;
-            EXPECT_NEAR(reduced(packed, 1).at(x, y), (quadrants[q].y - black) * stretched, 2) << format;
+            EXPECT_NEAR(reduced(packed, 1).at(x, y), (kQuadrants[q].y - black) * stretched, 2) << format;
         }
     }
 }
 
 TEST(LensInMedia, LooksAtMoreThanTheBeginningOfAVideo) {
-    const Disc disc{"", 640, 480, 330, 236, 220, Light::day, 2, 1, true, 0.01};
+    const Disc disc{"", 640, 480, 330, 236, 220, Light::kDay, 2, 1, true, 0.01};
     const Plane plane = drawn(disc);
     const auto darkAtFirst = [&](AVPixelFormat format, int width, int height, int number) {
         FrameOwner frame = quadrantFrame(format, width, height, number);
@@ -232,7 +232,7 @@ class CameraFiles : public testing::Test {
   protected:
     // Writes the sample's picture, and one without a lens circle.
     void SetUp() override {
-        SampleScene scene(SampleScene::Camera::ceiling, 400, 400);
+        SampleScene scene(SampleScene::Camera::kCeiling, 400, 400);
         writePng((testFolder() / "hall.png").string(), scene.picture(0));
         RgbaImage grey(200, 100);
         std::fill(grey.pixels.begin(), grey.pixels.end(), std::uint8_t{90});

@@ -92,8 +92,8 @@ TEST(MediaReader, PassesOverDamage) {
         MediaReader reader(fileInTest(name));
         while (reader.next()) {
         }
-        EXPECT_GT(reader.picturesRead(), 20) << name;
-        EXPECT_LE(reader.picturesRead(), 60) << name;
+        EXPECT_GT(reader.framesRead(), 20) << name;
+        EXPECT_LE(reader.framesRead(), 60) << name;
     }
 }
 

@@ -7,7 +7,7 @@
 #include "Drawn.h"
 #include "MediaFiles.h"
 #include "TestFiles.h"
-#include "media/PicturePacker.h"
+#include "media/FramePacker.h"
 #include "media/VideoWriter.h"
 #include "output/OutputFile.h"
 
@@ -24,15 +24,15 @@ auto entries() {
 }
 
 TEST(OutputFile, AppearsWhenItIsKeptAndOtherwiseLeavesNothing) {
-    constexpr auto ownersAlone = std::filesystem::perms::owner_read | std::filesystem::perms::owner_write;
+    constexpr auto kOwnersAlone = std::filesystem::perms::owner_read | std::filesystem::perms::owner_write;
     const std::vector<std::string> both{"link", "there"};
-    for (const auto draft : {OutputFile::Draft::unnamed, OutputFile::Draft::hidden})
+    for (const auto draft : {OutputFile::Draft::kUnnamed, OutputFile::Draft::kHidden})
         for (const char* name : {"there", "link", "fresh"}) {
             SCOPED_TRACE(name);
             const bool isFresh = name == std::string("fresh");
             for (const std::string& file : entries()) std::filesystem::remove(testFolder() / file);
             writeText(testFolder() / "there", "before");
-            std::filesystem::permissions(testFolder() / "there", ownersAlone);
+            std::filesystem::permissions(testFolder() / "there", kOwnersAlone);
             std::filesystem::create_symlink("there", testFolder() / "link");
             { OutputFile(fileInTest(name), draft).write("half", 4); }
             EXPECT_EQ(entries(), both);
@@ -47,7 +47,7 @@ TEST(OutputFile, AppearsWhenItIsKeptAndOtherwiseLeavesNothing) {
             EXPECT_EQ(readText(testFolder() / (isFresh ? "fresh" : "there")), "wail");
             EXPECT_EQ(entries().size(), isFresh ? 3u : 2u);
             EXPECT_TRUE(std::filesystem::is_symlink(testFolder() / "link"));
-            EXPECT_EQ(std::filesystem::status(testFolder() / "there").permissions(), ownersAlone);
+            EXPECT_EQ(std::filesystem::status(testFolder() / "there").permissions(), kOwnersAlone);
         }
 }
 
@@ -58,7 +58,7 @@ struct Film {
 };
 
 RgbaImage quadrantsOf(const VideoSettings& size, int number) {
-    PicturePacker packer(PackedFormats::rgba);
+    FramePacker packer(PackedFormats::kRgba);
     const FrameOwner frame = quadrantFrame(AV_PIX_FMT_YUV444P, size.width, size.height, number);
     RgbaImage image(size.width, size.height);
     std::copy_n(packer.pack(*frame).data, image.pixels.size(), image.pixels.begin());
@@ -66,10 +66,10 @@ RgbaImage quadrantsOf(const VideoSettings& size, int number) {
 }
 
 TEST(VideoWriter, KeepsSizeTimesAndColours) {
-    constexpr auto h264 = VideoCodec::h264;
+    constexpr auto kH264 = VideoCodec::kH264;
     for (const Film& film :
-         {Film{"a.mp4", {66, 34, 25, h264, 10}, 4}, Film{"b.mkv", {64, 48, 30000.0 / 1001, h264, 10}, 4},
-          Film{"c.mp4", {64, 48, 0.5, h264, 10}, 4}, Film{"d.mkv", {33, 21, 12.5, VideoCodec::ffv1}, 1}}) {
+         {Film{"a.mp4", {66, 34, 25, kH264, 10}, 4}, Film{"b.mkv", {64, 48, 30000.0 / 1001, kH264, 10}, 4},
+          Film{"c.mp4", {64, 48, 0.5, kH264, 10}, 4}, Film{"d.mkv", {33, 21, 12.5, VideoCodec::kFfv1}, 1}}) {
         SCOPED_TRACE(film.file);
         const std::vector<int> due{0, 1, 2, 5, 6, 10};  // a camera that stutters
         {
@@ -80,15 +80,15 @@ TEST(VideoWriter, KeepsSizeTimesAndColours) {
             writer.finish();
         }
         MediaReader reader(fileInTest(film.file));
-        PicturePacker packer(PackedFormats::rgba);
+        FramePacker packer(PackedFormats::kRgba);
         for (std::size_t i = 0; i < due.size(); ++i) {
             const AVFrame* frame = reader.next();
             ASSERT_TRUE(frame);
             EXPECT_NEAR(reader.seconds(), due[i] / film.settings.frameRate, 0.001);
-            const bool isYuv = film.settings.codec == h264;
+            const bool isYuv = film.settings.codec == kH264;
             EXPECT_EQ(frame->colorspace, isYuv ? AVCOL_SPC_BT709 : AVCOL_SPC_RGB);
             EXPECT_EQ(frame->color_range, isYuv ? AVCOL_RANGE_MPEG : AVCOL_RANGE_JPEG);
-            const PackedPicture packed = packer.pack(*frame);
+            const PackedFrame packed = packer.pack(*frame);
             ASSERT_EQ(packed.width, film.settings.width);
             ASSERT_EQ(packed.height, film.settings.height);
             const auto at = [&](int x, int y) {

@@ -1,7 +1,7 @@
-// PicturePacker against the layouts written out by hand: every sample of every plane, padded rows, odd
+// FramePacker against the layouts written out by hand: every sample of every plane, padded rows, odd
 // sizes, and colours worked out from the definition of luma and colour differences.
 
-#include "media/PicturePacker.h"
+#include "media/FramePacker.h"
 
 #include <gtest/gtest.h>
 
@@ -16,7 +16,7 @@ using namespace fovix_host;
 
 namespace {
 
-constexpr int rgba = 1, planar = 3, pairsUFirst = 9, pairsVFirst = 10;
+constexpr int kRgba = 1, kPlanar = 3, kPairsUFirst = 9, kPairsVFirst = 10;
 
 std::uint8_t sample(int plane, int row, int byte) {
     return static_cast<std::uint8_t>(31 * plane + 17 * row + 5 * byte + 1);
@@ -54,15 +54,15 @@ TightFrame tightFrame(AVPixelFormat format, int width, int height, int padding) 
     return {format, width, height, padding, {luma, {2 * quarter[0], quarter[1]}}};
 }
 
-void expectRows(const PackedPicture& packed, int from, int rows, int rowBytes, int plane) {
+void expectRows(const PackedFrame& packed, int from, int rows, int rowBytes, int plane) {
     for (int row = 0; row < rows; ++row)
         for (int byte = 0; byte < rowBytes; ++byte)
             ASSERT_EQ(packed.data[from + row * rowBytes + byte], sample(plane, row, byte))
                 << "plane " << plane << " row " << row << " byte " << byte;
 }
 
-TEST(PicturePacker, HandsOverTheDecodersBytesInTheLibrarysLayout) {
-    PicturePacker packer;
+TEST(FramePacker, HandsOverTheDecodersBytesInTheLibrarysLayout) {
+    FramePacker packer;
     for (const auto& [width, height] :
          std::vector<std::array<int, 2>>{{2, 2}, {6, 4}, {5, 4}, {6, 5}, {7, 3}, {33, 17}})
         for (const int padding : {0, 1, 27}) {
@@ -70,14 +70,14 @@ TEST(PicturePacker, HandsOverTheDecodersBytesInTheLibrarysLayout) {
             const int luma = width * height, quarter = luma / 4;
 
             const TightFrame colours = tightFrame(AV_PIX_FMT_RGBA, width, height, padding);
-            PackedPicture packed = packer.pack(colours.frame);
-            EXPECT_EQ(packed.pixelFormat, rgba);
+            PackedFrame packed = packer.pack(colours.frame);
+            EXPECT_EQ(packed.pixelFormat, kRgba);
             ASSERT_EQ(packed.size, 4 * luma);
             expectRows(packed, 0, height, 4 * width, 0);
 
             const TightFrame planes = tightFrame(AV_PIX_FMT_YUV420P, width, height, padding);
             packed = packer.pack(planes.frame);
-            EXPECT_EQ(packed.pixelFormat, planar);
+            EXPECT_EQ(packed.pixelFormat, kPlanar);
             EXPECT_EQ(packed.width, width);
             EXPECT_EQ(packed.height, height);
             ASSERT_EQ(packed.size, luma + 2 * quarter);
@@ -86,7 +86,7 @@ TEST(PicturePacker, HandsOverTheDecodersBytesInTheLibrarysLayout) {
             expectRows(packed, luma + quarter, height / 2, width / 2, 2);
 
             for (const auto& [format, code] :
-                 {std::pair{AV_PIX_FMT_NV12, pairsUFirst}, std::pair{AV_PIX_FMT_NV21, pairsVFirst}}) {
+                 {std::pair{AV_PIX_FMT_NV12, kPairsUFirst}, std::pair{AV_PIX_FMT_NV21, kPairsVFirst}}) {
                 const TightFrame pairs = tightFrame(format, width, height, padding);
                 packed = packer.pack(pairs.frame);
                 EXPECT_EQ(packed.pixelFormat, code);
@@ -97,19 +97,19 @@ TEST(PicturePacker, HandsOverTheDecodersBytesInTheLibrarysLayout) {
         }
 }
 
-TEST(PicturePacker, GivesLimitedRangeGreyNeutralChroma) {
-    PicturePacker packer;
+TEST(FramePacker, GivesLimitedRangeGreyNeutralChroma) {
+    FramePacker packer;
     TightFrame grey(AV_PIX_FMT_GRAY8, 7, 5, 2, {{{7, 5}}});
     grey.frame.color_range = AVCOL_RANGE_MPEG;
-    const PackedPicture packed = packer.pack(grey.frame);
-    EXPECT_EQ(packed.pixelFormat, planar);
+    const PackedFrame packed = packer.pack(grey.frame);
+    EXPECT_EQ(packed.pixelFormat, kPlanar);
     ASSERT_EQ(packed.size, 35 + 2 * 8);
     expectRows(packed, 0, 5, 7, 0);
     EXPECT_EQ(std::count(packed.data + 35, packed.data + packed.size, 128), 16);
 }
 
-TEST(PicturePacker, CopiesOnlyWhatIsNotYetInOneBlock) {
-    PicturePacker packer;
+TEST(FramePacker, CopiesOnlyWhatIsNotYetInOneBlock) {
+    FramePacker packer;
     std::vector<std::uint8_t> block(8 * 6 * 4);
     AVFrame frame{};
     frame.width = 8;
@@ -137,13 +137,13 @@ TEST(PicturePacker, CopiesOnlyWhatIsNotYetInOneBlock) {
     EXPECT_EQ(packer.pack(padded.frame).data, first) << "the buffer is reused";
 }
 
-TEST(PicturePacker, ReadsPicturesThatAreStoredBottomUp) {
+TEST(FramePacker, ReadsPicturesThatAreStoredBottomUp) {
     TightFrame stored = tightFrame(AV_PIX_FMT_RGBA, 5, 4, 6);
     AVFrame& frame = stored.frame;
     frame.data[0] += 3 * frame.linesize[0];
     frame.linesize[0] = -frame.linesize[0];
-    PicturePacker packer;
-    const PackedPicture packed = packer.pack(frame);
+    FramePacker packer;
+    const PackedFrame packed = packer.pack(frame);
     for (int row = 0; row < 4; ++row)
         EXPECT_EQ(packed.data[row * 20 + 2], sample(0, 3 - row, 2)) << "row " << row;
 }
@@ -154,7 +154,7 @@ struct Conversion {
     bool full;
 };
 
-void expectQuadrants(const PackedPicture& packed, bool full) {
+void expectQuadrants(const PackedFrame& packed, bool full) {
     const auto at = [&](int x, int y) {
         const unsigned char* pixel = packed.data + (y * packed.width + x) * 4;
         EXPECT_EQ(pixel[3], 255);
@@ -163,8 +163,8 @@ void expectQuadrants(const PackedPicture& packed, bool full) {
     ::expectQuadrants(at, packed.width, packed.height, full, 2);
 }
 
-TEST(PicturePacker, ConvertsOtherFormatsAndFullRangeToRgba) {
-    PicturePacker packer;
+TEST(FramePacker, ConvertsOtherFormatsAndFullRangeToRgba) {
+    FramePacker packer;
     for (const auto& [format, range, full] : {Conversion{AV_PIX_FMT_YUVJ420P, AVCOL_RANGE_UNSPECIFIED, true},
                                               Conversion{AV_PIX_FMT_YUV420P, AVCOL_RANGE_JPEG, true},
                                               Conversion{AV_PIX_FMT_YUVJ422P, AVCOL_RANGE_JPEG, true},
@@ -177,39 +177,39 @@ TEST(PicturePacker, ConvertsOtherFormatsAndFullRangeToRgba) {
             SCOPED_TRACE(testing::Message() << "format " << format << " range " << range << " " << width);
             const FrameOwner frame = quadrantFrame(format, width, height);
             frame->color_range = range;
-            const PackedPicture packed = packer.pack(*frame);
-            EXPECT_EQ(packed.pixelFormat, rgba);
+            const PackedFrame packed = packer.pack(*frame);
+            EXPECT_EQ(packed.pixelFormat, kRgba);
             ASSERT_EQ(packed.size, width * height * 4);
             expectQuadrants(packed, full);
         }
 }
 
-TEST(PicturePacker, ScalesPicturesThatAreTooLargeDown) {
+TEST(FramePacker, ScalesPicturesThatAreTooLargeDown) {
     struct Scaled {
         AVPixelFormat format;
         int width, height, newWidth, newHeight, packedFormat;
     };
-    for (const Scaled& s : {Scaled{AV_PIX_FMT_YUV420P, 64, 48, 32, 24, planar},
-                            Scaled{AV_PIX_FMT_YUV420P, 45, 61, 22, 32, planar},
-                            Scaled{AV_PIX_FMT_NV12, 64, 40, 32, 20, pairsUFirst},
-                            Scaled{AV_PIX_FMT_YUVJ422P, 33, 33, 32, 32, rgba},
-                            Scaled{AV_PIX_FMT_YUV420P, 32, 31, 32, 31, planar},
-                            Scaled{AV_PIX_FMT_YUV420P, 900, 2, 32, 2, planar},
-                            Scaled{AV_PIX_FMT_YUV444P, 1, 90, 1, 32, rgba}}) {
+    for (const Scaled& s : {Scaled{AV_PIX_FMT_YUV420P, 64, 48, 32, 24, kPlanar},
+                            Scaled{AV_PIX_FMT_YUV420P, 45, 61, 22, 32, kPlanar},
+                            Scaled{AV_PIX_FMT_NV12, 64, 40, 32, 20, kPairsUFirst},
+                            Scaled{AV_PIX_FMT_YUVJ422P, 33, 33, 32, 32, kRgba},
+                            Scaled{AV_PIX_FMT_YUV420P, 32, 31, 32, 31, kPlanar},
+                            Scaled{AV_PIX_FMT_YUV420P, 900, 2, 32, 2, kPlanar},
+                            Scaled{AV_PIX_FMT_YUV444P, 1, 90, 1, 32, kRgba}}) {
         SCOPED_TRACE(testing::Message() << s.format << " " << s.width << "x" << s.height);
         const FrameOwner frame = quadrantFrame(s.format, s.width, s.height);
-        const PackedPicture packed = PicturePacker(PackedFormats::all, 32).pack(*frame);
+        const PackedFrame packed = FramePacker(PackedFormats::kAll, 32).pack(*frame);
         EXPECT_EQ(packed.pixelFormat, s.packedFormat);
         EXPECT_EQ(packed.width, s.newWidth);
         EXPECT_EQ(packed.height, s.newHeight);
-        PicturePacker toRgba(PackedFormats::rgba, 32);
+        FramePacker toRgba(PackedFormats::kRgba, 32);
         if (s.width > 20 && s.height > 20)
             expectQuadrants(toRgba.pack(*frame), s.format == AV_PIX_FMT_YUVJ422P);
     }
 }
 
-TEST(PicturePacker, ConvertsGreyPalettesAndColours) {
-    PicturePacker packer;
+TEST(FramePacker, ConvertsGreyPalettesAndColours) {
+    FramePacker packer;
     struct Shade {
         AVPixelFormat format;
         AVColorRange range;
@@ -226,7 +226,7 @@ TEST(PicturePacker, ConvertsGreyPalettesAndColours) {
         frame->height = 7;
         ASSERT_EQ(av_frame_get_buffer(frame.get(), 0), 0);
         std::fill_n(frame->data[0], frame->linesize[0] * 7, static_cast<std::uint8_t>(shade.stored));
-        const PackedPicture packed = packer.pack(*frame);
+        const PackedFrame packed = packer.pack(*frame);
         for (int channel = 0; channel < 3; ++channel)
             EXPECT_NEAR(packed.data[(6 * 19 + 18) * 4 + channel], shade.shown, 1)
                 << "format " << shade.format;
@@ -238,15 +238,15 @@ TEST(PicturePacker, ConvertsGreyPalettesAndColours) {
     ASSERT_EQ(av_frame_get_buffer(indexed.get(), 0), 0);
     std::fill_n(indexed->data[0], indexed->linesize[0] * 8, std::uint8_t{3});
     reinterpret_cast<std::uint32_t*>(indexed->data[1])[3] = 0xFF204060u;
-    const PackedPicture packed = packer.pack(*indexed);
+    const PackedFrame packed = packer.pack(*indexed);
     EXPECT_EQ(std::vector<int>(packed.data, packed.data + 3), (std::vector<int>{0x20, 0x40, 0x60}));
 }
 
-TEST(PicturePacker, UsesTheMatrixOfThePicture) {
+TEST(FramePacker, UsesTheMatrixOfThePicture) {
     const FrameOwner frame = quadrantFrame(AV_PIX_FMT_YUV444P, 32, 32);
     frame->colorspace = AVCOL_SPC_BT709;
-    PicturePacker packer;
-    const PackedPicture packed = packer.pack(*frame);
+    FramePacker packer;
+    const PackedFrame packed = packer.pack(*frame);
     // Luma 81 and colour differences -38 and 72 in limited range, by the weights of BT.709.
     EXPECT_NEAR(packed.data[0], 1.1644 * 65 + 1.7927 * 72, 2);
     EXPECT_NEAR(packed.data[1], 1.1644 * 65 - 0.2132 * -38 - 0.5329 * 72, 2);
@@ -254,17 +254,17 @@ TEST(PicturePacker, UsesTheMatrixOfThePicture) {
 }
 
 // One pixel wide or high there is no chroma in the library's layout, but still a colour to show.
-TEST(PicturePacker, KeepsTheColourOfPicturesOnePixelWide) {
+TEST(FramePacker, KeepsTheColourOfPicturesOnePixelWide) {
     const FrameOwner frame = quadrantFrame(AV_PIX_FMT_YUV420P, 1, 8);
-    PicturePacker packer;
-    const PackedPicture packed = packer.pack(*frame);
-    ASSERT_EQ(packed.pixelFormat, rgba);
-    const Rgb expected = fromLimitedRange(quadrants[1]);
+    FramePacker packer;
+    const PackedFrame packed = packer.pack(*frame);
+    ASSERT_EQ(packed.pixelFormat, kRgba);
+    const Rgb expected = fromLimitedRange(kQuadrants[1]);
     EXPECT_NEAR(packed.data[0], expected.r, 2);
     EXPECT_NEAR(packed.data[2], expected.b, 2);
 }
 
-TEST(PicturePacker, RefusesWhatTheLibraryCannotTake) {
+TEST(FramePacker, RefusesWhatTheLibraryCannotTake) {
     std::uint8_t byte = 0;
     AVFrame frame{};
     frame.format = AV_PIX_FMT_RGBA;
@@ -273,14 +273,14 @@ TEST(PicturePacker, RefusesWhatTheLibraryCannotTake) {
          {std::pair{0, 4}, std::pair{4, -1}, std::pair{65536, 65536}, std::pair{23171, 23171}}) {
         frame.width = width;
         frame.height = height;
-        EXPECT_THROW(PicturePacker().pack(frame), std::runtime_error) << width << "x" << height;
+        EXPECT_THROW(FramePacker().pack(frame), std::runtime_error) << width << "x" << height;
     }
     frame.width = frame.height = 4;
     frame.data[0] = nullptr;
-    EXPECT_THROW(PicturePacker().pack(frame), std::runtime_error);
+    EXPECT_THROW(FramePacker().pack(frame), std::runtime_error);
     frame.data[0] = &byte;
     frame.format = AV_PIX_FMT_VAAPI;
-    EXPECT_THROW(PicturePacker().pack(frame), std::runtime_error);
+    EXPECT_THROW(FramePacker().pack(frame), std::runtime_error);
 }
 
 }  // namespace

@@ -6,7 +6,7 @@
 
 #include "Drawn.h"
 #include "ProgramRun.h"
-#include "media/PictureSource.h"
+#include "media/FrameSource.h"
 #include "output/ProgressLine.h"
 
 using namespace fovix_host;
@@ -17,7 +17,7 @@ using Words = std::vector<std::string>;
 
 // The luma of the lower left quadrant tells the number of a frame.
 int numberOf(int luma) {
-    return static_cast<int>(std::lround((luma - quadrants[2].y) / double{lumaStep}));
+    return static_cast<int>(std::lround((luma - kQuadrants[2].y) / double{kLumaStep}));
 }
 
 struct Numbered {
@@ -25,7 +25,7 @@ struct Numbered {
     const char* encoder;
 };
 
-TEST(PictureSource, StartsAtThePictureAskedForInEveryContainer) {
+TEST(FrameSource, StartsAtThePictureAskedForInEveryContainer) {
     for (const Numbered& made :
          {Numbered{"a.mp4", "libx264"}, Numbered{"a.mkv", "mpeg2video"}, Numbered{"a.ts", "mpeg2video"},
           Numbered{"b.ts", "libx264"}, Numbered{"a.avi", "mpeg4"}, Numbered{"a.h264", "libx264"}}) {
@@ -33,7 +33,7 @@ TEST(PictureSource, StartsAtThePictureAskedForInEveryContainer) {
         for (const auto& [start, first] : {std::pair{0.0, 0}, std::pair{0.04, 1}, std::pair{0.48, 12},
                                            std::pair{0.49, 13}, std::pair{1.16, 29}}) {
             SCOPED_TRACE(testing::Message() << made.file << " from " << start);
-            MediaDemands demands;
+            MediaOptions demands;
             demands.start = start;
             const auto source = openMedia(fileInTest(made.file), demands);
             for (int frame = first; frame < 30; ++frame) {
@@ -59,12 +59,12 @@ class RenderOutput : public testing::Test {
         EXPECT_EQ(run.output, file + "\n");
         std::vector<int> numbers;
         MediaReader reader(fileInTest(file));
-        PicturePacker packer(PackedFormats::rgba);
+        FramePacker packer(PackedFormats::kRgba);
         while (const AVFrame* frame = reader.next()) {
             const unsigned char* p = packer.pack(*frame).data + (24 * 32 + 8) * 4;
-            constexpr double greenStep = lumaStep * 255 / 219.0;
+            constexpr double kGreenStep = kLumaStep * 255 / 219.0;
             numbers.push_back(
-                static_cast<int>(std::lround((p[1] - fromLimitedRange(quadrants[2]).g) / greenStep)));
+                static_cast<int>(std::lround((p[1] - fromLimitedRange(kQuadrants[2]).g) / kGreenStep)));
         }
         return numbers;
     }
@@ -133,9 +133,9 @@ TEST_F(RenderOutput, IsPlayableWhenStoppedAndAbsentWhenKilled) {
         MediaReader reader(fileInTest("v.mp4"));
         while (reader.next()) {
         }
-        EXPECT_GE(reader.picturesRead(), 30);
+        EXPECT_GE(reader.framesRead(), 30);
         EXPECT_NE(run.errors.find(std::string("stopped by SIG") + signal + "; 'v.mp4' holds " +
-                                  std::to_string(reader.picturesRead()) + " frames\n"),
+                                  std::to_string(reader.framesRead()) + " frames\n"),
                   std::string::npos)
             << run.errors;
     }

@@ -47,12 +47,12 @@ struct LandmarkCase {
 };
 
 // The eye stands one unit before the hemisphere of radius 1.09, with a field of view of 90 degrees.
-PicturePoint inOverview(const Mark& mark) {
+FramePoint inOverview(const Mark& mark) {
     const double nearer = 1.09 / (1.0 + 1.09 * mark.direction.z);
     return {200 + 200 * nearer * mark.direction.x, 200 + 200 * nearer * mark.direction.y};
 }
 
-PicturePoint placeOf(const LandmarkCase& shown, const Mark& mark) {
+FramePoint placeOf(const LandmarkCase& shown, const Mark& mark) {
     if (!shown.place) return inOverview(mark);
     return {shown.place->x + shown.place->half * mark.x, shown.place->y + shown.place->half * mark.y};
 }
@@ -61,7 +61,7 @@ int landmarksFound(const Drawn& drawn, const LandmarkCase& shown) {
     const SampleScene scene(shown.camera, 1280, 1280);
     int found = 0;
     for (const auto& mark : scene.visibleLandmarks()) {
-        const PicturePoint inPicture = project(scene.lens(), mark.direction);
+        const FramePoint inPicture = project(scene.lens(), mark.direction);
         const auto [x, y] =
             placeOf(shown, {mark.direction, inPicture.x / 640.0 - 1.0, inPicture.y / 640.0 - 1.0});
         if (x < 2 || y < 2 || x > drawn.width() - 3 || y > drawn.height() - 3) continue;
@@ -73,24 +73,24 @@ int landmarksFound(const Drawn& drawn, const LandmarkCase& shown) {
 
 TEST(RenderTypes, ShowTheSamplesLandmarksWhereTheyBelong) {
     for (const LandmarkCase& shown :
-         {LandmarkCase{"--sample --type 360 --size 400x400", Camera::ceiling, 6, {}},
-          LandmarkCase{"--sample --type fisheye --size 800x400", Camera::ceiling, 6, {{400, 200, 200}}},
+         {LandmarkCase{"--sample --type 360 --size 400x400", Camera::kCeiling, 6, {}},
+          LandmarkCase{"--sample --type fisheye --size 800x400", Camera::kCeiling, 6, {{400, 200, 200}}},
           LandmarkCase{
-              "--sample --type grid --grid 1x2 --size 800x400", Camera::ceiling, 6, {{200, 200, 200}}},
-          LandmarkCase{"--sample --type grid --size 800x400", Camera::wall, 5, {{600, 100, 100}}},
+              "--sample --type grid --grid 1x2 --size 800x400", Camera::kCeiling, 6, {{200, 200, 200}}},
+          LandmarkCase{"--sample --type grid --size 800x400", Camera::kWall, 5, {{600, 100, 100}}},
           LandmarkCase{
-              "--sample --type lenses --show-lens 1 --size 400x400", Camera::wall, 5, {{200, 200, 200}}},
+              "--sample --type lenses --show-lens 1 --size 400x400", Camera::kWall, 5, {{200, 200, 200}}},
           // Both pictures are 0.49 times as wide as the surface, 1.004 of such halves off its middle.
           LandmarkCase{"--sample --type two-lenses --two-lenses both",
-                       Camera::ceiling,
+                       Camera::kCeiling,
                        6,
                        {{640 * (1 - 0.49196), 360, 0.49 * 360}}},
           LandmarkCase{
-              "--sample --type two-lenses --two-lenses both,second", Camera::wall, 5, {{640, 360, 360}}},
+              "--sample --type two-lenses --two-lenses both,second", Camera::kWall, 5, {{640, 360, 360}}},
           LandmarkCase{
-              "--sample --type two-lenses --logic-zoom 1,10,3,6", Camera::wall, 2, {{640, 360, 720}}},
+              "--sample --type two-lenses --logic-zoom 1,10,3,6", Camera::kWall, 2, {{640, 360, 720}}},
           // The inset: 0.6 times as wide as the surface, round (0.3, -0.7).
-          LandmarkCase{"--sample=wall --type pip --size 400x400", Camera::wall, 5, {{260, 340, 120}}}}) {
+          LandmarkCase{"--sample=wall --type pip --size 400x400", Camera::kWall, 5, {{260, 340, 120}}}}) {
         SCOPED_TRACE(shown.words);
         EXPECT_GE(landmarksFound(draw(wordsOf(shown.words)), shown), shown.atLeast);
     }
@@ -178,8 +178,8 @@ TEST_F(RenderSmall, OptionsSetTheViewsOfScreens) {
     const auto corner = [&](const char* view) {
         return draw({"in.mkv", "--type", "360", "--size", "64x64", "--ptz", view}).at(20, 20);
     };
-    expectColour(corner("0:90,0,90"), fromLimitedRange(quadrants[0]), 4, "as the camera has it");
-    expectColour(corner("0:270,0,90"), fromLimitedRange(quadrants[3]), 4, "half a turn further");
+    expectColour(corner("0:90,0,90"), fromLimitedRange(kQuadrants[0]), 4, "as the camera has it");
+    expectColour(corner("0:270,0,90"), fromLimitedRange(kQuadrants[3]), 4, "half a turn further");
 
     const Words four{"--type", "360", "--shape", "four-screens", "--size", "64x64"};
     const auto frameAt = [&](const Words& select, double x, double y) {
@@ -195,9 +195,9 @@ TEST_F(RenderSmall, OptionsSetTheViewsOfScreens) {
     // Two lenses above each other: the zoom says which half is seen, the offset where.
     const Drawn lower =
         draw({"in.mkv", "--type", "two-lenses", "--logic-zoom", "1,10,3,4", "--size", "64x64"});
-    expectColour(lower.at(5, 30), fromLimitedRange(quadrants[2]), 4, "left in the lower picture");
+    expectColour(lower.at(5, 30), fromLimitedRange(kQuadrants[2]), 4, "left in the lower picture");
     const Drawn moved = draw({"in.mkv", "--rotate-zoom", "0:0,180,0,1", "--size", "64x64"});
-    expectColour(moved.at(10, 10), fromLimitedRange(quadrants[1]), 4, "moved left by half its width");
+    expectColour(moved.at(10, 10), fromLimitedRange(kQuadrants[1]), 4, "moved left by half its width");
 }
 
 TEST_F(RenderSmall, RefusesWhatDoesNotFit) {

@@ -14,13 +14,13 @@ using namespace fovix_host;
 namespace {
 
 using Camera = SampleScene::Camera;
-constexpr double pi = 3.14159265358979323846;
+constexpr double kPi = 3.14159265358979323846;
 
 // radius per angle is constant: 85 degrees off the axis lie on the rim.
 std::pair<double, double> equidistant(const LensCircle& lens, Vec3 direction) {
     const double angle = std::acos(direction.z / std::sqrt(dot(direction, direction)));
     const double turn = std::atan2(direction.y, direction.x);
-    const double reach = lens.radius * angle / (85.0 * pi / 180.0);
+    const double reach = lens.radius * angle / (85.0 * kPi / 180.0);
     return {lens.xCenter + reach * std::cos(turn), lens.yCenter + reach * std::sin(turn)};
 }
 
@@ -30,7 +30,7 @@ bool similar(const std::uint8_t* pixel, Vec3 colour, double tolerance) {
 }
 
 TEST(SampleScene, ShowsEachLandmarkWhereTheLensPutsIt) {
-    const std::map<Camera, std::size_t> expected{{Camera::ceiling, 6}, {Camera::wall, 5}};
+    const std::map<Camera, std::size_t> expected{{Camera::kCeiling, 6}, {Camera::kWall, 5}};
     for (const auto& [camera, count] : expected)
         for (const auto& [width, height] : {std::pair{640, 640}, std::pair{960, 540}, std::pair{401, 701}}) {
             SampleScene scene(camera, width, height);
@@ -42,7 +42,7 @@ TEST(SampleScene, ShowsEachLandmarkWhereTheLensPutsIt) {
             const RgbaImage& picture = scene.picture(0);
             for (const auto& mark : marks) {
                 const auto [x, y] = equidistant(lens, mark.direction);
-                const PicturePoint projected = project(lens, mark.direction);
+                const FramePoint projected = project(lens, mark.direction);
                 EXPECT_NEAR(projected.x, x, 1e-6) << mark.name;
                 EXPECT_NEAR(projected.y, y, 1e-6) << mark.name;
                 const std::uint8_t* pixel = picture.at(static_cast<int>(x), static_cast<int>(y));
@@ -62,17 +62,17 @@ TEST(SampleScene, HangsTheCameraTheRightWayUp) {
             if (name == mark.name) return mark.direction;
         throw std::runtime_error("no " + name);
     };
-    EXPECT_LT(directionOf(Camera::ceiling, "red").y, -0.5);
-    EXPECT_GT(directionOf(Camera::ceiling, "blue").y, 0.5);
-    EXPECT_GT(directionOf(Camera::ceiling, "green").x, 0.5);
-    EXPECT_LT(directionOf(Camera::ceiling, "yellow").x, -0.5);
-    EXPECT_LT(directionOf(Camera::wall, "red").x, -0.3);
-    EXPECT_GT(directionOf(Camera::wall, "blue").x, 0.3);
-    EXPECT_GT(directionOf(Camera::wall, "magenta").y, 0.2);
+    EXPECT_LT(directionOf(Camera::kCeiling, "red").y, -0.5);
+    EXPECT_GT(directionOf(Camera::kCeiling, "blue").y, 0.5);
+    EXPECT_GT(directionOf(Camera::kCeiling, "green").x, 0.5);
+    EXPECT_LT(directionOf(Camera::kCeiling, "yellow").x, -0.5);
+    EXPECT_LT(directionOf(Camera::kWall, "red").x, -0.3);
+    EXPECT_GT(directionOf(Camera::kWall, "blue").x, 0.3);
+    EXPECT_GT(directionOf(Camera::kWall, "magenta").y, 0.2);
 }
 
 TEST(SampleScene, IsBlackOutsideTheLensCircle) {
-    SampleScene scene(Camera::ceiling, 300, 220);
+    SampleScene scene(Camera::kCeiling, 300, 220);
     const LensCircle lens = scene.lens();
     EXPECT_GT(lens.radius, 100);
     EXPECT_LT(lens.radius, 110);
@@ -91,8 +91,8 @@ TEST(SampleScene, IsBlackOutsideTheLensCircle) {
 // Each picture redraws only what moves; every pixel off an edge must still be what its own line of
 // sight meets in that frame.
 TEST(SampleScene, DrawsEveryMovingPartOfAFrameCompletely) {
-    constexpr int size = 400;
-    SampleScene scene(Camera::ceiling, size, size);
+    constexpr int kSize = 400;
+    SampleScene scene(Camera::kCeiling, kSize, kSize);
     const LensCircle lens = scene.lens();
     CarPark carPark;
     for (const int frame : {0, 60, 61, 110, 230, 375, 599}) {
@@ -100,13 +100,13 @@ TEST(SampleScene, DrawsEveryMovingPartOfAFrameCompletely) {
         carPark.showTraffic(frame);
         const auto look = [&](double x, double y) {
             const double dx = x - lens.xCenter, dy = y - lens.yCenter;
-            const double reach = std::hypot(dx, dy), angle = reach / lens.radius * 85.0 * pi / 180.0;
+            const double reach = std::hypot(dx, dy), angle = reach / lens.radius * 85.0 * kPi / 180.0;
             const double aside = std::sin(angle) / reach;
             return carPark.look({{0, 0, 3.3}, {dx * aside, -dy * aside, -std::cos(angle)}});
         };
         int compared = 0;
-        for (int y = 0; y < size; y += 2)
-            for (int x = 0; x < size; x += 2) {
+        for (int y = 0; y < kSize; y += 2)
+            for (int x = 0; x < kSize; x += 2) {
                 if (std::hypot(x - lens.xCenter, y - lens.yCenter) > lens.radius - 3.0) continue;
                 const Vec3 colour = look(x + 0.5, y + 0.5);
                 const auto flat = [&](double aside, double down) {
@@ -123,13 +123,13 @@ TEST(SampleScene, DrawsEveryMovingPartOfAFrameCompletely) {
 }
 
 TEST(SampleScene, DependsOnNothingButCameraSizeAndFrame) {
-    for (const Camera camera : {Camera::ceiling, Camera::wall}) {
+    for (const Camera camera : {Camera::kCeiling, Camera::kWall}) {
         SampleScene straight(camera, 200, 200), wandering(camera, 200, 200);
         const std::vector<std::uint8_t> expected = straight.picture(40).pixels;
         for (const int frame : {0, 300, 41}) EXPECT_NE(wandering.picture(frame).pixels, expected) << frame;
         EXPECT_EQ(wandering.picture(40).pixels, expected);
-        EXPECT_EQ(wandering.picture(40 + trafficPeriod).pixels, expected) << "the traffic comes round again";
-        EXPECT_EQ(wandering.picture(40 - trafficPeriod).pixels, expected);
+        EXPECT_EQ(wandering.picture(40 + kTrafficPeriod).pixels, expected) << "the traffic comes round again";
+        EXPECT_EQ(wandering.picture(40 - kTrafficPeriod).pixels, expected);
     }
 }
 

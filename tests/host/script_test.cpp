@@ -14,7 +14,7 @@
 
 namespace {
 
-const std::filesystem::path sourceDir = FOVIX_SOURCE_DIR;
+const std::filesystem::path kSourceDir = FOVIX_SOURCE_DIR;
 
 ProgramRun play(const std::string& script, std::vector<std::string> more = {}) {
     writeText(testFolder() / "calls.txt", script);
@@ -86,7 +86,7 @@ TEST(Script, HasAVerbForEveryExport) {
         for (std::size_t i = 1; i + 1 < words.size(); ++i) script += words[i] == "FILE" ? " in.mkv" : " 1";
         script += words[0] == "release" ? "\n1 create\n1 prepare\n1 init 64 64\n" : "\n";
     }
-    std::vector<std::string> exports = linesOf(readText(sourceDir / "tests/api/exports.txt"));
+    std::vector<std::string> exports = linesOf(readText(kSourceDir / "tests/api/exports.txt"));
     std::sort(called.begin(), called.end());
     std::sort(exports.begin(), exports.end());
     EXPECT_EQ(called, exports);
@@ -137,7 +137,7 @@ TEST(Script, DragTurnsThePictureWithTheFinger) {
 
 TEST(Script, PlaysEveryExampleToItsLastFrame) {
     int examples = 0;
-    for (const auto& file : std::filesystem::directory_iterator(sourceDir / "examples/scripts")) {
+    for (const auto& file : std::filesystem::directory_iterator(kSourceDir / "examples/scripts")) {
         SCOPED_TRACE(file.path().filename());
         int last = 0, dots = 0;
         for (const std::string& line : linesOf(readText(file.path())))

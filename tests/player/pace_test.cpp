@@ -9,14 +9,14 @@ using fovix_host::Pace;
 
 namespace {
 
-enum class Before { nothing, seek, loop };
+enum class Before { kNothing, kSeek, kLoop };
 
 struct Moment {
     double time, now;  // of the picture, and of the clock when it is decoded
     double wait;
     bool shown = true;
     bool hurried = false;
-    Before before = Before::nothing;
+    Before before = Before::kNothing;
 };
 
 struct Case {
@@ -43,8 +43,8 @@ TEST(Pace, DecidesWhenPicturesAreDueAndWhichAreDropped) {
         {"times jump back", false, {{9, 1, 0}, {9.04, 1, .04}, {3, 1.05, .03}, {3.04, 1.09, .03}}},
         {"times jump ahead", false, {{0, 1, 0}, {.04, 1, .04}, {99, 1.05, .03}, {99.04, 1.09, .03}}},
         {"all at the same time", false, {{0, 1, 0}, {0, 1, .04}, {0, 1.05, .03}}},
-        {"seek", false, {{0, 1, 0}, {60, 1.5, 0, true, false, Before::seek}, {60.04, 1.5, .04}}},
-        {"loop", false, {{7.96, 1, 0}, {0, 1, .04, true, false, Before::loop}, {.04, 1.05, .03}}},
+        {"seek", false, {{0, 1, 0}, {60, 1.5, 0, true, false, Before::kSeek}, {60.04, 1.5, .04}}},
+        {"loop", false, {{7.96, 1, 0}, {0, 1, .04, true, false, Before::kLoop}, {.04, 1.05, .03}}},
         {"a long gap is waited for", false, {{0, 1, 0}, {4, 1.1, 3.9}, {4.04, 5, .04}}},
         {"real time: nothing waits, unevenness is no delay",
          true,
@@ -64,8 +64,8 @@ TEST(Pace, DecidesWhenPicturesAreDueAndWhichAreDropped) {
         Pace pace(.04, row.realTime);
         for (const Moment& moment : row.moments) {
             SCOPED_TRACE(moment.time);
-            if (moment.before == Before::seek) pace.restart();
-            if (moment.before == Before::loop) pace.follow();
+            if (moment.before == Before::kSeek) pace.restart();
+            if (moment.before == Before::kLoop) pace.follow();
             pace.take(moment.time, moment.now);
             EXPECT_NEAR(pace.untilDue(moment.now), moment.wait, 1e-9);
             const double then = moment.now + moment.wait;

@@ -39,7 +39,7 @@ class Stage {
                    std::function<void()> onShow = {})
         : _onShow(std::move(onShow)),
           player(std::move(input), settings,
-                 {[this](const PackedPicture& picture) { shown(picture); },
+                 {[this](const PackedFrame& picture) { shown(picture); },
                   [this](const std::string& message) {
                       const std::lock_guard lock(_mutex);
                       _said += message + "\n";
@@ -65,10 +65,10 @@ class Stage {
     }
 
   private:
-    void shown(const PackedPicture& picture) {
+    void shown(const PackedFrame& picture) {
         if (_onShow) _onShow();
         const int luma = picture.data[picture.width * (picture.height * 3 / 4) + picture.width * 3 / 4];
-        lastNumber = static_cast<int>(std::lround((luma - quadrants[3].y) / double{lumaStep}));
+        lastNumber = static_cast<int>(std::lround((luma - kQuadrants[3].y) / double{kLumaStep}));
     }
 
     mutable std::mutex _mutex;
@@ -91,7 +91,7 @@ TEST(Player, PlaysAFileToItsEndAtItsPace) {
     const std::string file = video("short.mp4", 12);
     const auto start = steady_clock::now();
     Stage stage(file, fast(1));
-    ASSERT_TRUE(stage.reaches(PlayerState::ended));
+    ASSERT_TRUE(stage.reaches(PlayerState::kEnded));
     EXPECT_GE(steady_clock::now() - start, 470ms) << "each stays for its length, the last one too";
     const PlayerStatus status = stage.player.status();
     EXPECT_EQ(status.width, 64);
@@ -111,7 +111,7 @@ TEST(Player, DropsPicturesThatCannotBeShownInTime) {
     const PlayerStatus status = stage.player.status();
     EXPECT_GT(status.dropped, 10);
     EXPECT_GT(status.shown, 5);
-    EXPECT_LE(status.picturesPerSecond, 12);
+    EXPECT_LE(status.framesPerSecond, 12);
 }
 
 TEST(Player, BeginsAnewInALoop) {
@@ -130,7 +130,7 @@ TEST(Player, SeeksStepsAndPauses) {
     settings.start = 0.12;
     Stage stage(video("long.mp4", 50), settings);
     ASSERT_TRUE(stage.comes([&] { return stage.lastNumber == 3; })) << "the first picture, paused or not";
-    EXPECT_EQ(stage.player.status().state, PlayerState::paused);
+    EXPECT_EQ(stage.player.status().state, PlayerState::kPaused);
     for (int i = 0; i < 200; ++i) EXPECT_TRUE(stage.player.seekTo(i * 0.01));
     EXPECT_TRUE(stage.player.seekTo(0.2));
     EXPECT_TRUE(stage.player.seekBy(0.04));
@@ -147,16 +147,16 @@ TEST(Player, SeeksStepsAndPauses) {
     EXPECT_TRUE(stage.comes([&] { return stage.lastNumber == 0; }));
     EXPECT_FALSE(stage.player.seekTo(std::nan("")));
     stage.player.pause(false);
-    EXPECT_TRUE(stage.reaches(PlayerState::ended));
+    EXPECT_TRUE(stage.reaches(PlayerState::kEnded));
 }
 
 TEST(Player, ShowsAStillOnceAndTheSampleOnAndOn) {
     writeMedia((testFolder() / "still.jpg").string(), "mjpeg", AV_PIX_FMT_YUVJ420P, 64, 48, 1);
     Stage still((testFolder() / "still.jpg").string());
-    ASSERT_TRUE(still.reaches(PlayerState::still));
+    ASSERT_TRUE(still.reaches(PlayerState::kStill));
     EXPECT_EQ(still.player.status().shown, 1);
     EXPECT_FALSE(still.player.seekTo(0));
-    Stage sample(openSample(SampleScene::Camera::ceiling, 64, 64), fast());
+    Stage sample(openSample(SampleScene::Camera::kCeiling, 64, 64), fast());
     EXPECT_TRUE(sample.comes([&] { return sample.player.status().decoded > 9; }));
     EXPECT_FALSE(sample.player.seekBy(1));
 }
@@ -168,11 +168,11 @@ TEST(Player, FailsWithASentence) {
                                        std::pair{"nothing://here", "cannot be opened: Protocol not found"}}) {
         const bool isFile = std::string(input).find("://") == std::string::npos;
         Stage stage(isFile ? (testFolder() / input).string() : input);
-        EXPECT_TRUE(stage.reaches(PlayerState::failed)) << input;
+        EXPECT_TRUE(stage.reaches(PlayerState::kFailed)) << input;
         EXPECT_NE(stage.player.status().message.find(words), std::string::npos) << stage.said();
     }
     Stage stage(video("short.mp4", 3), fast(), [] { throw std::runtime_error("no room for pictures"); });
-    EXPECT_TRUE(stage.reaches(PlayerState::failed));
+    EXPECT_TRUE(stage.reaches(PlayerState::kFailed));
     EXPECT_EQ(stage.said(), "no room for pictures\n");
 }
 
@@ -183,7 +183,7 @@ TEST(Player, PlaysWhatWasJoinedAndDamaged) {
     joined.replace(joined.size() - 3000, 400, 400, '\x55');
     writeText(testFolder() / "joined.ts", joined);
     Stage stage((testFolder() / "joined.ts").string());
-    ASSERT_TRUE(stage.reaches(PlayerState::ended));
+    ASSERT_TRUE(stage.reaches(PlayerState::kEnded));
     EXPECT_EQ(stage.player.status().width, 160);
     EXPECT_GT(stage.player.status().decoded, 50);
 }
@@ -252,7 +252,7 @@ TEST(Player, BeginsAnewWhereAServerCannotGoOn) {
     PlayerSettings settings = fast();
     settings.start = 2;
     Stage stage(server.name(), settings);
-    EXPECT_TRUE(stage.reaches(PlayerState::ended)) << "it is lost again and again:\n" << stage.said();
+    EXPECT_TRUE(stage.reaches(PlayerState::kEnded)) << "it is lost again and again:\n" << stage.said();
 }
 
 TEST(Player, EndsAtOnceWhateverItWaitsFor) {
@@ -265,9 +265,9 @@ TEST(Player, EndsAtOnceWhateverItWaitsFor) {
     const int writer = open(idle.c_str(), O_RDWR | O_CLOEXEC);
     PlayerSettings crawling = fast(0.01);
     for (const auto& [input, state] :
-         {std::pair{silent.name(), PlayerState::opening}, std::pair{closed.name(), PlayerState::reconnecting},
-          std::pair{unopened, PlayerState::opening}, std::pair{idle, PlayerState::opening},
-          std::pair{slow, PlayerState::playing}}) {
+         {std::pair{silent.name(), PlayerState::kOpening},
+          std::pair{closed.name(), PlayerState::kReconnecting}, std::pair{unopened, PlayerState::kOpening},
+          std::pair{idle, PlayerState::kOpening}, std::pair{slow, PlayerState::kPlaying}}) {
         std::optional<Stage> stage(std::in_place, input, crawling);
         EXPECT_TRUE(stage->reaches(state)) << input;
         std::this_thread::sleep_for(20ms);

@@ -19,7 +19,7 @@ using namespace fovix_host;
 
 namespace {
 
-constexpr SurfaceScale surface{.width = 320, .height = 200};
+constexpr SurfaceScale kSurface{.width = 320, .height = 200};
 
 // Shows one square picture, light all over.
 class ShownPicture {
@@ -27,10 +27,10 @@ class ShownPicture {
     explicit ShownPicture(int type, unsigned int background = 0)
         : _options(optionsOf(type, background)), _shown(_view.handle(), _options, _playback) {
         Fovix_Prepare(_view.handle());
-        Fovix_Init(_view.handle(), surface.width, surface.height);
+        Fovix_Init(_view.handle(), kSurface.width, kSurface.height);
         _playback = std::make_unique<Playback>(_options, Playback::Host{_view.handle(), 1024, [] {}});
         _shown.reset();
-        while (_playback->pictures().size().width == 0) std::this_thread::yield();
+        while (_playback->frames().size().width == 0) std::this_thread::yield();
         draw(1);
     }
 
@@ -55,10 +55,10 @@ class ShownPicture {
         return now;
     }
 
-    PictureSpot spotAt(SurfacePosition at) {
+    FrameSpot spotAt(SurfacePosition at) {
         Fovix_SetBackground(_view.handle(), 0);
-        const PickedSpots picked = pickSpots(_view.handle(), _playback->pictures(), surface, {at});
-        return picked.spots.empty() ? PictureSpot{-1, -1} : picked.spots.front();
+        const PickedSpots picked = pickSpots(_view.handle(), _playback->frames(), kSurface, {at});
+        return picked.spots.empty() ? FrameSpot{-1, -1} : picked.spots.front();
     }
 
     RgbaImage imageAfter(int frames) {
@@ -86,14 +86,14 @@ class ShownPicture {
         return options;
     }
 
-    GlContext _gl{surface.width, surface.height};
+    GlContext _gl{kSurface.width, kSurface.height};
     View _view{Fovix_Create};
     ViewerOptions _options;
     std::unique_ptr<Playback> _playback;
     ShownView _shown;
     std::string _said;
-    LibraryCalls _calls{_view.handle(), [this]() -> Pictures& { return _playback->pictures(); }, _shown,
-                        surface, [this](const std::string& word) { _said = word; }};
+    LibraryCalls _calls{_view.handle(), [this]() -> FrameRelay& { return _playback->frames(); }, _shown,
+                        kSurface, [this](const std::string& word) { _said = word; }};
 };
 
 TEST(ShownView, KeysLeaveItAsTheySay) {
@@ -226,13 +226,13 @@ TEST(LibraryCalls, BringThePointToTheMiddleOfAPanorama) {
         for (std::string key; keys >> key;) changeView(view.shown(), *keyNamed(key));
         view.draw(1);
         for (const SurfacePosition at : {test.at, SurfacePosition{220, 120}}) {
-            const PictureSpot wanted = view.spotAt(at);
+            const FrameSpot wanted = view.spotAt(at);
             view.calls().lookAt(at);
             view.draw(170);
-            const PictureSpot seen = view.spotAt({160, 100});
-            constexpr double close = 4;  // of 64 pixels
-            EXPECT_NEAR(seen.x, wanted.x, close) << at.x << ',' << at.y;
-            EXPECT_NEAR(seen.y, wanted.y, close) << at.x << ',' << at.y;
+            const FrameSpot seen = view.spotAt({160, 100});
+            constexpr double kClose = 4;  // of 64 pixels
+            EXPECT_NEAR(seen.x, wanted.x, kClose) << at.x << ',' << at.y;
+            EXPECT_NEAR(seen.y, wanted.y, kClose) << at.x << ',' << at.y;
         }
     }
 }
@@ -249,13 +249,13 @@ TEST(LibraryCalls, ShowARectangleOfAPanoramaAndLittleMore) {
         changeView(view.shown(), *keyNamed(test.key));
         view.draw(1);
         const SurfacePosition from{180 - test.half, 80 - test.half}, to{180 + test.half, 80 + test.half};
-        const PictureSpot first = view.spotAt(from), last = view.spotAt(to);
+        const FrameSpot first = view.spotAt(from), last = view.spotAt(to);
         view.calls().showRectangle(from, to);
         view.draw(170);
-        const PictureSpot middle = view.spotAt({160, 100});
+        const FrameSpot middle = view.spotAt({160, 100});
         EXPECT_NEAR(middle.x, (first.x + last.x) / 2, 2);
         EXPECT_NEAR(middle.y, (first.y + last.y) / 2, 2);
-        const PictureSpot left = view.spotAt({60, 100}), right = view.spotAt({259, 100});
+        const FrameSpot left = view.spotAt({60, 100}), right = view.spotAt({259, 100});
         const double shown = std::hypot(right.x - left.x, right.y - left.y) / (last.x - first.x);
         EXPECT_GT(shown, 1);
         EXPECT_LT(shown, 1.3);

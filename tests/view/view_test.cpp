@@ -60,7 +60,7 @@ class Recorder final : public ViewCalls {
 // or the finger. P press, D second press, S press with Shift, M move, R release, C cancel, W wheel; F, G, H
 // of a finger.
 std::vector<PointerEvent> eventsIn(const std::string& text) {
-    static const std::string letters = "PMRCWZFGH";  // in the order of the kinds
+    static const std::string kLetters = "PMRCWZFGH";  // in the order of the kinds
     std::vector<PointerEvent> events;
     std::istringstream words(text);
     for (std::string word; words >> word;) {
@@ -70,7 +70,7 @@ std::vector<PointerEvent> eventsIn(const std::string& text) {
                     &event.amount);
         if (letter == 'D') event.clicks = 2;
         event.shift = letter == 'S';
-        event.kind = letter == 'D' || letter == 'S' ? Kind::press : static_cast<Kind>(letters.find(letter));
+        event.kind = letter == 'D' || letter == 'S' ? Kind::kPress : static_cast<Kind>(kLetters.find(letter));
         event.finger = std::lround(event.amount);
         events.push_back(event);
     }
@@ -86,43 +86,44 @@ struct GestureCase {
 };
 
 TEST(Gestures, BecomeTheCallsThatHandsMean) {
-    constexpr int pan = FOVIX_TYPE_360VR, flat = FOVIX_TYPE_ORIGINAL, pip = FOVIX_TYPE_SINGLE_PIP;
+    constexpr int kPan = FOVIX_TYPE_360VR, kFlat = FOVIX_TYPE_ORIGINAL, kPip = FOVIX_TYPE_SINGLE_PIP;
     const GestureCase cases[] = {
-        {"moves without a button steer nothing", pan, 1, "M1,1@0", ""},
-        {"a drag that is let go while moving flings", pan, 1, "P0,0@0 M30,0@.05 M60,30@.1 R60,30@.11",
+        {"moves without a button steer nothing", kPan, 1, "M1,1@0", ""},
+        {"a drag that is let go while moving flings", kPan, 1, "P0,0@0 M30,0@.05 M60,30@.1 R60,30@.11",
          "down 0,0; move 30,0; move 60,30; up 60,30; fling 600,600; adjust; "},
-        {"a drag held still before it is let go does not", pan, 1, "P0,0@0 M60,0@.05 R60,0@.3",
+        {"a drag held still before it is let go does not", kPan, 1, "P0,0@0 M60,0@.05 R60,0@.3",
          "down 0,0; move 60,0; up 60,0; adjust; "},
-        {"only the last tenth of a second counts", pan, 1, "P0,0@0 M900,0@.5 M910,0@.6 M960,0@.65 R960,0@.65",
+        {"only the last tenth of a second counts", kPan, 1,
+         "P0,0@0 M900,0@.5 M910,0@.6 M960,0@.65 R960,0@.65",
          "down 0,0; move 900,0; move 910,0; move 960,0; up 960,0; fling 1000,0; adjust; "},
-        {"a flat picture enlarged by the wheel stays so", flat, 2, "P5,5@0 R5,5@1", "down 5,5; up 5,5; "},
-        {"one that is too small does not", flat, .5, "P5,5@0 R5,5@1", "down 5,5; up 5,5; adjust; "},
-        {"quick notches are one pinch, that settles", pan, 1,
+        {"a flat picture enlarged by the wheel stays so", kFlat, 2, "P5,5@0 R5,5@1", "down 5,5; up 5,5; "},
+        {"one that is too small does not", kFlat, .5, "P5,5@0 R5,5@1", "down 5,5; up 5,5; adjust; "},
+        {"quick notches are one pinch, that settles", kPan, 1,
          "W50,50@0*1 W50,50@.1*2 W50,50@.15*-1 W50,50@.34*0 W50,50@.36*0",
          "down 50,50; scale 115; scale 132; scale 152; scale 132; up 50,50; adjust; "},
-        {"the wheel over another place begins anew", pan, 1, "W50,50@0*1 W500,50@.1*1",
+        {"the wheel over another place begins anew", kPan, 1, "W50,50@0*1 W500,50@.1*1",
          "down 50,50; scale 115; up 50,50; adjust; down 500,50; scale 115; "},
-        {"the inset's type knows two fingers only", pip, 1, "W50,50@0*1",
+        {"the inset's type knows two fingers only", kPip, 1, "W50,50@0*1",
          "down 50,50; pinch -50,50 150,50; pinch -65,50 165,50; "},
-        {"a trackpad tells ratios", pan, 1, "Z50,50@0*1.1 Z50,50@.1*1.1",
+        {"a trackpad tells ratios", kPan, 1, "Z50,50@0*1.1 Z50,50@.1*1.1",
          "down 50,50; scale 110; scale 121; "},
-        {"a press ends the wheel's pinch first", pan, 1, "W50,50@0*1 P1,1@.1",
+        {"a press ends the wheel's pinch first", kPan, 1, "W50,50@0*1 P1,1@.1",
          "down 50,50; scale 115; up 50,50; adjust; down 1,1; "},
-        {"a double click looks there and drags nothing", pan, 1, "D9,8@0 M90,8@.1 R90,8@.2", "look 9,8; "},
-        {"a drag with Shift shows a rectangle", pan, 1, "S90,80@0 M20,30@.1 R10,20@.2",
+        {"a double click looks there and drags nothing", kPan, 1, "D9,8@0 M90,8@.1 R90,8@.2", "look 9,8; "},
+        {"a drag with Shift shows a rectangle", kPan, 1, "S90,80@0 M20,30@.1 R10,20@.2",
          "rectangle 10,20 90,80; "},
-        {"a rectangle that is none is a slip", pan, 1, "S9,8@0 R10,90@.1", ""},
-        {"the loss of the pointer ends a drag", pan, 1, "P0,0@0 M60,0@.05 C60,0@.06 M99,0@.07",
+        {"a rectangle that is none is a slip", kPan, 1, "S9,8@0 R10,90@.1", ""},
+        {"the loss of the pointer ends a drag", kPan, 1, "P0,0@0 M60,0@.05 C60,0@.06 M99,0@.07",
          "down 0,0; move 60,0; up 60,0; adjust; "},
-        {"a finger drags and flings", pan, 1, "F0,0@0*7 G0,60@.05*7 H0,60@.06*7",
+        {"a finger drags and flings", kPan, 1, "F0,0@0*7 G0,60@.05*7 H0,60@.06*7",
          "down 0,0; move 0,60; up 0,60; fling 0,1200; adjust; "},
-        {"two fingers pinch, a third does not count, the one that stays goes on, nothing is flung", flat, 2,
+        {"two fingers pinch, a third does not count, the one that stays goes on, nothing is flung", kFlat, 2,
          "F0,0@0*7 F10,0@0*8 F5,5@.01*9 G6,6@.02*9 H6,6@.02*9 G40,0@.05*8 H0,0@.06*7 G90,0@.07*8 H90,0@.08*8",
          "down 0,0; pinch 0,0 10,0; pinch 0,0 40,0; up 40,0; move 90,0; up 90,0; adjust; "},
-        {"a third finger takes the place of one that is lifted", flat, 2,
+        {"a third finger takes the place of one that is lifted", kFlat, 2,
          "F0,0@0*7 F10,0@0*8 F50,5@.01*9 H0,0@.02*7 G60,5@.03*9",
          "down 0,0; pinch 0,0 10,0; up 10,0; pinch 10,0 50,5; pinch 10,0 60,5; "},
-        {"two taps look there", pan, 1, "F0,0@0*7 H0,0@.05*7 F4,3@.2*8 H4,3@.25*8",
+        {"two taps look there", kPan, 1, "F0,0@0*7 H0,0@.05*7 F4,3@.2*8 H4,3@.25*8",
          "down 0,0; up 0,0; adjust; look 4,3; "},
     };
     for (const GestureCase& gesture : cases) {
@@ -160,7 +161,7 @@ TEST(StepClock, GivesSixtyStepsASecondWhateverTheDisplayShows) {
     StepClock clock;
     clock.restart(5);
     EXPECT_EQ(clock.due(5), 1);
-    EXPECT_NEAR(clock.untilNext(5), StepClock::step / 2, 1e-6) << "half a step early is early enough";
+    EXPECT_NEAR(clock.untilNext(5), StepClock::kStep / 2, 1e-6) << "half a step early is early enough";
     EXPECT_EQ(clock.due(5 + clock.untilNext(5)), 1);
 }
 
@@ -178,12 +179,12 @@ TEST(Keys, EachDoesOneThingAndTheHelpTellsAllOfThem) {
         EXPECT_TRUE(names.insert(key.name).second) << key.name << " is there twice";
         EXPECT_EQ(keyNamed(key.name), &key);
         const bool isFirst = actions.insert(key.action).second;
-        EXPECT_TRUE(!isFirst || !key.meaning.empty() || key.action == Action::leave) << key.name;
+        EXPECT_TRUE(!isFirst || !key.meaning.empty() || key.action == Action::kLeave) << key.name;
     }
     EXPECT_EQ(keyNamed("y"), nullptr);
     EXPECT_EQ(keyNamed("Q"), keyNamed("q")) << "Caps Lock is on";
     EXPECT_NE(keyNamed("T"), keyNamed("t"));
-    for (int action = 0; action <= static_cast<int>(Action::quit); ++action)
+    for (int action = 0; action <= static_cast<int>(Action::kQuit); ++action)
         EXPECT_TRUE(actions.contains(static_cast<Action>(action))) << "no key does action " << action;
     for (const HelpLine& line : helpLines()) EXPECT_LT(line.meaning.size(), 60u) << line.meaning;
 }

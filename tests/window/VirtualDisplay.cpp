@@ -90,9 +90,10 @@ std::string ChildProcess::errors() const {
 // The server chooses a free number and tells it once it takes connections. It must not begin anew when the
 // last caller is gone: callers that come meanwhile would be turned away.
 VirtualDisplay::VirtualDisplay()
-    : _server({XVFB, "-displayfd", std::to_string(numberPipe().ends[1]), "-screen", "0",
-               std::to_string(width) + "x" + std::to_string(height) + "x24", "-nolisten", "tcp", "-noreset"},
-              {}, "xvfb", numberPipe().ends[1]) {
+    : _server(
+          {XVFB, "-displayfd", std::to_string(numberPipe().ends[1]), "-screen", "0",
+           std::to_string(kWidth) + "x" + std::to_string(kHeight) + "x24", "-nolisten", "tcp", "-noreset"},
+          {}, "xvfb", numberPipe().ends[1]) {
     char number[16] = {};
     std::size_t length = 0;
     while (length + 1 < sizeof number && read(numberPipe().ends[0], number + length, 1) == 1 &&
@@ -146,11 +147,11 @@ bool becomesTrue(const std::function<bool()>& condition) {
 }
 
 double difference(const RgbaImage& a, const RgbaImage& b) {
-    constexpr int tolerance = 24;
+    constexpr int kTolerance = 24;
     int differing = 0;
     for (std::size_t i = 0; i < a.pixels.size(); i += 4) {
         const auto off = [&](std::size_t c) {
-            return std::abs(a.pixels[i + c] - b.pixels[i + c]) > tolerance;
+            return std::abs(a.pixels[i + c] - b.pixels[i + c]) > kTolerance;
         };
         differing += off(0) || off(1) || off(2) ? 1 : 0;
     }

@@ -36,7 +36,7 @@ class ChildProcess {
 
 class VirtualDisplay {
   public:
-    static constexpr int width = 1280, height = 720;
+    static constexpr int kWidth = 1280, kHeight = 720;
 
     VirtualDisplay();
 

@@ -15,13 +15,13 @@ using fovix_host::RgbaImage;
 
 namespace {
 
-constexpr int windowWidth = 640, windowHeight = 360;
-constexpr int windowLeft = (VirtualDisplay::width - windowWidth) / 2;
-constexpr int windowTop = (VirtualDisplay::height - windowHeight) / 2;
+constexpr int kWindowWidth = 640, kWindowHeight = 360;
+constexpr int kWindowLeft = (VirtualDisplay::kWidth - kWindowWidth) / 2;
+constexpr int kWindowTop = (VirtualDisplay::kHeight - kWindowHeight) / 2;
 
 // "mousemove X Y" for a point of the window.
 std::string to(int x, int y) {
-    return "mousemove " + std::to_string(windowLeft + x) + " " + std::to_string(windowTop + y) + " ";
+    return "mousemove " + std::to_string(kWindowLeft + x) + " " + std::to_string(kWindowTop + y) + " ";
 }
 
 std::vector<std::string> viewer(std::vector<std::string> words) {
@@ -32,8 +32,8 @@ std::vector<std::string> viewer(std::vector<std::string> words) {
 
 // Whether a program shows something, wherever.
 bool isLit(const RgbaImage& image) {
-    static const RgbaImage black(VirtualDisplay::width, VirtualDisplay::height);
-    return difference(black, image) > 0.01;
+    static const RgbaImage kBlack(VirtualDisplay::kWidth, VirtualDisplay::kHeight);
+    return difference(kBlack, image) > 0.01;
 }
 
 // A viewer of the sample, stopped so that nothing moves but by hand.
@@ -66,8 +66,8 @@ class StillViewer {
     ChildProcess _viewer;
 };
 
-const std::string drag = to(320, 100) + "mousedown 1 " + to(360, 130) + to(420, 150) + "sleep 0.3 mouseup 1";
-const std::string fling = to(500, 200) + "mousedown 1 " + to(400, 200) + to(300, 200) + "mouseup 1";
+const std::string kDrag = to(320, 100) + "mousedown 1 " + to(360, 130) + to(420, 150) + "sleep 0.3 mouseup 1";
+const std::string kFling = to(500, 200) + "mousedown 1 " + to(400, 200) + to(300, 200) + "mouseup 1";
 
 TEST(Window, ShowsWhatHandsAndKeysDo) {
     struct Case {
@@ -77,7 +77,7 @@ TEST(Window, ShowsWhatHandsAndKeysDo) {
     };
     StillViewer view({"--sample"});
     for (const Case& act : {
-             Case{"a drag", drag, .02},
+             Case{"a drag", kDrag, .02},
              Case{"the view as it was", "key r", .02},
              Case{"the wheel", to(320, 180) + "click --repeat 6 4", .05},
              Case{"another shape", "key s", .05},
@@ -108,7 +108,7 @@ TEST(Window, ShowsWhatHandsAndKeysDo) {
 TEST(Window, TurnsOnAfterAFlingUntilItIsTouched) {
     StillViewer view({"--sample"});
     const RgbaImage before = view.settled();
-    view.display().steer(fling + " " + to(2, 2));
+    view.display().steer(kFling + " " + to(2, 2));
     int moving = 0;
     RgbaImage last = before;
     EXPECT_TRUE(becomesTrue([&] {
@@ -140,8 +140,8 @@ TEST(Window, BringsTheLandmarkThatIsClickedTwiceToTheMiddle) {
     view.change("mousemove " + std::to_string(before[0]) + " " + std::to_string(before[1]) +
                 " click --repeat 2 --delay 50 1");
     const auto after = panel(view.settled());
-    EXPECT_NEAR(after[0], VirtualDisplay::width / 2, 12);
-    EXPECT_NEAR(after[1], VirtualDisplay::height / 2, 12);
+    EXPECT_NEAR(after[0], VirtualDisplay::kWidth / 2, 12);
+    EXPECT_NEAR(after[1], VirtualDisplay::kHeight / 2, 12);
 }
 
 TEST(Window, SavesWhatIsSeenAndNeverOverwrites) {
@@ -158,13 +158,13 @@ TEST(Window, SavesWhatIsSeenAndNeverOverwrites) {
     EXPECT_NE(first, second.substr(0, second.find('\n')));
     fovix_host::MediaReader reader((testFolder() / first).string());
     const AVFrame* saved = reader.next();
-    ASSERT_EQ(saved->width, windowWidth);
-    ASSERT_EQ(saved->height, windowHeight);
+    ASSERT_EQ(saved->width, kWindowWidth);
+    ASSERT_EQ(saved->height, kWindowHeight);
     for (const auto [x, y] :
          {std::array{320, 180}, std::array{250, 90}, std::array{320, 40}, std::array{20, 20}})
         for (int c = 0; c < 3; ++c)
             EXPECT_NEAR(saved->data[0][y * saved->linesize[0] + 3 * x + c],
-                        seen.at(windowLeft + x, windowTop + y)[c], 2)
+                        seen.at(kWindowLeft + x, kWindowTop + y)[c], 2)
                 << x << ',' << y;
 }
 
@@ -204,7 +204,7 @@ TEST(ShowPicture, FollowsADrag) {
     ChildProcess program({FOVIX_SHOW_PICTURE}, {display.environment()}, "show_picture");
     ASSERT_TRUE(becomesTrue([&] { return isLit(display.grab()); }));
     const RgbaImage before = display.settled();
-    display.steer(drag + " " + to(2, 2));
+    display.steer(kDrag + " " + to(2, 2));
     EXPECT_TRUE(becomesTrue([&] { return difference(before, display.grab()) > 0.02; }));
 }
 #endif

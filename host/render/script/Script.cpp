@@ -38,7 +38,7 @@ struct Span {
 
 int parseFrame(std::string_view text) {
     const auto frame = numberIn<int>(text);
-    if (!frame || *frame < 1 || *frame > mostFrames)
+    if (!frame || *frame < 1 || *frame > kMaxFrames)
         throw LineError{"a line begins with a frame from 1 to 1000000 or a range such as 10..30, not '" +
                         std::string(text) + "'"};
     return *frame;
@@ -62,7 +62,7 @@ constexpr LabelNames namesFor(std::string_view label) {
             [] { return (namesIn(table()) + ... + (", " + namesIn(more()))); }};
 }
 
-constexpr LabelNames labelNames[] = {
+constexpr LabelNames kLabelNames[] = {
     namesFor<viewTypes>("TYPE"),
     namesFor<cameraMounts>("MOUNT"),
     namesFor<shapesOf360, shapesOf180>("SHAPE"),
@@ -72,7 +72,7 @@ constexpr LabelNames labelNames[] = {
 };
 
 const LabelNames* namesOf(const ScriptParameter& parameter) {
-    for (const LabelNames& row : labelNames)
+    for (const LabelNames& row : kLabelNames)
         if (row.label == parameter.label) return &row;
     return nullptr;
 }
@@ -81,9 +81,9 @@ std::optional<double> numberOf(const ScriptParameter& parameter, std::string_vie
     if (const LabelNames* names = namesOf(parameter))
         if (const auto code = names->code(text)) return *code;
     switch (parameter.kind) {
-        case ScriptKind::whole:
+        case ScriptKind::kWhole:
             return numberIn<int>(text);
-        case ScriptKind::colour:
+        case ScriptKind::kColour:
             return numberIn<unsigned int>(text, 16);
         default: {
             // What the library takes as float must not leave its range.
@@ -95,13 +95,13 @@ std::optional<double> numberOf(const ScriptParameter& parameter, std::string_vie
 
 std::string wantedFor(const ScriptParameter& parameter) {
     if (const LabelNames* names = namesOf(parameter)) return "a number or one of " + names->names();
-    if (parameter.kind == ScriptKind::whole) return "a whole number";
-    if (parameter.kind == ScriptKind::colour) return "hexadecimal digits RRGGBB";
+    if (parameter.kind == ScriptKind::kWhole) return "a whole number";
+    if (parameter.kind == ScriptKind::kColour) return "hexadecimal digits RRGGBB";
     return "a number";
 }
 
 ScriptWord parseWord(const ScriptLine& line, const ScriptParameter& parameter, const std::string& text) {
-    if (parameter.kind == ScriptKind::text) return {0, 0, text};
+    if (parameter.kind == ScriptKind::kText) return {0, 0, text};
     const Span span(text);
     const auto from = numberOf(parameter, span.from), to = numberOf(parameter, span.to);
     if (!from || !to)
@@ -153,7 +153,7 @@ std::vector<ScriptValue> ScriptLine::valuesAt(int frame) const {
     std::vector<ScriptValue> values;
     for (std::size_t i = 0; i < words.size(); ++i) {
         const double value = words[i].from + (words[i].to - words[i].from) * share;
-        const bool whole = verb->parameters[i].kind != ScriptKind::number;
+        const bool whole = verb->parameters[i].kind != ScriptKind::kNumber;
         values.push_back({whole ? std::round(value) : value, words[i].text});
     }
     return values;

@@ -8,7 +8,7 @@
 
 namespace fovix_host {
 
-constexpr int mostFrames = 1000000;
+constexpr int kMaxFrames = 1000000;
 
 // A word of a line: a text, or a number that goes evenly from one value to another over the line's frames.
 struct ScriptWord {

@@ -11,7 +11,7 @@
 #include <type_traits>
 #include <vector>
 
-#include "render/script/ScriptPictures.h"
+#include "render/script/ScriptFrames.h"
 #include "setup/View.h"
 
 namespace fovix_host {
@@ -19,10 +19,10 @@ namespace fovix_host {
 // What a script's calls act on.
 struct ScriptStage {
     View& view;
-    ScriptPictures pictures;
+    ScriptFrames pictures;
 };
 
-enum class ScriptKind { whole, number, colour, text };
+enum class ScriptKind { kWhole, kNumber, kColour, kText };
 
 struct ScriptValue {
     double number = 0;
@@ -55,9 +55,9 @@ struct ScriptSlot {
     T pass() { return value; }
     void answer(ScriptArguments&) const {}
     static void describe(std::vector<ScriptKind>& kinds) {
-        kinds.push_back(std::is_floating_point_v<T> ? ScriptKind::number
-                        : std::is_unsigned_v<T>     ? ScriptKind::colour
-                                                    : ScriptKind::whole);
+        kinds.push_back(std::is_floating_point_v<T> ? ScriptKind::kNumber
+                        : std::is_unsigned_v<T>     ? ScriptKind::kColour
+                                                    : ScriptKind::kWhole);
     }
 };
 
@@ -68,7 +68,7 @@ struct ScriptSlot<const char*> {
     explicit ScriptSlot(ScriptArguments& arguments) : value(arguments.take().text.c_str()) {}
     const char* pass() { return value; }
     void answer(ScriptArguments&) const {}
-    static void describe(std::vector<ScriptKind>& kinds) { kinds.push_back(ScriptKind::text); }
+    static void describe(std::vector<ScriptKind>& kinds) { kinds.push_back(ScriptKind::kText); }
 };
 
 template <>
@@ -94,13 +94,13 @@ struct ScriptSlot<VRHANDLE> {
 // A result written through a pointer; "-" where the library writes none.
 template <typename T>
 struct ScriptSlot<T*> {
-    static constexpr T unwritten = std::numeric_limits<T>::lowest();
-    T value = unwritten;
+    static constexpr T kUnwritten = std::numeric_limits<T>::lowest();
+    T value = kUnwritten;
 
     explicit ScriptSlot(ScriptArguments&) {}
     T* pass() { return &value; }
     void answer(ScriptArguments& arguments) const {
-        if (value == unwritten)
+        if (value == kUnwritten)
             arguments.add("-");
         else
             arguments.add(static_cast<double>(value));

@@ -9,8 +9,8 @@ namespace fovix_host {
 class ScriptPlayer {
   public:
     // All but the demands outlive the player.
-    ScriptPlayer(const Script& script, View& view, OwnOutput& out, const MediaDemands& demands)
-        : _script(script), _out(out), _stage{view, ScriptPictures(demands)} {}
+    ScriptPlayer(const Script& script, View& view, OwnOutput& out, const MediaOptions& demands)
+        : _script(script), _out(out), _stage{view, ScriptFrames(demands)} {}
 
     // The calls before frame 1, 2, and so on; what they read becomes lines of output. Throws
     // std::runtime_error with file, line and reason.

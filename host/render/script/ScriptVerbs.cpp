@@ -18,27 +18,27 @@ void release(ScriptStage& stage) {
 }
 
 void picture(ScriptStage& stage, const char* file) {
-    const PackedPicture p = stage.pictures.next(file);
+    const PackedFrame p = stage.pictures.next(file);
     Fovix_SetTexture(stage.view.handle(), p.pixelFormat, p.data, p.size, p.width, p.height);
 }
 void rgbPicture(ScriptStage& stage, const char* file) {
-    const PackedPicture p = stage.pictures.next(file, FOVIX_FORMAT_RGBA);
+    const PackedFrame p = stage.pictures.next(file, FOVIX_FORMAT_RGBA);
     Fovix_SetRGBTexture(stage.view.handle(), p.data, p.size, p.width, p.height);
 }
 void yuvPicture(ScriptStage& stage, const char* file) {
-    const PackedPicture p = stage.pictures.next(file, FOVIX_FORMAT_YUV420P);
+    const PackedFrame p = stage.pictures.next(file, FOVIX_FORMAT_YUV420P);
     Fovix_SetYUV420PTexture(stage.view.handle(), p.data, p.size, p.width, p.height);
 }
 void multiPicture(ScriptStage& stage, int index, const char* file) {
-    const PackedPicture p = stage.pictures.next(file);
+    const PackedFrame p = stage.pictures.next(file);
     Fovix_Multi_SetTexture(stage.view.handle(), index, p.pixelFormat, p.data, p.size, p.width, p.height);
 }
 void multiRgbPicture(ScriptStage& stage, int index, const char* file) {
-    const PackedPicture p = stage.pictures.next(file, FOVIX_FORMAT_RGBA);
+    const PackedFrame p = stage.pictures.next(file, FOVIX_FORMAT_RGBA);
     Fovix_Multi_SetRGBTexture(stage.view.handle(), index, p.data, p.size, p.width, p.height);
 }
 void multiYuvPicture(ScriptStage& stage, int index, const char* file) {
-    const PackedPicture p = stage.pictures.next(file, FOVIX_FORMAT_YUV420P);
+    const PackedFrame p = stage.pictures.next(file, FOVIX_FORMAT_YUV420P);
     Fovix_Multi_SetYUV420PTexture(stage.view.handle(), index, p.data, p.size, p.width, p.height);
 }
 
@@ -144,7 +144,7 @@ std::vector<ScriptVerb> makeVerbs() {
 #undef EXPORT
 #undef STAND_IN
 
-constexpr std::string_view formOfAScript =
+constexpr std::string_view kScriptForm =
     "A script has one call a line: FRAME VERB ARGUMENTS. Frames count from 1 and never\n"
     "go back; the calls of a frame are made before it is drawn. '#' begins a comment.\n"
     "FRAME may be FIRST..LAST, to make the call before each of these frames; its numbers\n"
@@ -157,8 +157,8 @@ constexpr std::string_view formOfAScript =
 }  // namespace
 
 const std::vector<ScriptVerb>& scriptVerbs() {
-    static const std::vector<ScriptVerb> verbs = makeVerbs();
-    return verbs;
+    static const std::vector<ScriptVerb> kVerbs = makeVerbs();
+    return kVerbs;
 }
 
 const ScriptVerb* scriptVerb(std::string_view name) {
@@ -169,12 +169,12 @@ const ScriptVerb* scriptVerb(std::string_view name) {
 }
 
 std::string scriptVerbList() {
-    std::string text(formOfAScript);
+    std::string text(kScriptForm);
     text += '\n';
-    constexpr std::size_t column = 52;
+    constexpr std::size_t kColumn = 52;
     for (const ScriptVerb& verb : scriptVerbs()) {
         std::string line = "  " + std::string(verb.name) + " " + std::string(verb.labels);
-        line.resize(std::max(column, line.size() + 1), ' ');
+        line.resize(std::max(kColumn, line.size() + 1), ' ');
         text += line.append(verb.function) += '\n';
     }
     return text;

@@ -14,7 +14,7 @@ namespace fovix_host {
 class LibraryCalls final : public ViewCalls {
   public:
     // say shows a word on the screen. The scale is the window's at the time of a call.
-    LibraryCalls(VRHANDLE view, std::function<Pictures&()> pictures, const ShownView& shown,
+    LibraryCalls(VRHANDLE view, std::function<FrameRelay&()> pictures, const ShownView& shown,
                  const SurfaceScale& scale, std::function<void(const std::string&)> say)
         : _view(view), _pictures(std::move(pictures)), _shown(shown), _scale(scale), _say(std::move(say)) {}
 
@@ -37,14 +37,14 @@ class LibraryCalls final : public ViewCalls {
   private:
     PickedSpots pick(const std::vector<SurfacePosition>& points) const;
     void lookAtTarget(SurfacePosition at);
-    void lookAround(const PictureSpot& spot, Pictures::Size picture, double extent);
+    void lookAround(const FrameSpot& spot, FrameRelay::Size picture, double extent);
     void spread(double ratio);
     void turnBy(double pan, double tilt, double zoom);
     void magnifyInset(SurfacePosition at);
     void magnifyFlat(SurfacePosition at);
 
     VRHANDLE _view;
-    std::function<Pictures&()> _pictures;
+    std::function<FrameRelay&()> _pictures;
     const ShownView& _shown;
     const SurfaceScale& _scale;
     std::function<void(const std::string&)> _say;

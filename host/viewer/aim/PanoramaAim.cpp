@@ -7,15 +7,15 @@
 namespace fovix_host {
 namespace {
 
-constexpr double rim = 85;  // degrees from the lens's axis to its circle, as the library takes every lens
-constexpr double sphere = 1.09;               // radius of the hemisphere that the picture lies on
-constexpr double closest = 5, farthest = 90;  // zooms
-constexpr double degree = std::numbers::pi / 180;
+constexpr double kRim = 85;  // degrees from the lens's axis to its circle, as the library takes every lens
+constexpr double kSphere = 1.09;                // radius of the hemisphere that the picture lies on
+constexpr double kClosest = 5, kFarthest = 90;  // zooms
+constexpr double kDegree = std::numbers::pi / 180;
 
 // Half the field of view in which an eye, so far before the middle of the hemisphere, sees so many degrees of
 // it.
 double halfView(double half, double eye) {
-    return std::atan2(sphere * std::sin(half * degree), eye + sphere * std::cos(half * degree)) / degree;
+    return std::atan2(kSphere * std::sin(half * kDegree), eye + kSphere * std::cos(half * kDegree)) / kDegree;
 }
 
 // How the library turns the hemisphere under a ceiling, the other way round: coming closer moves the eye into
@@ -31,7 +31,7 @@ double tiltTowards(double angle, double zoom) {
 
 }  // namespace
 
-PanoramaAim::PanoramaAim(const LensCircle& lens, Pictures::Size picture) : _picture(picture) {
+PanoramaAim::PanoramaAim(const LensCircle& lens, FrameRelay::Size picture) : _picture(picture) {
     const double across = static_cast<double>(picture.width) / lens.imageWidth;
     const double down = static_cast<double>(picture.height) / lens.imageHeight;
     _x = lens.xCenter * across;
@@ -39,37 +39,37 @@ PanoramaAim::PanoramaAim(const LensCircle& lens, Pictures::Size picture) : _pict
     _radius = lens.radius * std::min(across, down);
 }
 
-PanoramaAim::Polar PanoramaAim::polarOf(const PictureSpot& spot) const {
+PanoramaAim::Polar PanoramaAim::polarOf(const FrameSpot& spot) const {
     const double x = spot.x - _x, y = spot.y - _y, distance = std::max(std::hypot(x, y), 1e-6);
-    return {x / distance, y / distance, std::min(rim * distance / _radius, rim)};
+    return {x / distance, y / distance, std::min(kRim * distance / _radius, kRim)};
 }
 
 double PanoramaAim::zoomFor(double pixels, bool onCeiling) const {
-    constexpr double margin = 1.1;
-    const double half = std::min(margin * rim * pixels / _radius / 2, rim);
+    constexpr double kMargin = 1.1;
+    const double half = std::min(kMargin * kRim * pixels / _radius / 2, kRim);
     const double wallZoom = 2 * halfView(half, 1);
     // Inside the hemisphere the eye stands just past its middle and sees 50 degrees more than the zoom.
     const double closeZoom = 2 * halfView(half, -0.12) - 50;
     // Farther out the field of view stays at 90 degrees and the eye leaves the hemisphere.
-    const double eye = sphere * std::sin((half - 45) * degree) / std::sin(45 * degree);
+    const double eye = kSphere * std::sin((half - 45) * kDegree) / std::sin(45 * kDegree);
     const double farZoom = 90 + (eye - 1) * 50 / 1.12;
-    return std::clamp(!onCeiling ? wallZoom : closeZoom <= 40 ? closeZoom : farZoom, closest, farthest);
+    return std::clamp(!onCeiling ? wallZoom : closeZoom <= 40 ? closeZoom : farZoom, kClosest, kFarthest);
 }
 
-PictureSpot PanoramaAim::ceilingTarget(const PictureSpot& spot, double zoom) const {
+FrameSpot PanoramaAim::ceilingTarget(const FrameSpot& spot, double zoom) const {
     const Polar polar = polarOf(spot);
     const double tilt = tiltTowards(polar.angle, zoom);
     // A target in the corner of the picture has the most tilt that the zoom allows.
-    const double most = farthest - zoom, corner = std::hypot(_picture.width, _picture.height) / 2;
+    const double most = kFarthest - zoom, corner = std::hypot(_picture.width, _picture.height) / 2;
     const double reach = most > 0 ? corner * std::clamp(tilt / most, 0.0, 1.0) : 0;
     return {_picture.width / 2.0 + polar.x * reach, _picture.height / 2.0 + polar.y * reach};
 }
 
-PanoramaAim::PanTilt PanoramaAim::onWall(const PictureSpot& spot, bool inverted) const {
+PanoramaAim::PanTilt PanoramaAim::onWall(const FrameSpot& spot, bool inverted) const {
     const Polar polar = polarOf(spot);
-    const double aside = std::sin(polar.angle * degree), upright = inverted ? -1 : 1;
+    const double aside = std::sin(polar.angle * kDegree), upright = inverted ? -1 : 1;
     const double x = aside * polar.x * upright, y = aside * polar.y * upright;
-    return {90 - std::atan2(x, std::cos(polar.angle * degree)) / degree, 90 + std::asin(y) / degree};
+    return {90 - std::atan2(x, std::cos(polar.angle * kDegree)) / kDegree, 90 + std::asin(y) / kDegree};
 }
 
 }  // namespace fovix_host

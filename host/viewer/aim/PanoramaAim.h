@@ -3,17 +3,17 @@
 
 #include "circle/LensCircle.h"
 #include "viewer/aim/PositionMap.h"
-#include "viewer/playback/Pictures.h"
+#include "viewer/playback/FrameRelay.h"
 
 namespace fovix_host {
 
 class PanoramaAim {
   public:
-    PanoramaAim(const LensCircle& lens, Pictures::Size picture);
+    PanoramaAim(const LensCircle& lens, FrameRelay::Size picture);
 
     // Under a ceiling: what Fovix_DisplayTarget() has to be told at this zoom to look there. By itself it
     // tilts in proportion to the distance from the middle of the picture, whatever the lens.
-    PictureSpot ceilingTarget(const PictureSpot& spot, double zoom) const;
+    FrameSpot ceilingTarget(const FrameSpot& spot, double zoom) const;
 
     // The zoom at which so many pixels of the picture and a little more are seen from edge to edge, where
     // there is one.
@@ -23,16 +23,16 @@ class PanoramaAim {
         double pan, tilt;
     };
     // On a wall, where both count from 90 degrees, straight ahead.
-    PanTilt onWall(const PictureSpot& spot, bool inverted) const;
+    PanTilt onWall(const FrameSpot& spot, bool inverted) const;
 
   private:
     struct Polar {
         double x, y;   // from the middle of the lens outwards, of length 1
         double angle;  // from the lens's axis, in degrees
     };
-    Polar polarOf(const PictureSpot& spot) const;
+    Polar polarOf(const FrameSpot& spot) const;
 
-    Pictures::Size _picture;
+    FrameRelay::Size _picture;
     double _x, _y, _radius;
 };
 

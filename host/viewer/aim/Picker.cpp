@@ -30,12 +30,12 @@ Colours drawnColours(VRHANDLE view, const RgbaImage& map, const SurfaceScale& sc
 
 }  // namespace
 
-PickedSpots pickSpots(VRHANDLE view, Pictures& pictures, const SurfaceScale& scale,
+PickedSpots pickSpots(VRHANDLE view, FrameRelay& pictures, const SurfaceScale& scale,
                       const std::vector<SurfacePosition>& points) {
     PickedSpots picked{pictures.size(), {}};
     if (picked.picture.width < 1) return picked;
     const PositionMap map(picked.picture.width, picked.picture.height);
-    const Pictures::Hold hold(pictures);
+    const FrameRelay::Hold hold(pictures);
     for (const PositionMap::Colour& colour : drawnColours(view, map.picture(), scale, points))
         if (const auto spot = map.spot(colour)) picked.spots.push_back(*spot);
     return picked;

@@ -6,19 +6,19 @@
 #include <vector>
 
 #include "viewer/aim/PositionMap.h"
-#include "viewer/playback/Pictures.h"
+#include "viewer/playback/FrameRelay.h"
 #include "viewer/window/SurfaceScale.h"
 
 namespace fovix_host {
 
 struct PickedSpots {
-    Pictures::Size picture;
-    std::vector<PictureSpot> spots;  // of those points where the picture is
+    FrameRelay::Size picture;
+    std::vector<FrameSpot> spots;  // of those points where the picture is
 };
 
 // Needs the GL context current and a black background; a frame is drawn and not presented. Empty
 // before the first picture.
-PickedSpots pickSpots(VRHANDLE view, Pictures& pictures, const SurfaceScale& scale,
+PickedSpots pickSpots(VRHANDLE view, FrameRelay& pictures, const SurfaceScale& scale,
                       const std::vector<SurfacePosition>& points);
 
 }  // namespace fovix_host

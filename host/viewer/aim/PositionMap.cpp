@@ -6,13 +6,14 @@
 namespace fovix_host {
 namespace {
 
-constexpr int most = 255;
-constexpr int mark = 170;  // neither that of black surroundings nor of white lines
+constexpr int kMost = 255;
+constexpr int kMark = 170;  // neither that of black surroundings nor of white lines
 
 std::vector<std::uint8_t> ramp(int size) {
     std::vector<std::uint8_t> values;
     values.reserve(static_cast<std::size_t>(size));
-    for (int i = 0; i < size; ++i) values.push_back(static_cast<std::uint8_t>((i + 0.5) / size * most + 0.5));
+    for (int i = 0; i < size; ++i)
+        values.push_back(static_cast<std::uint8_t>((i + 0.5) / size * kMost + 0.5));
     return values;
 }
 
@@ -26,17 +27,17 @@ RgbaImage PositionMap::picture() const {
         for (const std::uint8_t x : across) {
             *to++ = x;
             *to++ = y;
-            *to++ = mark;
-            *to++ = most;
+            *to++ = kMark;
+            *to++ = kMost;
         }
     return image;
 }
 
-std::optional<PictureSpot> PositionMap::spot(const Colour& colour) const {
-    constexpr int tolerance = 3;
-    if (std::abs(colour[2] - mark) > tolerance) return std::nullopt;
-    return PictureSpot{colour[0] * static_cast<double>(_width) / most,
-                       colour[1] * static_cast<double>(_height) / most};
+std::optional<FrameSpot> PositionMap::spot(const Colour& colour) const {
+    constexpr int kTolerance = 3;
+    if (std::abs(colour[2] - kMark) > kTolerance) return std::nullopt;
+    return FrameSpot{colour[0] * static_cast<double>(_width) / kMost,
+                     colour[1] * static_cast<double>(_height) / kMost};
 }
 
 }  // namespace fovix_host

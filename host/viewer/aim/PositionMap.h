@@ -11,7 +11,7 @@
 
 namespace fovix_host {
 
-struct PictureSpot {
+struct FrameSpot {
     double x = 0, y = 0;  // picture pixels
 };
 
@@ -26,7 +26,7 @@ class PositionMap {
     RgbaImage picture() const;
 
     // From the colour that is drawn at a point; nothing where that is none of the picture.
-    std::optional<PictureSpot> spot(const Colour& colour) const;
+    std::optional<FrameSpot> spot(const Colour& colour) const;
 
   private:
     int _width, _height;

@@ -10,9 +10,9 @@ namespace fovix_host {
 namespace {
 
 SurfaceSize parseWindowSize(const std::string& text) {
-    constexpr int most = 16384;  // of SDL
+    constexpr int kMost = 16384;  // of SDL
     const SurfaceSize size = parseSize(text);
-    if (std::max(size.width, size.height) > most)
+    if (std::max(size.width, size.height) > kMost)
         refuse("--size", text, "a window that SDL can open, of at most 16384x16384 pixels");
     return size;
 }
@@ -53,11 +53,11 @@ ViewerOptions parseViewerOptions(int argc, const char* const* argv) {
                      "  fovix-view rtsp://camera/live --mount wall\n"
                      "  fovix-view hall.mp4 --loop --shape four-screens");
     describeInputOptions(line, options.input);
-    describeViewOptions(line, texts, ViewOptionSet::layout);
+    describeViewOptions(line, texts, ViewOptionSet::kLayout);
     describeViewer(line, options);
     line.parse(argc, argv);
     chooseType(texts, options.input);
-    const bool onWall = options.input.sample == SampleScene::Camera::wall;
+    const bool onWall = options.input.sample == SampleScene::Camera::kWall;
     if (onWall && texts.type == "360" && texts.mount.empty() && texts.shape.empty()) texts.mount = "wall";
     options.view = readViewOptions(texts);
     if (options.input.inputs.empty() && !options.input.sample)

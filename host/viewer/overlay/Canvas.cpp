@@ -83,7 +83,7 @@ void Canvas::end() {
 }
 
 void Canvas::panel(float x, float y, CanvasSize size, float radius, const CanvasColour& colour) const {
-    constexpr int steps = 8;  // a quarter of a circle
+    constexpr int kSteps = 8;  // a quarter of a circle
     const std::array<Corner, 4> centres{{{x + size.width - radius, y + size.height - radius},
                                          {x + radius, y + size.height - radius},
                                          {x + radius, y + radius},
@@ -91,9 +91,9 @@ void Canvas::panel(float x, float y, CanvasSize size, float radius, const Canvas
     setColour(colour);
     glBegin(GL_POLYGON);
     for (int corner = 0; corner < 4; ++corner)
-        for (int i = 0; i <= steps; ++i) {
+        for (int i = 0; i <= kSteps; ++i) {
             const float angle =
-                (static_cast<float>(corner) + static_cast<float>(i) / steps) * std::numbers::pi_v<float> / 2;
+                (static_cast<float>(corner) + static_cast<float>(i) / kSteps) * std::numbers::pi_v<float> / 2;
             const Corner& centre = centres[static_cast<std::size_t>(corner)];
             glVertex2f(centre.x + radius * std::cos(angle), centre.y + radius * std::sin(angle));
         }

@@ -55,10 +55,10 @@ Font::~Font() = default;
 std::unique_ptr<Font> Font::open() {
     const std::string file = sansSerifFile();
     auto parts = std::make_unique<Parts>();
-    constexpr int anySize = 16;
-    parts->font = file.empty() ? nullptr : TTF_OpenFont(file.c_str(), anySize);
+    constexpr int kAnySize = 16;
+    parts->font = file.empty() ? nullptr : TTF_OpenFont(file.c_str(), kAnySize);
     if (!parts->font) return nullptr;
-    parts->size = anySize;
+    parts->size = kAnySize;
     return std::unique_ptr<Font>(new Font(std::move(parts)));
 }
 

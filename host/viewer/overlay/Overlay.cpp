@@ -8,13 +8,13 @@
 namespace fovix_host {
 namespace {
 
-constexpr CanvasColour ground{0.06f, 0.07f, 0.09f, 0.78f};
-constexpr CanvasColour bright{1, 1, 1, 1};
-constexpr CanvasColour soft{0.80f, 0.84f, 0.88f, 1};
-constexpr CanvasColour accent{1.0f, 0.80f, 0.36f, 1};
+constexpr CanvasColour kGround{0.06f, 0.07f, 0.09f, 0.78f};
+constexpr CanvasColour kBright{1, 1, 1, 1};
+constexpr CanvasColour kSoft{0.80f, 0.84f, 0.88f, 1};
+constexpr CanvasColour kAccent{1.0f, 0.80f, 0.36f, 1};
 
-constexpr double fades = 0.4;  // seconds, the last ones of a word
-constexpr float wordHeight = 20, numbersHeight = 14;
+constexpr double kFades = 0.4;  // seconds, the last ones of a word
+constexpr float kWordHeight = 20, kNumbersHeight = 14;
 
 CanvasColour faded(CanvasColour colour, float strength) {
     colour.alpha *= strength;
@@ -56,7 +56,7 @@ void Overlay::say(const std::string& word, double seconds) {
 }
 
 double Overlay::wordStrength(double seconds) const {
-    return std::clamp((_saidAt + wordSeconds - seconds) / fades, 0.0, 1.0);
+    return std::clamp((_saidAt + kWordSeconds - seconds) / kFades, 0.0, 1.0);
 }
 
 void Overlay::draw(const SurfaceScale& scale, const std::optional<Gestures::Band>& band, double seconds) {
@@ -71,26 +71,26 @@ void Overlay::draw(const SurfaceScale& scale, const std::optional<Gestures::Band
 }
 
 void Overlay::drawWord(float strength) {
-    constexpr float margin = 14, above = 32;
+    constexpr float kMargin = 14, kAbove = 32;
     const CanvasSize window = _canvas.size();
-    float height = wordHeight;
+    float height = kWordHeight;
     CanvasSize size = _canvas.textSize(_word, height);
     if (size.width <= 0) return;
-    if (const float room = window.width - 4 * margin; size.width > room) {
+    if (const float room = window.width - 4 * kMargin; size.width > room) {
         height = std::max(height * room / size.width, 8.0f);
         size = _canvas.textSize(_word, height);
     }
-    const float x = (window.width - size.width) / 2, y = window.height - size.height - above - margin;
-    _canvas.panel(x - margin, y - margin / 2, {size.width + 2 * margin, size.height + margin}, margin,
-                  faded(ground, strength));
-    _canvas.text(x, y, _word, height, faded(bright, strength));
+    const float x = (window.width - size.width) / 2, y = window.height - size.height - kAbove - kMargin;
+    _canvas.panel(x - kMargin, y - kMargin / 2, {size.width + 2 * kMargin, size.height + kMargin}, kMargin,
+                  faded(kGround, strength));
+    _canvas.text(x, y, _word, height, faded(kBright, strength));
 }
 
 void Overlay::drawNumbers() {
-    constexpr float margin = 8, place = 12;
-    const CanvasSize size = _canvas.textSize(_numbers, numbersHeight);
-    _canvas.panel(place, place, {size.width + 2 * margin, size.height + margin}, margin, ground);
-    _canvas.text(place + margin, place + margin / 2, _numbers, numbersHeight, soft);
+    constexpr float kMargin = 8, kPlace = 12;
+    const CanvasSize size = _canvas.textSize(_numbers, kNumbersHeight);
+    _canvas.panel(kPlace, kPlace, {size.width + 2 * kMargin, size.height + kMargin}, kMargin, kGround);
+    _canvas.text(kPlace + kMargin, kPlace + kMargin / 2, _numbers, kNumbersHeight, kSoft);
 }
 
 void Overlay::drawHelp() {
@@ -106,14 +106,14 @@ void Overlay::drawHelp() {
         size = helpSize(layout, columns, lines.size());
     }
     const float left = (window.width - size.width) / 2, top = (window.height - size.height) / 2;
-    _canvas.panel(left, top, size, layout.margin / 2, ground);
+    _canvas.panel(left, top, size, layout.margin / 2, kGround);
     float y = top + layout.margin;
-    _canvas.text(left + layout.margin, y, "Mouse and keys", layout.title, bright);
+    _canvas.text(left + layout.margin, y, "Mouse and keys", layout.title, kBright);
     y += 2 * layout.title;
     for (const HelpLine& line : lines) {
-        _canvas.text(left + layout.margin, y, std::string(line.keys), layout.text, accent);
+        _canvas.text(left + layout.margin, y, std::string(line.keys), layout.text, kAccent);
         _canvas.text(left + layout.margin + columns.keys + layout.gap, y, std::string(line.meaning),
-                     layout.text, soft);
+                     layout.text, kSoft);
         y += layout.row;
     }
 }
@@ -124,8 +124,8 @@ void Overlay::drawBand(const SurfaceScale& scale, const Gestures::Band& band) {
                 top = std::min(band.from.y, band.to.y) / yUnit;
     const CanvasSize size{std::max(band.from.x, band.to.x) / xUnit - left,
                           std::max(band.from.y, band.to.y) / yUnit - top};
-    _canvas.panel(left, top, size, 0, faded(accent, 0.18f));
-    _canvas.frame(left, top, size, accent);
+    _canvas.panel(left, top, size, 0, faded(kAccent, 0.18f));
+    _canvas.frame(left, top, size, kAccent);
 }
 
 }  // namespace fovix_host

@@ -14,7 +14,7 @@ class Overlay {
   public:
     explicit Overlay(std::unique_ptr<Font> font) : _canvas(std::move(font)) {}
 
-    static constexpr double wordSeconds = 2;
+    static constexpr double kWordSeconds = 2;
 
     // A word in place of the one before.
     void say(const std::string& word, double seconds);

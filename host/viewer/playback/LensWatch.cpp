@@ -2,32 +2,32 @@
 
 #include <utility>
 
-#include "media/PictureLuma.h"
+#include "media/FrameLuma.h"
 
 namespace fovix_host {
 namespace {
 
-constexpr int apart = 10;  // pictures from one that is looked at to the next
-constexpr int most = 8;    // that are looked at
+constexpr int kApart = 10;  // pictures from one that is looked at to the next
+constexpr int kMost = 8;    // that are looked at
 
 }  // namespace
 
 LensWatch::LensWatch(LensRequest request, bool searches)
     : _request(std::move(request)), _atHand(lensAtHand(_request)), _searching(searches && !_atHand) {}
 
-void LensWatch::look(const PackedPicture& picture) {
+void LensWatch::look(const PackedFrame& picture) {
     const std::lock_guard lock(_mutex);
-    if (!_searching || _decided || _seen++ % apart != 0) return;
+    if (!_searching || _decided || _seen++ % kApart != 0) return;
     _finder.add(lumaOf(picture));
     _found = _finder.result();
-    _decided = (_found && _found->isSure()) || _finder.pictures() >= most;
+    _decided = (_found && _found->isSure()) || _finder.pictures() >= kMost;
 }
 
-std::optional<LensChoice> LensWatch::takeChoice(bool noMorePictures) {
+std::optional<LensChoice> LensWatch::takeChoice(bool noMoreFrames) {
     if (_atHand) return std::exchange(_atHand, std::nullopt);
     const std::unique_lock lock(_mutex, std::try_to_lock);
     if (!lock) return std::nullopt;  // a picture is being looked at; ask again
-    if (!_searching || _seen == 0 || (!_decided && !noMorePictures)) return std::nullopt;
+    if (!_searching || _seen == 0 || (!_decided && !noMoreFrames)) return std::nullopt;
     _searching = false;
     return lensAfterSearch(_request, _found);
 }

@@ -6,7 +6,7 @@
 #include <optional>
 
 #include "circle/LensChoice.h"
-#include "media/PicturePacker.h"
+#include "media/FramePacker.h"
 
 namespace fovix_host {
 
@@ -17,10 +17,10 @@ class LensWatch {
     LensWatch(LensRequest request, bool searches);
 
     // On a player's thread; cheap once the lens is known.
-    void look(const PackedPicture& picture);
+    void look(const PackedFrame& picture);
 
-    // The choice, once, and without waiting for it; noMorePictures: there are none to come. Throws as above.
-    std::optional<LensChoice> takeChoice(bool noMorePictures);
+    // The choice, once, and without waiting for it; noMoreFrames: there are none to come. Throws as above.
+    std::optional<LensChoice> takeChoice(bool noMoreFrames);
 
   private:
     LensRequest _request;

@@ -10,7 +10,7 @@ namespace fovix_host {
 
 namespace {
 
-constexpr int liveSample = 960;  // drawn while somebody watches: about half the work of the full size
+constexpr int kLiveSample = 960;  // drawn while somebody watches: about half the work of the full size
 
 }  // namespace
 
@@ -27,13 +27,13 @@ Playback::Opened Playback::openAll(const ViewerOptions& options) {
     opened.settings.start = options.start;
     opened.lens = {options.input.lens, options.input.camera};
     for (const std::string& input : options.input.inputs) opened.inputs.emplace_back(input);
-    for (auto& sample : openSamples(options.input, options.view, liveSample)) {
+    for (auto& sample : openSamples(options.input, options.view, kLiveSample)) {
         if (!opened.lensOfSample) opened.lensOfSample = sample->lens();
         opened.inputs.emplace_back(std::move(sample));
     }
     // The lenses take RGBA only, and the grid shows either RGBA or YUV in all of its cells.
     if (opened.inputs.size() > 1 || options.view.type == FOVIX_TYPE_MULTI_LENS)
-        opened.settings.formats = PackedFormats::rgba;
+        opened.settings.formats = PackedFormats::kRgba;
     return opened;
 }
 
@@ -54,16 +54,16 @@ Playback::Playback(Opened opened, const Host& host)
     : _host(host),
       _lensOfSample(opened.lensOfSample),
       _lens(opened.lens, opened.inputs.size() == 1 && !opened.lensOfSample),
-      _pictures(host.view, static_cast<int>(opened.inputs.size()), host.wake) {
-    opened.settings.mostAcross = host.maxTextureSize;
+      _frames(host.view, static_cast<int>(opened.inputs.size()), host.wake) {
+    opened.settings.maxSide = host.maxTextureSize;
     for (PlayerInput& input : opened.inputs) open(std::move(input), opened.settings);
 }
 
 void Playback::open(PlayerInput input, const PlayerSettings& settings) {
     const int slot = static_cast<int>(_players.size());
     PlayerCallbacks callbacks;
-    callbacks.show = [this, slot](const PackedPicture& picture) {
-        _pictures.show(slot, picture);
+    callbacks.show = [this, slot](const PackedFrame& picture) {
+        _frames.show(slot, picture);
         if (slot == 0) _lens.look(picture);
     };
     callbacks.message = [this](const std::string& message) {
@@ -77,8 +77,8 @@ void Playback::open(PlayerInput input, const PlayerSettings& settings) {
 }
 
 std::optional<LensChoice> Playback::takeLens() {
-    const bool noMorePictures = allAre({PlayerState::still, PlayerState::ended, PlayerState::failed});
-    return _lens.takeChoice(noMorePictures);
+    const bool noMoreFrames = allAre({PlayerState::kStill, PlayerState::kEnded, PlayerState::kFailed});
+    return _lens.takeChoice(noMoreFrames);
 }
 
 void Playback::togglePause() {
@@ -104,11 +104,11 @@ bool Playback::allAre(std::initializer_list<PlayerState> states) const {
 }
 
 bool Playback::hasFailed() const {
-    return allAre({PlayerState::failed});
+    return allAre({PlayerState::kFailed});
 }
 
 bool Playback::hasEnded() const {
-    return allAre({PlayerState::failed, PlayerState::ended});
+    return allAre({PlayerState::kFailed, PlayerState::kEnded});
 }
 
 long Playback::dropped() const {

@@ -10,8 +10,8 @@
 
 #include "player/Player.h"
 #include "viewer/options/ViewerOptions.h"
+#include "viewer/playback/FrameRelay.h"
 #include "viewer/playback/LensWatch.h"
-#include "viewer/playback/Pictures.h"
 
 namespace fovix_host {
 
@@ -28,7 +28,7 @@ class Playback {
     // One file in their place. Throws std::runtime_error with a sentence when it cannot be shown.
     Playback(const std::string& file, const ViewerOptions& options, const Host& host);
 
-    Pictures& pictures() { return _pictures; }
+    FrameRelay& frames() { return _frames; }
     // The circle that the sample's camera has.
     const std::optional<LensCircle>& lensOfSample() const { return _lensOfSample; }
 
@@ -61,7 +61,7 @@ class Playback {
     std::optional<LensCircle> _lensOfSample;
     LensWatch _lens;
     bool _paused = false;
-    Pictures _pictures;
+    FrameRelay _frames;
     std::vector<std::unique_ptr<Player>> _players;  // last: they call into all of the above
 };
 

@@ -8,12 +8,12 @@ namespace {
 
 using Kind = PointerEvent::Kind;
 
-constexpr double wheelRest = 0.2;       // seconds after which a turn of the wheel has ended
-constexpr float wheelPlace = 24;        // pixels; a cursor farther off turns for another screen
-constexpr float slowestFling = 120;     // pixels per second
-constexpr double doubleTapTime = 0.35;  // seconds
-constexpr float tapPlace = 32;          // pixels
-constexpr float fingersApart = 200;     // pixels between the two that stand for the wheel
+constexpr double kWheelRest = 0.2;       // seconds after which a turn of the wheel has ended
+constexpr float kWheelPlace = 24;        // pixels; a cursor farther off turns for another screen
+constexpr float kSlowestFling = 120;     // pixels per second
+constexpr double kDoubleTapTime = 0.35;  // seconds
+constexpr float kTapPlace = 32;          // pixels
+constexpr float kFingersApart = 200;     // pixels between the two that stand for the wheel
 
 float distance(SurfacePosition a, SurfacePosition b) {
     return std::hypot(a.x - b.x, a.y - b.y);
@@ -34,29 +34,29 @@ float zoomOfNotch(int type) {
 
 void Gestures::handle(const PointerEvent& event) {
     switch (event.kind) {
-        case Kind::press:
+        case Kind::kPress:
             return press(event);
-        case Kind::move:
+        case Kind::kMove:
             return drag(event);
-        case Kind::release:
+        case Kind::kRelease:
             return release(event);
-        case Kind::cancel:
+        case Kind::kCancel:
             return cancel(event);
-        case Kind::wheel:
+        case Kind::kWheel:
             return zoomBy(event, std::pow(zoomOfNotch(_view.type()), static_cast<double>(event.amount)));
-        case Kind::zoom:
+        case Kind::kZoom:
             return zoomBy(event, event.amount);
-        case Kind::fingerDown:
+        case Kind::kFingerDown:
             return fingerDown(event);
-        case Kind::fingerMove:
+        case Kind::kFingerMove:
             return fingerMove(event);
-        case Kind::fingerUp:
+        case Kind::kFingerUp:
             return fingerUp(event);
     }
 }
 
 void Gestures::tick(double seconds) {
-    if (_wheel && seconds - _wheel->lastNotch >= wheelRest) endWheel();
+    if (_wheel && seconds - _wheel->lastNotch >= kWheelRest) endWheel();
 }
 
 void Gestures::forget() {
@@ -104,7 +104,7 @@ void Gestures::endDrag(const PointerEvent& event, bool mayFling) {
     _dragging = false;
     _view.touchUp(event.at);
     const PixelsPerSecond speed = _velocity.at(event.seconds);
-    const bool flings = mayFling && std::hypot(speed.x, speed.y) >= slowestFling;
+    const bool flings = mayFling && std::hypot(speed.x, speed.y) >= kSlowestFling;
     if (flings) _view.fling(speed.x, speed.y);
     // A fling on a flat picture is a wish to see more of it, not the whole again.
     if (!flings || !isFlat(_view.type())) settle();
@@ -115,8 +115,8 @@ void Gestures::release(const PointerEvent& event) {
     if (!_band) return;
     const Band band{_band->from, event.at};
     _band.reset();
-    constexpr float least = 4;  // pixels; less is a slip of the hand
-    if (std::abs(band.to.x - band.from.x) < least || std::abs(band.to.y - band.from.y) < least) return;
+    constexpr float kLeast = 4;  // pixels; less is a slip of the hand
+    if (std::abs(band.to.x - band.from.x) < kLeast || std::abs(band.to.y - band.from.y) < kLeast) return;
     _view.showRectangle({std::min(band.from.x, band.to.x), std::min(band.from.y, band.to.y)},
                         {std::max(band.from.x, band.to.x), std::max(band.from.y, band.to.y)});
 }
@@ -131,7 +131,7 @@ void Gestures::cancel(const PointerEvent& event) {
 
 void Gestures::zoomBy(const PointerEvent& event, double ratio) {
     if (_dragging || _band || !_fingers.empty() || !std::isfinite(ratio) || ratio <= 0 || ratio == 1) return;
-    if (_wheel && distance(_wheel->at, event.at) > wheelPlace) endWheel();
+    if (_wheel && distance(_wheel->at, event.at) > kWheelPlace) endWheel();
     if (!_wheel) {
         _wheel = Wheel{event.at, 1, event.seconds};
         _view.touchDown(event.at);
@@ -153,7 +153,7 @@ void Gestures::showZoom() {
         if (_wheel->scale != 1) _view.pinchScale(_wheel->scale);
         return;
     }
-    const float half = fingersApart / 2 * _wheel->scale;
+    const float half = kFingersApart / 2 * _wheel->scale;
     _view.pinch({_wheel->at.x - half, _wheel->at.y}, {_wheel->at.x + half, _wheel->at.y});
 }
 
@@ -166,7 +166,7 @@ void Gestures::endWheel() {
 // Fingers on a touch screen
 
 bool Gestures::isSecondTap(const PointerEvent& event) const {
-    return _tap && event.seconds - _tap->seconds < doubleTapTime && distance(_tap->at, event.at) < tapPlace;
+    return _tap && event.seconds - _tap->seconds < kDoubleTapTime && distance(_tap->at, event.at) < kTapPlace;
 }
 
 void Gestures::fingerDown(const PointerEvent& event) {
@@ -208,7 +208,7 @@ void Gestures::fingerUp(const PointerEvent& event) {
         if (counted && _fingers.size() > 1) _view.pinch(_fingers[0].at, _fingers[1].at);
         return;
     }
-    const bool isTap = !_pinched && distance(_downAt, event.at) < tapPlace;
+    const bool isTap = !_pinched && distance(_downAt, event.at) < kTapPlace;
     _tap = isTap ? std::optional(Tap{event.at, event.seconds}) : std::nullopt;
     if (_dragging) endDrag(event, !_pinched);
     _pinched = false;

@@ -5,9 +5,9 @@
 namespace fovix_host {
 namespace {
 
-constexpr double window = 0.1;     // seconds
-constexpr double shortest = 0.01;  // of a flick: less would divide by next to nothing
-constexpr double rest = 0.06;      // a finger that moves reports more often
+constexpr double kWindow = 0.1;     // seconds
+constexpr double kShortest = 0.01;  // of a flick: less would divide by next to nothing
+constexpr double kRest = 0.06;      // a finger that moves reports more often
 
 }  // namespace
 
@@ -18,16 +18,17 @@ void Velocity::start(SurfacePosition at, double seconds) {
 void Velocity::move(SurfacePosition at, double seconds) {
     _samples.push_back({at, seconds});
     // The newest sample from before the window is where the movement within it starts.
-    while (_samples.size() > 2 && _samples[1].seconds < seconds - window) _samples.pop_front();
+    while (_samples.size() > 2 && _samples[1].seconds < seconds - kWindow) _samples.pop_front();
 }
 
 PixelsPerSecond Velocity::at(double seconds) const {
-    if (_samples.size() < 2 || seconds - _samples.back().seconds > rest) return {};
+    if (_samples.size() < 2 || seconds - _samples.back().seconds > kRest) return {};
     const Sample& last = _samples.back();
-    const auto first = std::find_if(_samples.begin(), _samples.end(),
-                                    [&](const Sample& sample) { return sample.seconds >= seconds - window; });
+    const auto first = std::find_if(_samples.begin(), _samples.end(), [&](const Sample& sample) {
+        return sample.seconds >= seconds - kWindow;
+    });
     const Sample& from = &*first == &last ? *(_samples.end() - 2) : *first;
-    const double time = std::max(last.seconds - from.seconds, shortest);
+    const double time = std::max(last.seconds - from.seconds, kShortest);
     return {static_cast<float>((last.at.x - from.at.x) / time),
             static_cast<float>((last.at.y - from.at.y) / time)};
 }

@@ -8,25 +8,25 @@
 namespace fovix_host {
 
 enum class Action {
-    setType,  // amount: the number of the key
-    nextType,
-    nextMount,
-    nextShape,
-    nextMode,
-    nextLens,
-    cruise,
-    cruiseSpeed,
-    reset,
-    pause,
-    seek,  // amount: seconds
-    step,
-    background,
-    fullScreen,
-    screenshot,
-    statistics,
-    help,
-    leave,  // what is open: the help, the full screen, the program
-    quit
+    kSetType,  // amount: the number of the key
+    kNextType,
+    kNextMount,
+    kNextShape,
+    kNextMode,
+    kNextLens,
+    kCruise,
+    kCruiseSpeed,
+    kReset,
+    kPause,
+    kSeek,  // amount: seconds
+    kStep,
+    kBackground,
+    kFullScreen,
+    kScreenshot,
+    kStatistics,
+    kHelp,
+    kLeave,  // what is open: the help, the full screen, the program
+    kQuit
 };
 
 struct Key {

@@ -15,11 +15,11 @@
 namespace fovix_host {
 namespace {
 
-constexpr std::array<unsigned int, 5> backgrounds{0x000000, 0x202830, 0x606468, 0xFFFFFF, 0x103050};
+constexpr std::array<unsigned int, 5> kBackgrounds{0x000000, 0x202830, 0x606468, 0xFFFFFF, 0x103050};
 
-constexpr double cruiseStep = 0.5, fastestCruise = 5;
+constexpr double kCruiseStep = 0.5, kFastestCruise = 5;
 // Its offsets are about one where the others count degrees.
-constexpr double insetCruise = 0.02;
+constexpr double kInsetCruise = 0.02;
 
 }  // namespace
 
@@ -40,7 +40,7 @@ void ShownView::setType(int type) const {
 void ShownView::apply() {
     _cruising = false;
     // Until the end of this no player may hand in a picture that was meant for the other type.
-    const Pictures::Hold hold(_playback->pictures());
+    const FrameRelay::Hold hold(_playback->frames());
     setType(_view.type);
     Fovix_SetBackground(_handle, _background);
     setLayout(_handle, _view, pictures());
@@ -60,12 +60,12 @@ void ShownView::setLens(const std::optional<LensCircle>& lens) {
 }
 
 std::string ShownView::misfit() const {
-    const Pictures::Size size = _playback->pictures().size();
-    if (!_lens || size.width < 1 || !showsWholePicture()) return {};
+    const FrameRelay::Size size = _playback->frames().size();
+    if (!_lens || size.width < 1 || !showsWholeFrame()) return {};
     return misfitOf(*_lens, size.width, size.height);
 }
 
-bool ShownView::showsWholePicture() const {
+bool ShownView::showsWholeFrame() const {
     return _view.type != FOVIX_TYPE_TWO_LENSES && _view.type != FOVIX_TYPE_MULTI_IMAGE;
 }
 
@@ -75,8 +75,8 @@ std::optional<LensCircle> ShownView::lens() const {
     const bool fits =
         isStacked == (_view.type == FOVIX_TYPE_TWO_LENSES) && _view.type != FOVIX_TYPE_MULTI_IMAGE;
     if (fits && _playback->lensOfSample()) return _playback->lensOfSample();
-    if (_lens && (showsWholePicture() || _options.input.lens)) return _lens;
-    const Pictures::Size size = _playback->pictures().size();
+    if (_lens && (showsWholeFrame() || _options.input.lens)) return _lens;
+    const FrameRelay::Size size = _playback->frames().size();
     return lensOfType(_view, pictures(), size.width, size.height);
 }
 
@@ -109,7 +109,7 @@ void ShownView::reset() {
 }
 
 void ShownView::startCruise() const {
-    Fovix_StartAutoCruise(_handle, _cruiseSpeed * (_view.type == FOVIX_TYPE_SINGLE_PIP ? insetCruise : 1));
+    Fovix_StartAutoCruise(_handle, _cruiseSpeed * (_view.type == FOVIX_TYPE_SINGLE_PIP ? kInsetCruise : 1));
 }
 
 bool ShownView::toggleCruise() {
@@ -129,15 +129,15 @@ void ShownView::stopCruise() {
 
 // Past standing still it goes the other way round.
 void ShownView::changeCruiseSpeed(int steps) {
-    _cruiseSpeed = std::clamp(_cruiseSpeed + steps * cruiseStep, -fastestCruise, fastestCruise);
-    if (_cruiseSpeed == 0) _cruiseSpeed = steps * cruiseStep;
+    _cruiseSpeed = std::clamp(_cruiseSpeed + steps * kCruiseStep, -kFastestCruise, kFastestCruise);
+    if (_cruiseSpeed == 0) _cruiseSpeed = steps * kCruiseStep;
     if (_cruising) startCruise();
 }
 
 void ShownView::nextBackground() {
-    const auto* at = std::find(backgrounds.begin(), backgrounds.end(), _background);
-    _background =
-        at == backgrounds.end() || std::next(at) == backgrounds.end() ? backgrounds.front() : *std::next(at);
+    const auto* at = std::find(kBackgrounds.begin(), kBackgrounds.end(), _background);
+    _background = at == kBackgrounds.end() || std::next(at) == kBackgrounds.end() ? kBackgrounds.front()
+                                                                                  : *std::next(at);
     Fovix_SetBackground(_handle, _background);
 }
 

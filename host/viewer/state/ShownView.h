@@ -28,7 +28,7 @@ class ShownView {
     // What is wrong with it for the picture, where both are known.
     std::string misfit() const;
 
-    int pictures() const { return _playback->pictures().count(); }
+    int pictures() const { return _playback->frames().count(); }
     // The library changes some of it itself; this is what it shows now.
     ViewOptions options() const;
     // Gives whether anything changes.
@@ -45,7 +45,7 @@ class ShownView {
     std::string cruiseWords() const;
 
   private:
-    bool showsWholePicture() const;  // neither two in one nor the cells of a grid
+    bool showsWholeFrame() const;  // neither two in one nor the cells of a grid
     void setType(int type) const;
     void startCruise() const;
 

@@ -10,17 +10,17 @@ namespace {
 // What the key chooses; nothing where it is no key for a choice.
 std::optional<ViewOptions> choiceOf(const Key& key, const ViewOptions& view, int pictures) {
     switch (key.action) {
-        case Action::setType:
+        case Action::kSetType:
             return withTypeNumber(view, key.amount);
-        case Action::nextType:
+        case Action::kNextType:
             return withNextType(view, key.amount);
-        case Action::nextMount:
+        case Action::kNextMount:
             return withNextMount(view);
-        case Action::nextShape:
+        case Action::kNextShape:
             return withNextShape(view, key.amount);
-        case Action::nextMode:
+        case Action::kNextMode:
             return withNextMode(view);
-        case Action::nextLens:
+        case Action::kNextLens:
             return withNextLens(view, pictures);
         default:
             return std::nullopt;
@@ -31,16 +31,16 @@ std::optional<ViewOptions> choiceOf(const Key& key, const ViewOptions& view, int
 
 std::string changeView(ShownView& shown, const Key& key) {
     if (const auto choice = choiceOf(key, shown.options(), shown.pictures())) {
-        const bool changes = shown.change(*choice) || key.action == Action::setType;
+        const bool changes = shown.change(*choice) || key.action == Action::kSetType;
         return shown.words() + (changes ? "" : " has no other choice here");
     }
     switch (key.action) {
-        case Action::cruise:
+        case Action::kCruise:
             return shown.toggleCruise() ? shown.cruiseWords() : "no cruise in this view";
-        case Action::cruiseSpeed:
+        case Action::kCruiseSpeed:
             shown.changeCruiseSpeed(key.amount);
             return shown.cruiseWords();
-        case Action::background:
+        case Action::kBackground:
             shown.nextBackground();
             return {};
         default:

@@ -3,8 +3,8 @@
 namespace fovix_host {
 
 bool ViewWatch::hasMoved(VRHANDLE view) {
-    std::array<double, 8 * screens> now{};
-    for (int screen = 0; screen < screens; ++screen) {
+    std::array<double, 8 * kScreens> now{};
+    for (int screen = 0; screen < kScreens; ++screen) {
         double* at = now.data() + 8 * screen;
         Fovix_GetPTZ_SubScreen(view, screen, at, at + 1, at + 2, at + 3);
         Fovix_GetRotateZoom_SubScreen(view, screen, at + 4, at + 5, at + 6, at + 7);

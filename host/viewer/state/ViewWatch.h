@@ -13,8 +13,8 @@ class ViewWatch {
     bool hasMoved(VRHANDLE view);
 
   private:
-    static constexpr int screens = 6;
-    std::array<double, 8 * screens> _last{};
+    static constexpr int kScreens = 6;
+    std::array<double, 8 * kScreens> _last{};
 };
 
 }  // namespace fovix_host

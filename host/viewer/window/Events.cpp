@@ -7,7 +7,7 @@ namespace {
 
 using Kind = PointerEvent::Kind;
 
-constexpr double ticksPerSecond = 1000;
+constexpr double kTicksPerSecond = 1000;
 
 SurfacePosition positionOf(const SurfaceScale& scale, double x, double y) {
     return {static_cast<float>(x * scale.xPointer), static_cast<float>(y * scale.yPointer)};
@@ -22,13 +22,13 @@ std::optional<ViewerEvent> readWindow(const SDL_WindowEvent& event, SurfacePosit
     switch (event.event) {
         case SDL_WINDOWEVENT_FOCUS_LOST:
             return PointerEvent{
-                .kind = Kind::cancel, .at = cursor, .seconds = event.timestamp / ticksPerSecond};
+                .kind = Kind::kCancel, .at = cursor, .seconds = event.timestamp / kTicksPerSecond};
         case SDL_WINDOWEVENT_SIZE_CHANGED:
         case SDL_WINDOWEVENT_DISPLAY_CHANGED:
         case SDL_WINDOWEVENT_EXPOSED:
         case SDL_WINDOWEVENT_SHOWN:
         case SDL_WINDOWEVENT_RESTORED:
-            return WindowEvent::exposed;
+            return WindowEvent::kExposed;
         default:
             return std::nullopt;
     }
@@ -50,15 +50,15 @@ std::optional<ViewerEvent> readSensor(const SDL_SensorEvent& event) {
 }  // namespace
 
 double secondsNow() {
-    return static_cast<double>(SDL_GetTicks64()) / ticksPerSecond;
+    return static_cast<double>(SDL_GetTicks64()) / kTicksPerSecond;
 }
 
 std::optional<ViewerEvent> EventReader::read(const SDL_Event& event, const SurfaceScale& scale) {
     switch (event.type) {
         case SDL_QUIT:
-            return WindowEvent::quit;
+            return WindowEvent::kQuit;
         case SDL_USEREVENT:
-            return WindowEvent::woken;
+            return WindowEvent::kWoken;
         case SDL_WINDOWEVENT:
             return readWindow(event.window, _cursor);
         case SDL_DROPFILE:
@@ -80,25 +80,25 @@ std::optional<ViewerEvent> EventReader::read(const SDL_Event& event, const Surfa
 
 std::optional<ViewerEvent> EventReader::readMouse(const SDL_Event& event, const SurfaceScale& scale) {
     PointerEvent pointer;
-    pointer.seconds = event.common.timestamp / ticksPerSecond;
+    pointer.seconds = event.common.timestamp / kTicksPerSecond;
     switch (event.type) {
         case SDL_MOUSEMOTION:
             if (event.motion.which == SDL_TOUCH_MOUSEID) return std::nullopt;
-            pointer.kind = Kind::move;
+            pointer.kind = Kind::kMove;
             _cursor = positionOf(scale, event.motion.x, event.motion.y);
             break;
         case SDL_MOUSEBUTTONDOWN:
         case SDL_MOUSEBUTTONUP:
             if (event.button.which == SDL_TOUCH_MOUSEID || event.button.button != SDL_BUTTON_LEFT)
                 return std::nullopt;
-            pointer.kind = event.type == SDL_MOUSEBUTTONDOWN ? Kind::press : Kind::release;
+            pointer.kind = event.type == SDL_MOUSEBUTTONDOWN ? Kind::kPress : Kind::kRelease;
             pointer.clicks = event.button.clicks;
             pointer.shift = (SDL_GetModState() & KMOD_SHIFT) != 0;
             _cursor = positionOf(scale, event.button.x, event.button.y);
             break;
         case SDL_MOUSEWHEEL:
             if (event.wheel.which == SDL_TOUCH_MOUSEID) return std::nullopt;
-            pointer.kind = Kind::wheel;
+            pointer.kind = Kind::kWheel;
             pointer.amount = event.wheel.preciseY;
             if (event.wheel.direction == SDL_MOUSEWHEEL_FLIPPED) pointer.amount = -pointer.amount;
             break;
@@ -111,19 +111,19 @@ std::optional<ViewerEvent> EventReader::readMouse(const SDL_Event& event, const 
 
 std::optional<ViewerEvent> EventReader::readTouch(const SDL_Event& event, const SurfaceScale& scale) {
     PointerEvent pointer;
-    pointer.seconds = event.common.timestamp / ticksPerSecond;
+    pointer.seconds = event.common.timestamp / kTicksPerSecond;
     if (event.type == SDL_MULTIGESTURE) {
         if (isTouchScreen(event.mgesture.touchId)) return std::nullopt;  // its fingers are told one by one
-        constexpr float ratioPerDistance = 4;  // two fingers seldom spread over more than half of a trackpad
-        pointer.kind = Kind::zoom;
-        pointer.amount = 1 + ratioPerDistance * event.mgesture.dDist;
+        constexpr float kRatioPerDistance = 4;  // two fingers seldom spread over more than half of a trackpad
+        pointer.kind = Kind::kZoom;
+        pointer.amount = 1 + kRatioPerDistance * event.mgesture.dDist;
         pointer.at = _cursor;
         return pointer;
     }
     if (!isTouchScreen(event.tfinger.touchId)) return std::nullopt;
-    pointer.kind = event.type == SDL_FINGERDOWN ? Kind::fingerDown
-                   : event.type == SDL_FINGERUP ? Kind::fingerUp
-                                                : Kind::fingerMove;
+    pointer.kind = event.type == SDL_FINGERDOWN ? Kind::kFingerDown
+                   : event.type == SDL_FINGERUP ? Kind::kFingerUp
+                                                : Kind::kFingerMove;
     pointer.finger = event.tfinger.fingerId;
     pointer.at = {event.tfinger.x * static_cast<float>(scale.width),
                   event.tfinger.y * static_cast<float>(scale.height)};

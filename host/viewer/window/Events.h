@@ -22,7 +22,7 @@ struct DropEvent {
 struct SensorEvent {
     float x = 0, y = 0;  // metres per second squared
 };
-enum class WindowEvent { quit, exposed, woken };
+enum class WindowEvent { kQuit, kExposed, kWoken };
 
 using ViewerEvent = std::variant<PointerEvent, KeyEvent, DropEvent, SensorEvent, WindowEvent>;
 

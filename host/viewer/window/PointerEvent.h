@@ -9,17 +9,17 @@ namespace fovix_host {
 
 struct PointerEvent {
     enum class Kind {
-        press,       // the left button
-        move,        // the mouse, with or without the button
-        release,     //
-        cancel,      // the window lost the pointer
-        wheel,       // amount: notches, away from the user is positive
-        zoom,        // amount: ratio of one step of a trackpad's pinch
-        fingerDown,  // on a touch screen
-        fingerMove,  //
-        fingerUp
+        kPress,       // the left button
+        kMove,        // the mouse, with or without the button
+        kRelease,     //
+        kCancel,      // the window lost the pointer
+        kWheel,       // amount: notches, away from the user is positive
+        kZoom,        // amount: ratio of one step of a trackpad's pinch
+        kFingerDown,  // on a touch screen
+        kFingerMove,  //
+        kFingerUp
     };
-    Kind kind = Kind::move;
+    Kind kind = Kind::kMove;
     SurfacePosition at;
     double seconds = 0;
     float amount = 0;

@@ -7,14 +7,14 @@
 namespace fovix_host {
 namespace {
 
-constexpr float gravity = SDL_STANDARD_GRAVITY;
-constexpr float rest = 0.08f;       // of gravity; a hand is never quite still
-constexpr float turnFactor = 0.3f;  // the panorama turns on with each reading
-constexpr float lookFactor = 2.5f;  // the half view looks where the device is tilted to
+constexpr float kGravity = SDL_STANDARD_GRAVITY;
+constexpr float kRest = 0.08f;       // of gravity; a hand is never quite still
+constexpr float kTurnFactor = 0.3f;  // the panorama turns on with each reading
+constexpr float kLookFactor = 2.5f;  // the half view looks where the device is tilted to
 
 float share(float reading) {
-    const float part = reading / gravity;
-    return std::isfinite(part) && std::abs(part) > rest ? part : 0.0f;
+    const float part = reading / kGravity;
+    return std::isfinite(part) && std::abs(part) > kRest ? part : 0.0f;
 }
 
 }  // namespace
@@ -28,7 +28,7 @@ bool openAccelerometers() {
 }
 
 void steerByAcceleration(VRHANDLE view, float x, float y) {
-    const float factor = Fovix_GetType(view) == FOVIX_TYPE_360VR ? turnFactor : lookFactor;
+    const float factor = Fovix_GetType(view) == FOVIX_TYPE_360VR ? kTurnFactor : kLookFactor;
     Fovix_OnAccelerometer(view, share(x) * factor, share(y) * factor);
 }
 

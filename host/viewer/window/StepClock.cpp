@@ -6,21 +6,21 @@
 namespace fovix_host {
 
 int StepClock::due(double now) {
-    const double behind = (now - _next) / step;
-    constexpr double early = 0.5 + 1e-6;  // and what seconds lose to rounding
-    if (behind < -early) return 0;
-    if (behind >= most - early) {
-        _next = now + step;
-        return most;
+    const double behind = (now - _next) / kStep;
+    constexpr double kEarly = 0.5 + 1e-6;  // and what seconds lose to rounding
+    if (behind < -kEarly) return 0;
+    if (behind >= kMost - kEarly) {
+        _next = now + kStep;
+        return kMost;
     }
-    const int steps = static_cast<int>(std::floor(behind + early)) + 1;
-    const int given = std::min(steps, most);
-    _next += given * step;
+    const int steps = static_cast<int>(std::floor(behind + kEarly)) + 1;
+    const int given = std::min(steps, kMost);
+    _next += given * kStep;
     return given;
 }
 
 double StepClock::untilNext(double now) const {
-    return std::max(_next - step / 2 - now, 0.0);
+    return std::max(_next - kStep / 2 - now, 0.0);
 }
 
 }  // namespace fovix_host

@@ -6,8 +6,8 @@ namespace fovix_host {
 
 class StepClock {
   public:
-    static constexpr double step = 1.0 / 60;
-    static constexpr int most = 6;  // steps for one frame; a longer pause is forgotten
+    static constexpr double kStep = 1.0 / 60;
+    static constexpr int kMost = 6;  // steps for one frame; a longer pause is forgotten
 
     // How many steps are due, in seconds of any steady clock. Half a step early counts as due, so that a
     // display of 60 Hz gets one step a frame although neither clock is exact.

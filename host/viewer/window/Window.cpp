@@ -68,12 +68,12 @@ Window::Window(const std::string& title, SurfaceSize size, bool fullScreen) {
         SDL_WINDOW_OPENGL | SDL_WINDOW_RESIZABLE | SDL_WINDOW_ALLOW_HIGHDPI | fullScreenFlag(fullScreen);
     const int middle = static_cast<int>(SDL_WINDOWPOS_CENTERED);
     _window.reset(SDL_CreateWindow(title.c_str(), middle, middle, size.width, size.height, flags));
-    constexpr const char* driverHint =
+    constexpr const char* kDriverHint =
         "install a GL driver, on Debian the packages libgl1-mesa-dri and libglx-mesa0 (software rendering is "
         "enough)";
-    if (!_window) fail("no window with OpenGL can be opened here", driverHint);
+    if (!_window) fail("no window with OpenGL can be opened here", kDriverHint);
     _context = SDL_GL_CreateContext(_window.get());
-    if (!_context) fail("no OpenGL 2.1 context of the compatibility profile", driverHint);
+    if (!_context) fail("no OpenGL 2.1 context of the compatibility profile", kDriverHint);
     SDL_GL_SetSwapInterval(1);
 }
 

@@ -4,12 +4,12 @@
 #include <optional>
 
 #include "image/GreyImage.h"
-#include "media/PicturePacker.h"
+#include "media/FramePacker.h"
 
 namespace fovix_host {
 
 // Of any picture that goes to the library.
-LumaView lumaOf(const PackedPicture& picture);
+LumaView lumaOf(const PackedFrame& picture);
 
 // Nothing for frames without a plane of 8-bit luma; the packer makes something of those.
 std::optional<LumaView> lumaOf(const AVFrame& frame);

@@ -8,27 +8,27 @@
 #include <utility>
 #include <vector>
 
-#include "media/PictureScaler.h"
-#include "media/PictureSource.h"
+#include "media/FrameScaler.h"
+#include "media/FrameSource.h"
 
 namespace fovix_host {
 
-class ScriptPictures {
+class ScriptFrames {
   public:
-    explicit ScriptPictures(MediaDemands demands) : _demands(std::move(demands)) {}
+    explicit ScriptFrames(MediaOptions demands) : _demands(std::move(demands)) {}
 
     // The next picture of a source, from the first again after the last; valid until the next call. Throws
     // std::runtime_error with a sentence that names the source.
-    PackedPicture next(const std::string& name);
+    PackedFrame next(const std::string& name);
 
     // The same in one format, FOVIX_FORMAT_RGBA or FOVIX_FORMAT_YUV420P. Where it must be converted, an odd
     // last column or row is left out.
-    PackedPicture next(const std::string& name, int pixelFormat);
+    PackedFrame next(const std::string& name, int pixelFormat);
 
   private:
-    MediaDemands _demands;
-    std::map<std::string, std::unique_ptr<PictureSource>> _sources;
-    PictureScaler _scaler;
+    MediaOptions _demands;
+    std::map<std::string, std::unique_ptr<FrameSource>> _sources;
+    FrameScaler _scaler;
     std::vector<unsigned char> _converted;
 };
 

@@ -1,4 +1,4 @@
-#include "media/PicturePacker.h"
+#include "media/FramePacker.h"
 
 extern "C" {
 #include <libavutil/imgutils.h>
@@ -39,8 +39,8 @@ void checkSize(const AVFrame& frame) {
     if (frame.width <= 0 || frame.height <= 0 || !frame.data[0])
         throw std::runtime_error("the picture of " + size + " pixels is empty");
     // The library reserves 4 bytes per pixel and a little more, and counts them in an int.
-    constexpr std::int64_t most = (INT_MAX - 1024) / 4;
-    if (std::int64_t{frame.width} * frame.height > most)
+    constexpr std::int64_t kMost = (INT_MAX - 1024) / 4;
+    if (std::int64_t{frame.width} * frame.height > kMost)
         throw std::runtime_error("the picture of " + size + " pixels is too large");
 }
 
@@ -52,13 +52,13 @@ int shrunk(int pixels, int most, int longest) {
 
 }  // namespace
 
-PackedPicture PicturePacker::pack(const AVFrame& frame) {
+PackedFrame FramePacker::pack(const AVFrame& frame) {
     checkSize(frame);
     return std::max(frame.width, frame.height) > _mostAcross ? packFitting(shrink(frame))
                                                              : packFitting(frame);
 }
 
-const AVFrame& PicturePacker::shrink(const AVFrame& frame) {
+const AVFrame& FramePacker::shrink(const AVFrame& frame) {
     const int longest = std::max(frame.width, frame.height);
     const AVPixelFormat format = plainFormat(frame.format);
     _small.reset(av_frame_alloc());
@@ -73,10 +73,10 @@ const AVFrame& PicturePacker::shrink(const AVFrame& frame) {
     return *_small;
 }
 
-PackedPicture PicturePacker::packFitting(const AVFrame& frame) {
+PackedFrame FramePacker::packFitting(const AVFrame& frame) {
     if (frame.format == AV_PIX_FMT_RGBA) return packRgba(frame);
     // A picture one pixel wide or high has no chroma samples in the library's layout.
-    if (_formats == PackedFormats::all && !isFullRange(frame) && frame.width > 1 && frame.height > 1) {
+    if (_formats == PackedFormats::kAll && !isFullRange(frame) && frame.width > 1 && frame.height > 1) {
         if (frame.format == AV_PIX_FMT_YUV420P) return packPlanar(frame);
         if (frame.format == AV_PIX_FMT_GRAY8) return packGrey(frame);
         if (frame.format == AV_PIX_FMT_NV12) return packSemiPlanar(frame, FOVIX_FORMAT_NV12);
@@ -85,20 +85,20 @@ PackedPicture PicturePacker::packFitting(const AVFrame& frame) {
     return convert(frame);
 }
 
-unsigned char* PicturePacker::room(std::size_t bytes) {
+unsigned char* FramePacker::room(std::size_t bytes) {
     // swscale's vector code may write a little past the last pixel.
-    constexpr std::size_t slack = 64;
-    if (_buffer.size() < bytes + slack) _buffer.resize(bytes + slack);
+    constexpr std::size_t kSlack = 64;
+    if (_buffer.size() < bytes + kSlack) _buffer.resize(bytes + kSlack);
     return _buffer.data();
 }
 
-PackedPicture PicturePacker::buffered(const AVFrame& frame, int pixelFormat) const {
+PackedFrame FramePacker::buffered(const AVFrame& frame, int pixelFormat) const {
     const std::size_t bytes =
         pixelFormat == FOVIX_FORMAT_RGBA ? Layout420(frame).luma * 4 : Layout420(frame).bytes();
     return {pixelFormat, _buffer.data(), static_cast<int>(bytes), frame.width, frame.height};
 }
 
-PackedPicture PicturePacker::packRgba(const AVFrame& frame) {
+PackedFrame FramePacker::packRgba(const AVFrame& frame) {
     const int rowBytes = frame.width * 4;
     if (frame.linesize[0] == rowBytes)
         return {FOVIX_FORMAT_RGBA, frame.data[0], rowBytes * frame.height, frame.width, frame.height};
@@ -107,7 +107,7 @@ PackedPicture PicturePacker::packRgba(const AVFrame& frame) {
     return buffered(frame, FOVIX_FORMAT_RGBA);
 }
 
-PackedPicture PicturePacker::packPlanar(const AVFrame& frame) {
+PackedFrame FramePacker::packPlanar(const AVFrame& frame) {
     const Layout420 layout(frame);
     const int half = frame.width / 2;
     if (liesInOneBlock(frame) && layout.even() && frame.linesize[0] == frame.width &&
@@ -125,16 +125,16 @@ PackedPicture PicturePacker::packPlanar(const AVFrame& frame) {
 }
 
 // swscale takes all grey for full range, so limited-range grey becomes luma with neutral chroma.
-PackedPicture PicturePacker::packGrey(const AVFrame& frame) {
+PackedFrame FramePacker::packGrey(const AVFrame& frame) {
     const Layout420 layout(frame);
     unsigned char* to = room(layout.bytes());
     av_image_copy_plane(to, frame.width, frame.data[0], frame.linesize[0], frame.width, frame.height);
-    constexpr unsigned char neutral = 128;
-    std::fill_n(to + layout.luma, 2 * layout.chroma, neutral);
+    constexpr unsigned char kNeutral = 128;
+    std::fill_n(to + layout.luma, 2 * layout.chroma, kNeutral);
     return buffered(frame, FOVIX_FORMAT_YUV420P);
 }
 
-PackedPicture PicturePacker::packSemiPlanar(const AVFrame& frame, int pixelFormat) {
+PackedFrame FramePacker::packSemiPlanar(const AVFrame& frame, int pixelFormat) {
     const Layout420 layout(frame);
     const int pairBytes = frame.width / 2 * 2;
     if (liesInOneBlock(frame) && layout.even() && frame.linesize[0] == frame.width &&
@@ -148,7 +148,7 @@ PackedPicture PicturePacker::packSemiPlanar(const AVFrame& frame, int pixelForma
     return buffered(frame, pixelFormat);
 }
 
-PackedPicture PicturePacker::convert(const AVFrame& frame) {
+PackedFrame FramePacker::convert(const AVFrame& frame) {
     AVFrame to{};
     to.format = AV_PIX_FMT_RGBA;
     to.width = frame.width;

@@ -8,29 +8,29 @@
 #include <string>
 
 #include "circle/LensCircle.h"
-#include "media/PicturePacker.h"
+#include "media/FramePacker.h"
 #include "sample/SampleScene.h"
 
 namespace fovix_host {
 
 enum class Motion {
-    still,   // one picture and no more
-    ends,    // a recording
-    endless  // a live stream, or the sample
+    kStill,   // one picture and no more
+    kEnds,    // a recording
+    kEndless  // a live stream, or the sample
 };
 
-class PictureSource {
+class FrameSource {
   public:
-    virtual ~PictureSource() = default;
+    virtual ~FrameSource() = default;
 
     // The next picture, valid until the next call; nothing after the last one. Throws
     // std::runtime_error with a sentence that names the source.
-    virtual std::optional<PackedPicture> next() = 0;
+    virtual std::optional<PackedFrame> next() = 0;
 
     // The lens circle of the pictures, where the source knows it.
     virtual std::optional<LensCircle> lens() const { return std::nullopt; }
 
-    virtual Motion motion() const { return Motion::endless; }
+    virtual Motion motion() const { return Motion::kEndless; }
     virtual double frameRate() const { return 25; }
     // When the last picture is due, counted from the first one.
     virtual double seconds() const = 0;
@@ -38,21 +38,21 @@ class PictureSource {
     virtual std::optional<double> duration() const { return std::nullopt; }
 };
 
-struct MediaDemands {
-    PackedFormats formats = PackedFormats::all;
-    int mostAcross = INT_MAX;                          // pictures with a longer side are scaled down
+struct MediaOptions {
+    PackedFormats formats = PackedFormats::kAll;
+    int maxSide = INT_MAX;                             // pictures with a longer side are scaled down
     double start = 0;                                  // of a video: the first picture is due then or later
     std::function<void(const std::string&)> notify{};  // takes sentences for the user
     std::function<bool()> interrupted{};               // see MediaReader
 };
 
-constexpr int sampleSize = 1280;
+constexpr int kSampleSize = 1280;
 
-std::unique_ptr<PictureSource> openMedia(const std::string& input, const MediaDemands& demands);
-std::unique_ptr<PictureSource> openSample(SampleScene::Camera camera, int width, int height,
-                                          int firstFrame = 0);
+std::unique_ptr<FrameSource> openMedia(const std::string& input, const MediaOptions& demands);
+std::unique_ptr<FrameSource> openSample(SampleScene::Camera camera, int width, int height,
+                                        int firstFrame = 0);
 // Two samples in one picture, one above the other; the lens circle is that of each half.
-std::unique_ptr<PictureSource> openStackedSample(SampleScene::Camera upper, SampleScene::Camera lower,
-                                                 int width, int height);
+std::unique_ptr<FrameSource> openStackedSample(SampleScene::Camera upper, SampleScene::Camera lower,
+                                               int width, int height);
 
 }  // namespace fovix_host

@@ -1,4 +1,4 @@
-#include "render/script/ScriptPictures.h"
+#include "render/script/ScriptFrames.h"
 
 #include <Fovix.h>
 
@@ -9,11 +9,11 @@
 namespace fovix_host {
 namespace {
 
-std::unique_ptr<PictureSource> open(const std::string& name, const MediaDemands& demands) {
+std::unique_ptr<FrameSource> open(const std::string& name, const MediaOptions& demands) {
     using enum SampleScene::Camera;
-    if (name == "sample") return openSample(ceiling, sampleSize, sampleSize);
-    if (name == "sample=wall") return openSample(wall, sampleSize, sampleSize);
-    if (name == "sample=two-lenses") return openStackedSample(wall, ceiling, sampleSize, sampleSize);
+    if (name == "sample") return openSample(kCeiling, kSampleSize, kSampleSize);
+    if (name == "sample=wall") return openSample(kWall, kSampleSize, kSampleSize);
+    if (name == "sample=two-lenses") return openStackedSample(kWall, kCeiling, kSampleSize, kSampleSize);
     return openMedia(name, demands);
 }
 
@@ -56,8 +56,8 @@ AVFrame frameOver(int pixelFormat, const unsigned char* bytes, int width, int he
 
 }  // namespace
 
-PackedPicture ScriptPictures::next(const std::string& name) {
-    std::unique_ptr<PictureSource>& source = _sources[name];
+PackedFrame ScriptFrames::next(const std::string& name) {
+    std::unique_ptr<FrameSource>& source = _sources[name];
     if (source)
         if (const auto picture = source->next()) return *picture;
     source = open(name, _demands);
@@ -65,13 +65,13 @@ PackedPicture ScriptPictures::next(const std::string& name) {
     throw std::runtime_error("'" + name + "' holds no picture");
 }
 
-PackedPicture ScriptPictures::next(const std::string& name, int pixelFormat) {
-    const PackedPicture picture = next(name);
+PackedFrame ScriptFrames::next(const std::string& name, int pixelFormat) {
+    const PackedFrame picture = next(name);
     if (picture.pixelFormat == pixelFormat) return picture;
 
     const int width = picture.width / 2 * 2, height = picture.height / 2 * 2;
-    constexpr std::size_t slack = 64;  // see PictureScaler
-    _converted.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 4 + slack);
+    constexpr std::size_t kSlack = 64;  // see FrameScaler
+    _converted.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 4 + kSlack);
     AVFrame from = frameOver(picture.pixelFormat, picture.data, picture.width, picture.height);
     from.width = width;
     from.height = height;

@@ -7,17 +7,17 @@
 #include <mutex>
 #include <vector>
 
-#include "media/PicturePacker.h"
+#include "media/FramePacker.h"
 #include "setup/View.h"
 
 namespace fovix_host {
 
-class Pictures {
+class FrameRelay {
   public:
     // wake tells the viewer's thread that there is something new; any thread calls it.
-    Pictures(VRHANDLE view, int inputs, std::function<void()> wake);
+    FrameRelay(VRHANDLE view, int inputs, std::function<void()> wake);
 
-    void show(int slot, const PackedPicture& picture);
+    void show(int slot, const PackedFrame& picture);
 
     // Whether a picture has come since the last call.
     bool takeNew() { return _new.exchange(false); }
@@ -33,20 +33,20 @@ class Pictures {
     // newest pictures are back.
     class Hold {
       public:
-        explicit Hold(Pictures& pictures) : _pictures(pictures), _lock(pictures._mutex) {}
+        explicit Hold(FrameRelay& pictures) : _pictures(pictures), _lock(pictures._mutex) {}
         ~Hold() { _pictures.handInAll(); }
         Hold(const Hold&) = delete;
         Hold& operator=(const Hold&) = delete;
 
       private:
-        Pictures& _pictures;
+        FrameRelay& _pictures;
         std::lock_guard<std::mutex> _lock;
     };
 
   private:
     struct Slot {
         std::vector<unsigned char> bytes;
-        PackedPicture picture;  // of these bytes
+        PackedFrame picture;  // of these bytes
     };
     void handIn(int slot) const;
     void handInAll() const;

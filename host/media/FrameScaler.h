@@ -9,7 +9,7 @@ namespace fovix_host {
 AVPixelFormat plainFormat(int format);
 bool isFullRange(const AVFrame& frame);
 
-class PictureScaler {
+class FrameScaler {
   public:
     // The bytes of "to" are there already, and a few more: swscale's vector code may write a little past the
     // last pixel, and read past that of "from". Throws std::runtime_error where swscale cannot do it.

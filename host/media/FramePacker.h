@@ -9,14 +9,14 @@
 #include <cstdint>
 #include <vector>
 
+#include "media/FrameScaler.h"
 #include "media/MediaOwners.h"
-#include "media/PictureScaler.h"
 
 namespace fovix_host {
 
 // The arguments of Fovix_SetTexture. The bytes belong to the packed frame or to the packer: they are
 // valid until either changes.
-struct PackedPicture {
+struct PackedFrame {
     int pixelFormat = 0;
     const unsigned char* data = nullptr;
     int size = 0;
@@ -25,35 +25,35 @@ struct PackedPicture {
 };
 
 enum class PackedFormats {
-    all,
-    rgba  // for views that take nothing else
+    kAll,
+    kRgba  // for views that take nothing else
 };
 
-class PicturePacker {
+class FramePacker {
   public:
-    explicit PicturePacker(PackedFormats formats = PackedFormats::all, int mostAcross = INT_MAX)
-        : _formats(formats), _mostAcross(mostAcross) {}
+    explicit FramePacker(PackedFormats formats = PackedFormats::kAll, int maxSide = INT_MAX)
+        : _formats(formats), _mostAcross(maxSide) {}
 
-    // Neither side of the packed picture is longer than mostAcross. Throws std::runtime_error when the
+    // Neither side of the packed picture is longer than maxSide. Throws std::runtime_error when the
     // picture cannot be converted or is too large for the library.
-    PackedPicture pack(const AVFrame& frame);
+    PackedFrame pack(const AVFrame& frame);
 
   private:
-    PackedPicture packFitting(const AVFrame& frame);
+    PackedFrame packFitting(const AVFrame& frame);
     const AVFrame& shrink(const AVFrame& frame);
-    PackedPicture packRgba(const AVFrame& frame);
-    PackedPicture packPlanar(const AVFrame& frame);
-    PackedPicture packGrey(const AVFrame& frame);
-    PackedPicture packSemiPlanar(const AVFrame& frame, int pixelFormat);
-    PackedPicture convert(const AVFrame& frame);
+    PackedFrame packRgba(const AVFrame& frame);
+    PackedFrame packPlanar(const AVFrame& frame);
+    PackedFrame packGrey(const AVFrame& frame);
+    PackedFrame packSemiPlanar(const AVFrame& frame, int pixelFormat);
+    PackedFrame convert(const AVFrame& frame);
     unsigned char* room(std::size_t bytes);
-    PackedPicture buffered(const AVFrame& frame, int pixelFormat) const;
+    PackedFrame buffered(const AVFrame& frame, int pixelFormat) const;
 
     PackedFormats _formats;
     int _mostAcross;
     std::vector<unsigned char> _buffer;
     FrameOwner _small;
-    PictureScaler _scaler;
+    FrameScaler _scaler;
 };
 
 }  // namespace fovix_host

@@ -1,4 +1,4 @@
-#include "media/PictureScaler.h"
+#include "media/FrameScaler.h"
 
 extern "C" {
 #include <libavutil/pixdesc.h>
@@ -40,19 +40,19 @@ bool isFullRange(const AVFrame& frame) {
     return frame.color_range == AVCOL_RANGE_UNSPECIFIED && isGrey(plain);
 }
 
-void PictureScaler::scale(const AVFrame& from, AVFrame& to) {
+void FrameScaler::scale(const AVFrame& from, AVFrame& to) {
     const AVPixelFormat fromFormat = plainFormat(from.format), toFormat = plainFormat(to.format);
-    constexpr int quality = SWS_BILINEAR | SWS_ACCURATE_RND | SWS_FULL_CHR_H_INT | SWS_FULL_CHR_H_INP;
+    constexpr int kQuality = SWS_BILINEAR | SWS_ACCURATE_RND | SWS_FULL_CHR_H_INT | SWS_FULL_CHR_H_INP;
     _scaler.reset(sws_getCachedContext(_scaler.release(), from.width, from.height, fromFormat, to.width,
-                                       to.height, toFormat, quality, nullptr, nullptr, nullptr));
+                                       to.height, toFormat, kQuality, nullptr, nullptr, nullptr));
     if (!_scaler) {
         const char* name = av_get_pix_fmt_name(fromFormat);
         throw std::runtime_error(std::string("pictures in the pixel format '") + (name ? name : "unknown") +
                                  "' cannot be converted");
     }
-    constexpr int unit = 1 << 16;  // contrast and saturation 1.0
+    constexpr int kUnit = 1 << 16;  // contrast and saturation 1.0
     sws_setColorspaceDetails(_scaler.get(), sws_getCoefficients(from.colorspace), isFullRange(from) ? 1 : 0,
-                             sws_getCoefficients(to.colorspace), isFullRange(to) ? 1 : 0, 0, unit, unit);
+                             sws_getCoefficients(to.colorspace), isFullRange(to) ? 1 : 0, 0, kUnit, kUnit);
     if (sws_scale(_scaler.get(), from.data, from.linesize, 0, from.height, to.data, to.linesize) != to.height)
         throw std::runtime_error("the picture cannot be converted");
 }

@@ -1,4 +1,4 @@
-#include "media/PictureSource.h"
+#include "media/FrameSource.h"
 
 #include <Fovix.h>
 
@@ -12,20 +12,20 @@
 namespace fovix_host {
 namespace {
 
-class MediaSource final : public PictureSource {
+class MediaSource final : public FrameSource {
   public:
-    MediaSource(const std::string& input, const MediaDemands& demands)
-        : _demands(demands), _packer(demands.formats, demands.mostAcross) {
+    MediaSource(const std::string& input, const MediaOptions& demands)
+        : _demands(demands), _packer(demands.formats, demands.maxSide) {
         openReader(input);
-        if (demands.start > 0 && motion() != Motion::still) goToStart(input);
+        if (demands.start > 0 && motion() != Motion::kStill) goToStart(input);
     }
 
-    std::optional<PackedPicture> next() override {
+    std::optional<PackedFrame> next() override {
         const AVFrame* frame = _first ? _first : _reader->next();
         _first = nullptr;
         if (!frame) {
             if (_reader->isLost())
-                notify("broke off after " + std::to_string(_reader->picturesRead()) + " pictures");
+                notify("broke off after " + std::to_string(_reader->framesRead()) + " pictures");
             return std::nullopt;
         }
         if (!_begin) _begin = _reader->seconds();
@@ -33,7 +33,7 @@ class MediaSource final : public PictureSource {
     }
 
     Motion motion() const override {
-        return _reader->isStill() ? Motion::still : _reader->isLive() ? Motion::endless : Motion::ends;
+        return _reader->isStill() ? Motion::kStill : _reader->isLive() ? Motion::kEndless : Motion::kEnds;
     }
     double frameRate() const override { return _reader->frameRate(); }
     double seconds() const override { return _reader->seconds() - _begin.value_or(0); }
@@ -51,13 +51,13 @@ class MediaSource final : public PictureSource {
     void goToStart(const std::string& input) {
         if (_reader->seek(_demands.start)) {
             _first = _reader->next();
-            if (_first && _reader->seconds() < _demands.start + 1 / frameRate() - timeRounding) return;
-            if (!_first && _reader->picturesRead() > 0) refuseStart();
+            if (_first && _reader->seconds() < _demands.start + 1 / frameRate() - kTimeRounding) return;
+            if (!_first && _reader->framesRead() > 0) refuseStart();
         }
         // A failed attempt may have moved it, too.
-        if (motion() == Motion::ends) openReader(input);
+        if (motion() == Motion::kEnds) openReader(input);
         do _first = _reader->next();
-        while (_first && _reader->seconds() < _demands.start - timeRounding);
+        while (_first && _reader->seconds() < _demands.start - kTimeRounding);
         if (!_first) refuseStart();
     }
 
@@ -68,9 +68,9 @@ class MediaSource final : public PictureSource {
                                  "'; its last picture is due at " + end + " seconds");
     }
 
-    PackedPicture packed(const AVFrame& frame) {
+    PackedFrame packed(const AVFrame& frame) {
         try {
-            const PackedPicture picture = _packer.pack(frame);
+            const PackedFrame picture = _packer.pack(frame);
             if (picture.width != frame.width && !std::exchange(_saidScaled, true))
                 notify("has pictures of " + sizeText(frame.width, frame.height) +
                        ", larger than the textures of this GL; they are scaled down to " +
@@ -85,25 +85,25 @@ class MediaSource final : public PictureSource {
         if (_demands.notify) _demands.notify("'" + _reader->input() + "' " + what);
     }
 
-    MediaDemands _demands;
+    MediaOptions _demands;
     std::unique_ptr<MediaReader> _reader;
-    PicturePacker _packer;
+    FramePacker _packer;
     const AVFrame* _first = nullptr;  // already read
     std::optional<double> _begin;     // when the first picture is due
     bool _saidScaled = false;
 };
 
-PackedPicture packed(const RgbaImage& picture) {
+PackedFrame packed(const RgbaImage& picture) {
     return {FOVIX_FORMAT_RGBA, picture.pixels.data(), static_cast<int>(picture.pixels.size()), picture.width,
             picture.height};
 }
 
-class SampleSource final : public PictureSource {
+class SampleSource final : public FrameSource {
   public:
     SampleSource(SampleScene::Camera camera, int width, int height, int firstFrame)
         : _scene(camera, width, height), _firstFrame(firstFrame), _frame(firstFrame) {}
 
-    std::optional<PackedPicture> next() override { return packed(_scene.picture(_frame++)); }
+    std::optional<PackedFrame> next() override { return packed(_scene.picture(_frame++)); }
 
     std::optional<LensCircle> lens() const override { return _scene.lens(); }
     double seconds() const override { return (_frame - 1 - _firstFrame) / frameRate(); }
@@ -114,12 +114,12 @@ class SampleSource final : public PictureSource {
     int _frame;
 };
 
-class StackedSample final : public PictureSource {
+class StackedSample final : public FrameSource {
   public:
     StackedSample(SampleScene::Camera upper, SampleScene::Camera lower, int width, int height)
         : _upper(upper, width, height), _lower(lower, width, height), _picture(width, 2 * height) {}
 
-    std::optional<PackedPicture> next() override {
+    std::optional<PackedFrame> next() override {
         const auto& upper = _upper.picture(_frame).pixels;
         const auto& lower = _lower.picture(_frame++).pixels;
         std::copy(lower.begin(), lower.end(), std::copy(upper.begin(), upper.end(), _picture.pixels.begin()));
@@ -137,16 +137,16 @@ class StackedSample final : public PictureSource {
 
 }  // namespace
 
-std::unique_ptr<PictureSource> openMedia(const std::string& input, const MediaDemands& demands) {
+std::unique_ptr<FrameSource> openMedia(const std::string& input, const MediaOptions& demands) {
     return std::make_unique<MediaSource>(input, demands);
 }
 
-std::unique_ptr<PictureSource> openSample(SampleScene::Camera camera, int width, int height, int firstFrame) {
+std::unique_ptr<FrameSource> openSample(SampleScene::Camera camera, int width, int height, int firstFrame) {
     return std::make_unique<SampleSource>(camera, width, height, firstFrame);
 }
 
-std::unique_ptr<PictureSource> openStackedSample(SampleScene::Camera upper, SampleScene::Camera lower,
-                                                 int width, int height) {
+std::unique_ptr<FrameSource> openStackedSample(SampleScene::Camera upper, SampleScene::Camera lower,
+                                               int width, int height) {
     return std::make_unique<StackedSample>(upper, lower, width, height);
 }
 

@@ -1,13 +1,13 @@
-#include "viewer/playback/Pictures.h"
+#include "viewer/playback/FrameRelay.h"
 
 #include <utility>
 
 namespace fovix_host {
 
-Pictures::Pictures(VRHANDLE view, int inputs, std::function<void()> wake)
+FrameRelay::FrameRelay(VRHANDLE view, int inputs, std::function<void()> wake)
     : _view(view), _wake(std::move(wake)), _slots(static_cast<std::size_t>(inputs)) {}
 
-void Pictures::show(int slot, const PackedPicture& picture) {
+void FrameRelay::show(int slot, const PackedFrame& picture) {
     {
         const std::lock_guard lock(_mutex);
         Slot& kept = _slots.at(static_cast<std::size_t>(slot));
@@ -19,13 +19,13 @@ void Pictures::show(int slot, const PackedPicture& picture) {
     if (!_new.exchange(true)) _wake();
 }
 
-Pictures::Size Pictures::size() const {
+FrameRelay::Size FrameRelay::size() const {
     const std::lock_guard lock(_mutex);
     return {_slots.front().picture.width, _slots.front().picture.height};
 }
 
-void Pictures::handIn(int slot) const {
-    const PackedPicture& picture = _slots[static_cast<std::size_t>(slot)].picture;
+void FrameRelay::handIn(int slot) const {
+    const PackedFrame& picture = _slots[static_cast<std::size_t>(slot)].picture;
     if (!picture.data) return;
     const int type = Fovix_GetType(_view);
     if (type == FOVIX_TYPE_MULTI_IMAGE)
@@ -38,7 +38,7 @@ void Pictures::handIn(int slot) const {
                          picture.height);
 }
 
-void Pictures::handInAll() const {
+void FrameRelay::handInAll() const {
     for (int slot = 0; slot < count(); ++slot) handIn(slot);
 }
 
