@@ -1,7 +1,7 @@
 #include "ApiCalls.h"
 
 #include <algorithm>
-#include <cctype>
+#include <cstdlib>
 #include <sstream>
 #include <stdexcept>
 #include <tuple>
@@ -107,10 +107,12 @@ std::vector<ScriptCall> callsIn(const std::string& script) {
     std::vector<ScriptCall> calls;
     std::istringstream in(script);
     for (std::string word; in >> word;) {
-        if (std::isalpha(static_cast<unsigned char>(word[0])))
+        char* end = nullptr;
+        const double number = std::strtod(word.c_str(), &end);  // nan and inf, too
+        if (*end)
             calls.push_back({word, {}});
         else
-            calls.at(calls.size() - 1).numbers.push_back(std::stod(word));
+            calls.at(calls.size() - 1).numbers.push_back(number);
     }
     return calls;
 }

@@ -49,12 +49,6 @@ TEST(Korvel, FillsTheSurface) {
         EXPECT_PRED3(isAt, cells.front().a, (Vertex{-1, -halfHeight, 0}), 1e-12 * (1 + halfHeight));
         EXPECT_PRED3(isAt, cells.back().c, (Vertex{1, halfHeight, 0}), 1e-12 * (1 + halfHeight));
     }
-    const FishEyeConfig lens = lensOf(3, 1920, 1088, kTallCamera);
-    EXPECT_EQ(
-        printed([&] { GridMesh_Create_Korvel(lens, 2000, 500); }),
-        "korvel : 1920.000000 x 1088.000000, length = 2.000000\nbacking : 2000 x 500\n"
-        "display as : 1920.000000 x 1440.000000, ratio : 0.333333, ratioX : 3.000000, ratioY : 1.000000\n"
-        "display as : 0.900000\n");
 }
 
 TEST(Korvel, SamplesAlongTheLensArcsAndNothingBeyondThem) {

@@ -69,31 +69,3 @@ TEST(HalfView, LaysChordsOfTheLensCircleOnTheSurface) {
         }
     }
 }
-
-TEST(HalfView, PrintsWhatItBuilds) {
-    const FishEyeConfig wide = lensOf(1, 1920, 1080, {900, 600, 540, 1920, 1080});
-    const FishEyeConfig square = lensOf(1, 1000, 1000, {500, 500, 500, 1000, 1000});
-    EXPECT_EQ(
-        printed([&] {
-            GridMesh_Create_180VR(0, wide, 1280, 720);
-            GridMesh_Create_180VR(1, wide, 1280, 720);
-            GridMesh_Create_180VR(1, square, 1280, 720);
-            EXPECT_FALSE(GridMesh_Create_180VR(4, wide, 1280, 720));
-        }),
-        "GridMesh_Create_180VR : drawMode = 0\n"
-        "180vr original : 1920.000000 x 1080.000000, length = 2.000000\n"
-        "180vr display as : 1920.000000 x 1080.000000\n180vr mRadius : 540.000000, mRadiusF : 0.562500\n"
-        "180vr center : 900.000000 x 600.000000\n180vr original offset: -60.000000 x 60.000000\n"
-        "180vr original offset: -0.031250 x 0.055556\n"
-        "dispAngle = 1.570796, uRate = 1.000000, vRate = 1.000000\n"
-        "GridMesh_Create_180VR : drawMode = 1\n180vr stretch : 1920.000000 x 1080.000000\n"
-        "----------> backingWidth = 1280, backingHeight = 720, width = 1.125000, height = 1.470025, "
-        "targetW = 2.000000, targetH = 1.454057\n"
-        "----------> dispCenterX = 900.000000, dispCenterY = 600.000000, mRadius = 540.000000\n"
-        "GridMesh_Create_180VR : drawMode = 1\n180vr stretch : 1000.000000 x 1000.000000\n"
-        "-----------> dispWidth = 1000.000000, dispHeight = 1000.000000, mRadiusF=1.000000, width = "
-        "0.716710, height = 2.000000, targetW = 2.400000, targetH = 2.000000, offsetU = 0.000000, "
-        "offsetV = 0.000000\n----------> xBase = 1.200000, yBase = 0.000000 \n"
-        "----------> dispCenterX = 500.000000, dispCenterY = 500.000000, mRadius = 500.000000\n"
-        "GridMesh_Create_180VR : drawMode = 4\nGridMesh_Create_180VR Error : drawMode = 4\n");
-}

@@ -106,13 +106,3 @@ TEST(HalfPanoramaTouch, ReadingAViewMovesItOnAsAFrameWould) {
     EXPECT_DOUBLE_EQ(1.38, zoom);
     EXPECT_EQ(0.0, view.params<VR180TouchParams>().mXAngle) << "only what is read moves";
 }
-
-TEST(HalfPanoramaTouch, TargetsPrintWhatTheyDo) {
-    SteeredView view(FOVIX_TYPE_180VR, "set180 2 -3 0 12");
-    EXPECT_EQ(
-        "Fovix_DisplayTarget(targetX: 60, targetY: 20, w: 101, h:81)\n"
-        "rect center(60.000000, 20.000000)\nimage center(50.000000, 40.000000)\n"
-        "dy : -20.000000, dx = 10.000000\nxMax : 44.000000, yMax : 44.000000 \n"
-        "xAngle : 0.000000, yAngle : 0.000000 -> 8.800000, -22.000000\n",
-        view.printedBy("target 60 20 101 81"));
-}

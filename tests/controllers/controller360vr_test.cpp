@@ -219,14 +219,3 @@ TEST(PanoramaTouch, StormsFollowTheFormulas) {
         }
     }
 }
-
-TEST(PanoramaTouch, TargetsPrintWhatTheyDo) {
-    SteeredView view(FOVIX_TYPE_360VR, "look 100.5 10 40 frames 1");
-    EXPECT_EQ(
-        "Fovix_DisplayTarget(targetX: 600, targetY: 400, w: 801, h:601)\n"
-        "rect center(600.000000, 400.000000)\nimage center(400.000000, 300.000000)\n"
-        "dy : 100.000000, dx = 200.000000\n"
-        "pan : 100.500000, tilt : 10.000000 -> angle : -26.565051, distance = 223.606798\n"
-        "need roate : 26.565051fromPan : 100.000000 - > 206.000000fromTilt : 10.000000 - > 22.360680",
-        view.printedBy("target 600 400 801 601"));
-}

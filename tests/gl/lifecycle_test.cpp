@@ -1,5 +1,4 @@
-// From Fovix_Prepare to the next GL context: what is printed in which order, what is kept and what is made
-// anew.
+// Surfaces of any size, and a new GL context.
 #include <gtest/gtest.h>
 
 #include <climits>
@@ -9,58 +8,6 @@
 
 namespace fovix_test {
 namespace {
-
-TEST(Lifecycle, PrintsItsStepsInOrder) {
-    const HeadlessGl gl(80, 60);
-    const View view, unprepared;
-    const Image picture = Image::chequered(40, 30);
-    const auto show = [&] { Fovix_SetRGBTexture(view, picture.bytes.data(), picture.size(), 40, 30); };
-    const auto circle = [&] { Fovix_SetFecParams(view, 10, 20, 30, 80, 60); };
-    const auto draw = [&] { Fovix_Drawself(view); };
-    const auto init = [&] { Fovix_Init(view, 80, 60); };
-    const auto prepare = [&] { Fovix_Prepare(view); };
-    const std::string sized = "backingWidth = 0, backingHeight = 0\nset backingWidth = ";
-    const std::string set = sized + "80, backingHeight = 60\n";
-    const std::string refreshed = "RefreshConfig\n    TextureUseful : ";
-    const std::string mesh =
-        "config changed\ncreateVertices()\nGridMesh_Create_Original()\nbacking : 80 x 60\n";
-    const struct {
-        std::function<void()> call;
-        std::string lines;  ///< the first ones; none where this is empty
-    } steps[] = {
-        {[&] { Fovix_SetType(view, 2); }, refreshed + "0\n    isFecValid : 0\n"},
-        {prepare, "Fovix_Prepare()\n" + sized + "0, backingHeight = 0\n"},
-        {init, "Fovix_Init()\n" + set},
-        {draw, ""},
-        {show, refreshed + "1\n    isFecValid : 0\nFishEyeConfig_init(20, 15, 170.000000, "},
-        {show, ""},
-        {draw, mesh},
-        {draw, ""},
-        {prepare, "Fovix_Prepare()\n" + set},  // forgets the picture, but not its size or mesh
-        {draw, "texture not useful 2\n"},
-        {draw, "texture not useful 2\n"},
-        {show, ""},
-        {draw, ""},
-        {circle, refreshed + "1\n    isFecValid : 1\n    radiusX : 15.000000\n"},
-        {circle, ""},
-        {draw, mesh},
-        {init, "Fovix_Init()\n" + set},
-        {draw, mesh},  // types 2 and 3 build their mesh anew for a new size
-        {[&] { Fovix_CleanUp(view); }, ""},
-        {draw, ""},
-        {circle, ""},
-        {[&] { Fovix_SetFecParams(view, 1, 1, 1, 1, 1); }, refreshed + "0\n    isFecValid : 1\n"},
-    };
-    for (const auto& [call, lines] : steps) {
-        const std::string printed = printedBy(call);
-        EXPECT_EQ(printed.substr(0, lines.empty() ? printed.npos : lines.size()), lines);
-    }
-    EXPECT_TRUE(looksLike(gl.readPixels(), Image(80, 60))) << "cleaned up";
-    printedBy(Fovix_SetRGBTexture, unprepared, picture.bytes.data(), picture.size(), 40, 30);
-    Fovix_SetBackground(unprepared, 0x405060);
-    EXPECT_EQ(printedBy(Fovix_Drawself, unprepared), "Fovix_Drawself() Error : Fovix_Prepare has not run\n");
-    EXPECT_TRUE(looksLike(gl.readPixels(), Image(80, 60, rgb(0x405060))));
-}
 
 TEST(Lifecycle, InitAndPpiZoomSetTheViewport) {
     Stage stage(FOVIX_TYPE_ORIGINAL, 160, 120);
@@ -97,23 +44,6 @@ TEST(Lifecycle, StrangeSurfaceSizesDrawNothingAndHarmNothing) {
     Fovix_SetPPIZoom(1);
     printedBy(Fovix_Init, stage.view, 32, 32);
     EXPECT_TRUE(looksLike(stage.draw(), picture));
-}
-
-TEST(TypeChange, Type3IsRefusedOnceThreeChangesWereAccepted) {
-    struct Step {
-        int wanted, type, count;
-    };
-    const std::vector<Step> paths[] = {
-        {{0, 0, 2}, {0, 0, 2}, {1, 1, 3}, {3, 1, 3}, {20, 20, 4}, {3, 3, 5}, {0, 0, 6}, {3, 0, 6}, {2, 2, 7}},
-        {{3, 3, 2}, {1, 1, 3}, {3, 1, 3}, {-5, -5, 4}, {3, 3, 5}, {65535, 65535, 6}}};
-    for (const std::vector<Step>& path : paths) {
-        const View view(Fovix_Create);
-        for (const Step& step : path) {
-            printedBy(Fovix_SetType, view, step.wanted);
-            EXPECT_EQ(Fovix_GetType(view), step.type);
-            EXPECT_EQ(view->typeSwitchCount, step.count);
-        }
-    }
 }
 
 TEST(NewGlContext, SlotsMakeTheirTexturesAnewAndLeaveTheHostsAlone) {
