@@ -7,7 +7,6 @@
 
 #include "Fovix.h"
 #include "media/MediaReader.h"
-#include "media/PicturePacker.h"
 #include "media/PngWriter.h"
 
 namespace fovix_test {
@@ -80,12 +79,12 @@ Bytes Image::inFormat(int pixelFmt) const {
 
 Image readPng(const std::string& file) {
     fovix_host::MediaReader reader(file);
-    const AVFrame* frame = reader.next();
-    fovix_host::PicturePacker packer(fovix_host::PackedFormats::rgba);
-    const fovix_host::PackedPicture packed = packer.pack(*frame);
-    Image image(packed.width, packed.height);
-    image.bytes.assign(packed.data, packed.data + packed.size);
-    return image;
+    const AVFrame& frame = *reader.next();
+    if (frame.format != AV_PIX_FMT_RGB24) throw std::runtime_error(file + " is not in RGB");
+    return Image::of(frame.width, frame.height, [&](int x, int y) -> Rgba {
+        const std::uint8_t* pixel = frame.data[0] + y * frame.linesize[0] + 3 * x;
+        return {pixel[0], pixel[1], pixel[2], 255};
+    });
 }
 
 void writePng(const std::string& file, const Image& image) {
