@@ -47,7 +47,7 @@ struct DeviceOperations {
     int (*refreshTexture)(Device& device, FrameSlot& slot, bool force) = nullptr;
     /// Readies the device for meshes: frames are read as planes or as RGBA, scaled by textureScale.
     void (*startMeshes)(Device& device, bool usingYUV, double textureScale) = nullptr;
-    /// Meshes show this slot's frame from now on.
+    /// Selects the slot whose frame meshes show.
     void (*showFrame)(Device& device, const FrameSlot& slot) = nullptr;
     /// The same for a cell of a grid; pixelFmt is the slot's format as read under the lock.
     void (*showCell)(Device& device, const FrameSlot& slot, int pixelFmt) = nullptr;

@@ -45,7 +45,7 @@ struct FovixContext {
     fovix::Cell<int> drawnConfigVersion = -1;
 
     std::array<fovix::FrameSlot, fovix::kFrameSlots>
-        frames;  ///< slot 0 serves the types with a single picture
+        frames;  ///< slot 0 serves the types with a single frame
     fovix::Cell<fovix::GridSize> grid = fovix::GridSize{3, 3};
     fovix::Cell<int> lensCount = 1;  ///< 1..36
     fovix::Cell<int> lensIndex = 0;
