@@ -1,4 +1,4 @@
-// A PNG that the program wrote, and its colours.
+// The colours of what was packed, and of a PNG that the program wrote.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -8,22 +8,7 @@
 #include "MediaFiles.h"
 #include "TestFiles.h"
 #include "media/MediaReader.h"
-
-class Drawn {
-  public:
-    explicit Drawn(const std::string& name) : _reader(fileInTest(name)), _frame(_reader.next()) {}
-    int width() const { return _frame->width; }
-    int height() const { return _frame->height; }
-    Rgb at(double x, double y) const {
-        const std::uint8_t* p =
-            _frame->data[0] + static_cast<int>(y) * _frame->linesize[0] + 3 * static_cast<int>(x);
-        return {p[0], p[1], p[2]};
-    }
-
-  private:
-    fovix_host::MediaReader _reader;
-    const AVFrame* _frame;
-};
+#include "media/FramePacker.h"
 
 inline void expectColour(Rgb seen, Rgb expected, int tolerance, const std::string& where) {
     EXPECT_NEAR(seen.r, expected.r, tolerance) << "red, " << where;
@@ -42,3 +27,32 @@ void expectQuadrants(At at, int width, int height, bool full, int tolerance, int
                      "quadrant " + std::to_string(q));
     }
 }
+
+inline void expectQuadrants(const fovix_host::PackedFrame& rgba, bool full, int tolerance, int number = 0) {
+    const auto at = [&](int x, int y) {
+        const unsigned char* pixel = rgba.data + (y * rgba.width + x) * 4;
+        EXPECT_EQ(pixel[3], 255);
+        return Rgb{pixel[0], pixel[1], pixel[2]};
+    };
+    expectQuadrants(at, rgba.width, rgba.height, full, tolerance, number);
+}
+
+class Drawn {
+  public:
+    explicit Drawn(const std::string& name) : _reader(fileInTest(name)), _frame(_reader.next()) {}
+    int width() const { return _frame->width; }
+    int height() const { return _frame->height; }
+    Rgb at(double x, double y) const {
+        const std::uint8_t* p =
+            _frame->data[0] + static_cast<int>(y) * _frame->linesize[0] + 3 * static_cast<int>(x);
+        return {p[0], p[1], p[2]};
+    }
+    void expectQuadrants(bool full, int tolerance, int number = 0) const {
+        ::expectQuadrants([this](int x, int y) { return at(x, y); }, width(), height(), full, tolerance,
+                          number);
+    }
+
+  private:
+    fovix_host::MediaReader _reader;
+    const AVFrame* _frame;
+};

@@ -16,7 +16,7 @@ struct Rgb {
     int r, g, b;
 };
 
-// The pictures of the tests: four quadrants, from the top left to the bottom right, brighter with each
+// The pictures of the tests: four kQuadrants, from the top left to the bottom right, brighter with each
 // frame by the same step of luma.
 constexpr std::array<Yuv, 4> kQuadrants{{{81, 90, 200}, {145, 60, 60}, {60, 200, 110}, {190, 100, 150}}};
 constexpr int kLumaStep = 5;
@@ -25,7 +25,7 @@ constexpr int kLumaStep = 5;
 Rgb fromLimitedRange(Yuv colour);
 Rgb fromFullRange(Yuv colour);
 
-// A frame of 8-bit planes, or deeper ones, all memory its own; quadrants cover it.
+// A frame of 8-bit planes, or deeper ones, all memory its own; kQuadrants cover it.
 fovix_host::FrameOwner quadrantFrame(AVPixelFormat format, int width, int height, int number = 0);
 
 // Writes frames with an encoder by name; the name of the file chooses the container.

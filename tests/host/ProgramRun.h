@@ -1,4 +1,4 @@
-// Runs fovix-render as a user does, in the folder of the test, and keeps what it said.
+// Runs the programs as a user does, in the folder of the test, and keeps what they printed.
 #pragma once
 
 #include <string>
@@ -12,19 +12,8 @@ struct ProgramRun {
 
 // "--type 360" as two words.
 std::vector<std::string> wordsOf(const std::string& text);
+std::vector<std::string> linesOf(const std::string& text);
 
-// environment: "NAME=value" words that are added for this run.
-ProgramRun runFovixRender(const std::vector<std::string>& arguments,
-                          const std::vector<std::string>& environment = {});
-
-// A line of the shell, in which $RENDER is the program.
+// A line of the shell, which finds fovix-render and fovix-view by their names.
 ProgramRun runInShell(const std::string& line);
-
-struct Refusal {
-    std::vector<std::string> arguments;
-    int status;
-    std::string words;
-};
-
-// That fovix-render says these words in one line, and nothing else.
-void expectRefusal(const Refusal& refusal, const std::vector<std::string>& environment = {});
+ProgramRun runFovixRender(const std::string& arguments);
