@@ -6,13 +6,12 @@
 #include <cmath>
 #include <limits>
 
+#include "view/RotateZoomView.h"
+
 namespace fovix {
 
 /// Degrees of a view per pixel of a drag.
 inline constexpr double kDegreesPerPixel = 0.44444445f;
-
-/// The smallest zoom of a pinch.
-inline constexpr double kSmallestZoom = 0.25;
 
 /// Limit of a target that turns freely.
 inline constexpr double kNoLimit = std::numeric_limits<double>::max();

@@ -11,8 +11,8 @@
 namespace fovix {
 
 /// The close view that pinches and sensors glide to, and the field of view of the wide one.
-inline constexpr double kCloseZoom = 40.0, kCloseTilt = 50.0;
-inline constexpr double kWideZoom = 90.0;
+inline constexpr double kCloseZoom = kInsideZoom, kCloseTilt = 50.0;
+inline constexpr double kWideZoom = kWidestZoom;
 
 /// The view that a mount and a shape start with, within its limits.
 View360VR touchStartView(const View360VR& before, int mount, int shape);

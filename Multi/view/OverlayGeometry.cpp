@@ -6,38 +6,46 @@
 
 #include "Fovix.h"
 #include "base/Angles.h"
+#include "view/OverviewAim.h"
+#include "view/RotateZoomView.h"
+#include "view/Views360VR.h"
 
 namespace fovix {
 
 namespace {
 
-/// Middle of the large screen in the upper left of the overview layout.
-constexpr float kOverviewX = -0.333333f, kOverviewY = 0.337333f;
+/// A third of the surface's half, to the digits that every outline has been drawn with.
+constexpr float kThird = 0.333333f;
 
-struct ScreenFrame {
+/// Distance of an outline from its screen's edge, so that neighbouring outlines do not touch.
+constexpr float kMargin = 0.001f;
+
+/// Middle of the large overview in the upper left; a little high, as its circle is.
+constexpr float kOverviewX = -kThird, kOverviewY = kThird + 0.004f;
+
+struct ScreenEdges {
     int shape, screen;
-    QuadLoop loop;
+    float left, right, top, bottom;
 };
 
-// A thousandth inside each screen's edge, so that neighbours' frames do not touch.
-constexpr ScreenFrame kScreenFrames[] = {
-    {FOVIX_SHAPE_FOUR_SCREENS, 0, quadOf(-0.999f, -0.001f, 0.999f, 0.001f)},
-    {FOVIX_SHAPE_FOUR_SCREENS, 1, quadOf(0.001f, 0.999f, 0.999f, 0.001f)},
-    {FOVIX_SHAPE_FOUR_SCREENS, 2, quadOf(-0.999f, -0.001f, -0.001f, -0.999f)},
-    {FOVIX_SHAPE_FOUR_SCREENS, 3, quadOf(0.001f, 0.999f, -0.001f, -0.999f)},
-    {FOVIX_SHAPE_OVERVIEW_FIVE, 1, quadOf(0.33433297f, 0.999f, 0.999f, 0.33433297f)},
-    {FOVIX_SHAPE_OVERVIEW_FIVE, 2, quadOf(0.33433297f, 0.999f, 0.332333f, -0.332333f)},
-    {FOVIX_SHAPE_OVERVIEW_FIVE, 3, quadOf(0.33433297f, 0.999f, -0.33433297f, -0.999f)},
-    {FOVIX_SHAPE_OVERVIEW_FIVE, 4, quadOf(-0.332333f, 0.332333f, -0.33433297f, -0.999f)},
-    {FOVIX_SHAPE_OVERVIEW_FIVE, 5, quadOf(-0.999f, -0.33433297f, -0.33433297f, -0.999f)},
-    {FOVIX_SHAPE_TWO_AND_STRIP, 0, quadOf(-0.999f, -0.001f, 0.999f, -0.332333f)},
-    {FOVIX_SHAPE_TWO_AND_STRIP, 1, quadOf(0.001f, 0.999f, 0.999f, -0.332333f)},
-    {FOVIX_SHAPE_LARGE_AND_TWO, 0, quadOf(-0.999f, 0.999f, 0.999f, -0.332333f)},
-    {FOVIX_SHAPE_LARGE_AND_TWO, 1, quadOf(-0.999f, -0.001f, -0.33433297f, -0.999f)},
-    {FOVIX_SHAPE_LARGE_AND_TWO, 2, quadOf(0.001f, 0.999f, -0.33433297f, -0.999f)},
+constexpr ScreenEdges kScreens[] = {
+    {FOVIX_SHAPE_FOUR_SCREENS, 0, -1.0f, 0.0f, 1.0f, 0.0f},
+    {FOVIX_SHAPE_FOUR_SCREENS, 1, 0.0f, 1.0f, 1.0f, 0.0f},
+    {FOVIX_SHAPE_FOUR_SCREENS, 2, -1.0f, 0.0f, 0.0f, -1.0f},
+    {FOVIX_SHAPE_FOUR_SCREENS, 3, 0.0f, 1.0f, 0.0f, -1.0f},
+    {FOVIX_SHAPE_OVERVIEW_FIVE, 1, kThird, 1.0f, 1.0f, kThird},
+    {FOVIX_SHAPE_OVERVIEW_FIVE, 2, kThird, 1.0f, kThird, -kThird},
+    {FOVIX_SHAPE_OVERVIEW_FIVE, 3, kThird, 1.0f, -kThird, -1.0f},
+    {FOVIX_SHAPE_OVERVIEW_FIVE, 4, -kThird, kThird, -kThird, -1.0f},
+    {FOVIX_SHAPE_OVERVIEW_FIVE, 5, -1.0f, -kThird, -kThird, -1.0f},
+    {FOVIX_SHAPE_TWO_AND_STRIP, 0, -1.0f, 0.0f, 1.0f, -kThird},
+    {FOVIX_SHAPE_TWO_AND_STRIP, 1, 0.0f, 1.0f, 1.0f, -kThird},
+    {FOVIX_SHAPE_LARGE_AND_TWO, 0, -1.0f, 1.0f, 1.0f, -kThird},
+    {FOVIX_SHAPE_LARGE_AND_TWO, 1, -1.0f, 0.0f, -kThird, -1.0f},
+    {FOVIX_SHAPE_LARGE_AND_TWO, 2, 0.0f, 1.0f, -kThird, -1.0f},
 };
 
-/// Narrowed. Far outside the surface one place is as good as another: sums of such numbers stay finite.
+/// Clamps to ±1e30, so that later sums stay finite.
 float toFloat(double value) {
     constexpr double kFarOutside = 1e30;
     return static_cast<float>(std::clamp(value, -kFarOutside, kFarOutside));
@@ -48,7 +56,7 @@ std::optional<float> aspectOf(std::int64_t width, std::int64_t height) {
     return static_cast<float>(height) / static_cast<float>(width);
 }
 
-/// A point of the overview's circle; angle in radians.
+/// A point of the overview's circle; angle in radians, counter-clockwise from the right.
 void placeOnOverview(float* vertex, double angle, double radius, float aspect) {
     vertex[0] = toFloat(std::cos(angle) * radius * aspect) + kOverviewX;
     vertex[1] = toFloat(std::sin(angle) * radius) + kOverviewY;
@@ -58,8 +66,9 @@ void placeOnOverview(float* vertex, double angle, double radius, float aspect) {
 }  // namespace
 
 std::optional<QuadLoop> screenFrame(int shape, int screen) {
-    for (const ScreenFrame& frame : kScreenFrames) {
-        if (frame.shape == shape && frame.screen == screen) return frame.loop;
+    for (const ScreenEdges& s : kScreens) {
+        if (s.shape == shape && s.screen == screen)
+            return quadOf(s.left + kMargin, s.right - kMargin, s.top - kMargin, s.bottom + kMargin);
     }
     return std::nullopt;
 }
@@ -70,24 +79,28 @@ std::optional<float> directionFanAspect(int backingWidth, int backingHeight) {
 
 FanLoop buildDirectionFan(float aspect, double pan, double tilt) {
     constexpr int kArcVertices = kFanVertices / 2;
-    constexpr double kInnerStep = 0.05585053606381854;  // 3.2 degrees
-    const double span = (1.0 / aspect - 1.0) * 50.0 / 0.7777777800000001 + 110.0;
-    const double base = 0.33 * tilt / 60.0 - 0.33;
-    const double outerRadius = base + 0.705, innerRadius = base + 0.05;
-    const double outerStep = toRadians(span) / 50.0;
-    const double outerStart = toRadians(wholeDegrees((90.0 - pan) - span * 0.5));
-    const double innerStart = toRadians(wholeDegrees((90.0 - pan) - 80.0));
+    // The outer arc spans 110 degrees on a square surface and 160, as the inner one always does, on one of
+    // 16:9.
+    constexpr double kOuterSpan = 110.0, kInnerSpan = 160.0, kWiderBy = 1.77777778 - 1.0;
+    // Radii for a tilt of kOverviewTilt, and what they lose on the way to a tilt of 0: the distance that a
+    // touch on the overview has for that tilt. They can become negative.
+    constexpr double kOuterRadius = 0.705, kInnerRadius = 0.05, kTiltDistance = 0.33;
 
+    const double span = (1.0 / aspect - 1.0) * (kInnerSpan - kOuterSpan) / kWiderBy + kOuterSpan;
+    const double inwards = kTiltDistance * tilt / kOverviewTilt - kTiltDistance;
+    const double outerRadius = inwards + kOuterRadius, innerRadius = inwards + kInnerRadius;
     FanLoop loop;
     float* vertex = loop.data();
-    for (int i = 0; i < kArcVertices; ++i, vertex += 3) {
-        placeOnOverview(vertex, i * outerStep + outerStart, outerRadius, aspect);
-    }
-    // A negative radius already lies on the far side of the centre: its arc is not turned round.
-    for (int j = 0; j < kArcVertices; ++j, vertex += 3) {
-        const int n = innerRadius > 0.0 ? kArcVertices - 1 - j : j;
-        placeOnOverview(vertex, n * kInnerStep + innerStart, innerRadius, aspect);
-    }
+    const auto addArc = [&](double arcSpan, double radius, bool isReversed) {
+        const double step = toRadians(arcSpan) / kArcVertices;
+        const double start = toRadians(wholeDegrees((90.0 - pan) - arcSpan * 0.5));
+        for (int i = 0; i < kArcVertices; ++i, vertex += 3) {
+            placeOnOverview(vertex, (isReversed ? kArcVertices - 1 - i : i) * step + start, radius, aspect);
+        }
+    };
+    addArc(span, outerRadius, false);
+    // A negative radius is on the far side of the centre already: its arc keeps its direction.
+    addArc(kInnerSpan, innerRadius, innerRadius > 0.0);
     return loop;
 }
 
@@ -96,26 +109,35 @@ std::optional<float> viewRectAspect(int backingWidth, int backingHeight) {
 }
 
 QuadLoop buildViewRect(float aspect, double pan, double tilt, double zoom) {
+    // Linear over the zooms of the screens above the strip.
+    const auto byZoom = [zoom](double nearest, double widest) {
+        return (zoom - kNearestZoom) * (widest - nearest) / (kInsideZoom - kNearestZoom) + nearest;
+    };
+    constexpr double kStripMiddleY = 1.0 / 3.0 - 1.0, kStripHeight = 2.0 / 3.0;
+    // The rectangle's middle, from the strip's, at tilts of 0 and 50 degrees; its size in views.
+    const double low = byZoom(-0.4, -0.35), high = byZoom(-0.1, 0.0), size = byZoom(0.7, 1.0);
+    const double cy = (high - low) * tilt / 50.0 + low + kStripMiddleY;
+    // A full turn of pan crosses the surface, two units wide; a view shows 90 degrees of it, half as much
+    // again and a fifth more of the height.
     const double cx = wholeDegrees(pan - 90.0 - 90.0) * 2.0 / 360.0 - 1.0;
-    const double beyondNearest = zoom - 5.0;
-    const double low = beyondNearest * 0.050000000000000044 / 35.0 - 0.4;
-    const double size = beyondNearest * 0.30000000000000004 / 35.0 + 0.7;
-    const double high = 0.1 * beyondNearest / 35.0 - 0.1;
-    const double cy = (high - low) * tilt / 50.0 + low - 0.6666666666666667;
     const double width = (90.0 / aspect * 2.0 / 360.0 * 1.5) * size;
-    const double height = size * 0.7999999999999999;
+    const double height = size * (kStripHeight * 1.2);
     return quadOf(toFloat(cx - width * 0.5), toFloat(cx + width * 0.5), toFloat(cy + height * 0.5),
                   toFloat(cy - height * 0.5));
 }
 
 PipMarker pipMarker(double offsetX, double zoom, double shift) {
-    constexpr float kSize = 0.34f, kFullWidth = 1.1832f, kWidthRange = 0.8432f;
+    // Single precision throughout. The main view moves by 1.43 units while its marker crosses 0.86 of the
+    // inset.
+    constexpr float kSize = 0.34f, kWidest = 1.1832f, kWidthRange = 0.8432f;
     constexpr double kOffsetToInset = double{0.86f} / double{1.43f};
-    PipMarker marker = {toFloat(offsetX * kOffsetToInset) + 0.3f, 0.0f, kSize, kSize};
+    constexpr ZoomCurve kCloserSize = {1.0, 1.0, 0.5, kInsetLargestZoom};
+    PipMarker marker = {toFloat(offsetX * kOffsetToInset) + kInsetX, 0.0f, kSize, kSize};
     if (zoom < 1.0) {
-        marker.width = toFloat(double{kFullWidth} - (zoom - 0.25) * double{kWidthRange} / 0.75);
+        marker.width =
+            toFloat(double{kWidest} - (zoom - kSmallestZoom) * double{kWidthRange} / (1.0 - kSmallestZoom));
     } else if (zoom > 1.0) {
-        marker.width = marker.height = toFloat((1.0 - (zoom - 1.0) * 0.5 * 0.25) * double{kSize});
+        marker.width = marker.height = toFloat(kCloserSize.at(zoom) * double{kSize});
         const float room = kSize - marker.height;
         marker.yOff = std::max(std::min(toFloat(shift * -double{kSize}), room * 0.5f), room * -0.5f);
     }
@@ -123,9 +145,8 @@ PipMarker pipMarker(double offsetX, double zoom, double shift) {
 }
 
 QuadLoop buildPipFrame(float cx, float cy, float width, float height) {
-    constexpr float kInsetDepth = 0.7f;
-    return quadOf(cx - width * 0.5f, cx + width * 0.5f, (height * 0.5f - kInsetDepth) + cy,
-                  cy - (height * 0.5f + kInsetDepth));
+    return quadOf(cx - width * 0.5f, cx + width * 0.5f, (height * 0.5f + kInsetY) + cy,
+                  cy - (height * 0.5f - kInsetY));
 }
 
 }  // namespace fovix

@@ -1,7 +1,7 @@
-// Geometry of the flat-colour frames and indicators that lie over the picture; pure functions without GL.
+// Geometry of the flat-colour outlines and indicators drawn over the finished frame: arithmetic alone.
 //
-// Normalised device coordinates of the whole surface (x and y from −1 to 1, y up); x, y, z per vertex, z 0,
-// in the order of a closed line loop.
+// Everything is in normalised device coordinates of the whole surface (x and y from −1 to 1, y up): x, y and
+// z = 0 per vertex, in the order of a closed line loop.
 #pragma once
 
 #include <array>
@@ -15,39 +15,44 @@ inline constexpr int kQuadVertices = 4;
 using FanLoop = std::array<float, 3 * kFanVertices>;
 using QuadLoop = std::array<float, 3 * kQuadVertices>;
 
-/// The rectangle from top left over top right and bottom right to bottom left.
+/// A rectangle: top left, top right, bottom right, bottom left.
 constexpr QuadLoop quadOf(float left, float right, float top, float bottom) {
     return {left, top, 0.0f, right, top, 0.0f, right, bottom, 0.0f, left, bottom, 0.0f};
 }
 
-/// Outline of the inset that shows the whole picture.
-inline constexpr QuadLoop kOverviewOutline = quadOf(-0.303f, 0.90300006f, -0.525f, -0.875f);
+/// Middle of the inset that shows the whole frame, and its outline: 0.003 beyond its sides, and high enough
+/// for a frame of 16:9.
+inline constexpr float kInsetX = 0.3f, kInsetY = -0.7f;
+inline constexpr QuadLoop kOverviewOutline = quadOf(-0.303f, 0.90300006f, kInsetY + 0.175f, kInsetY - 0.175f);
 
-/// The frame round a screen of a multi-screen shape; none for other shapes and for the large overview screen.
+/// The outline of a screen of a multi-screen shape; nullopt for other shapes and for the large overview
+/// screen.
 std::optional<QuadLoop> screenFrame(int shape, int screen);
 
-/// Height by width of a surface in pixels; none where there is no surface.
+/// Height divided by width of a surface in pixels; nullopt for an empty surface.
 std::optional<float> directionFanAspect(int backingWidth, int backingHeight);
 
-/// The sector of the overview screen's circle that a view of pan and tilt (degrees) looks at: the outer arc's
-/// vertices, then the inner arc's. aspect, above 0, keeps it round on the surface.
+/// The sector of the overview's circle that a view of pan and tilt (degrees) looks at: the vertices of the
+/// outer arc, then of the inner one. aspect (height divided by width, above 0) keeps it circular on the
+/// surface.
 FanLoop buildDirectionFan(float aspect, double pan, double tilt);
 
-/// Height by width of a screen above the strip; none where it has no pixels.
+/// Height divided by width of a screen above the strip; nullopt for an empty screen.
 std::optional<float> viewRectAspect(int backingWidth, int backingHeight);
 
-/// The part of the strip that a view of pan, tilt and zoom (degrees) looks at; aspect above 0.
+/// The part of the strip that a view of pan, tilt and zoom (degrees) shows; aspect above 0.
 QuadLoop buildViewRect(float aspect, double pan, double tilt, double zoom);
 
-/// Where the main view lies on the inset: offset from the inset's middle line, and size.
+/// Where the main view is on the inset: its middle across, its offset from the inset's middle line, its size.
 struct PipMarker {
     float cx, yOff, width, height;
 };
 
-/// For the main view's horizontal offset and zoom; shift, the controller's vertical one, counts when zoomed
-/// in.
+/// For the main view's horizontal offset (model units) and zoom factor. shift, the controller's vertical one,
+/// counts only when zoomed in.
 PipMarker pipMarker(double offsetX, double zoom, double shift);
 
+/// The marker's outline; cy is its offset from the inset's middle line.
 QuadLoop buildPipFrame(float cx, float cy, float width, float height);
 
 }  // namespace fovix

@@ -12,7 +12,10 @@ namespace {
 
 constexpr double kMaxTilt = 90.0;
 
-/// A surface without extent stands for one of a pixel, so that every aim is a number.
+/// The strip's bottom edge aims at this tilt, its top edge at kMaxTilt less the zoom.
+constexpr double kLowestStripTilt = 5.0;
+
+/// An empty surface counts as a pixel wide and high, so that every aim is finite.
 double atLeastOne(double length) {
     return std::max(length, 1.0);
 }
@@ -26,14 +29,15 @@ AimedView aimOnOverview(float x, float y, int backingWidth, int backingHeight) {
     const double dx = x - cx, dy = y - cy;
     const double radius = std::min(cx, cy) * 0.5;
     const double distance = std::sqrt(dx * dx + dy * dy);
-    const double tilt = radius > 0.0 ? distance * 60.0 / radius : kMaxTilt;
+    const double tilt = radius > 0.0 ? distance * kOverviewTilt / radius : kMaxTilt;
     return {toDegrees(std::atan2(dy, dx)) + 90.0, std::clamp(tilt, 0.0, kMaxTilt)};
 }
 
 AimedView aimOnStrip(float x, float y, double zoom, int backingWidth, int backingHeight) {
     const double pan = static_cast<double>(x * 360.0f) / atLeastOne(backingWidth) + 180.0;
     const double up = static_cast<double>(static_cast<float>(backingHeight) - y);
-    const double tilt = up * (85.0 - zoom) / atLeastOne(backingHeight / 3) + 5.0;
+    const double tilt =
+        up * (kMaxTilt - kLowestStripTilt - zoom) / atLeastOne(backingHeight / 3) + kLowestStripTilt;
     return {pan, tilt};
 }
 

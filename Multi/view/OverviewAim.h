@@ -1,18 +1,21 @@
-// Where a touch on the overview of a multi-view layout aims the selected view: pure arithmetic.
+// Where a touch on the overview of a layout with several screens aims the selected view: arithmetic alone.
 #pragma once
 
 namespace fovix {
+
+/// Tilt of the views that look half-way from the middle of the overview to its edge, degrees.
+inline constexpr double kOverviewTilt = 60.0;
 
 struct AimedView {
     double pan, tilt;  ///< degrees
 };
 
-/// Touch (surface pixels from the top left) on the large overview in the upper left two thirds of the
-/// surface: the direction from its middle gives the pan, the distance the tilt (0 to 90).
+/// For a touch (surface pixels from the top left) on the large overview in the upper left two thirds of the
+/// surface: the direction from its middle sets the pan, the distance the tilt (0 to 90).
 AimedView aimOnOverview(float x, float y, int backingWidth, int backingHeight);
 
-/// Touch on the panorama strip in the bottom third: across gives the pan, upwards the tilt, within what the
-/// view's zoom (field of view in degrees) leaves.
+/// For a touch on the panorama strip in the bottom third: the position across sets the pan, the height above
+/// the bottom edge the tilt, over a range that shrinks as the zoom (field of view in degrees) grows.
 AimedView aimOnStrip(float x, float y, double zoom, int backingWidth, int backingHeight);
 
 }  // namespace fovix

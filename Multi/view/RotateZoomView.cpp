@@ -19,9 +19,7 @@ void RotateZoomView::get(double* xAngle, double* yAngle, double* zAngle, double*
 }
 
 double fieldOfViewForZoom(double zoom) {
-    if (zoom == 1.0) return 90.0;
-    if (zoom < 1.0) return 100.0 - (zoom - 0.25) * 10.0 / 0.75;
-    return 90.0 - (zoom - 1.0) * 70.0 / 19.0;
+    return ZoomCurve{100.0, kNormalFov, 20.0, 20.0}.at(zoom);
 }
 
 }  // namespace fovix

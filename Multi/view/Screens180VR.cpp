@@ -6,11 +6,20 @@ namespace fovix {
 
 namespace {
 
+/// The stretched panorama and the curved screen move by a model unit for this angle.
+constexpr double kWideDegreesPerUnit = 100.0;
+
+/// Share of an angle by which a mesh turns where the angle moves it as well; the cylinder tilts by it, too.
+constexpr double kTiltShare = 0.5;
+
+/// Lifts the cylinder, so that more of its lower rows is in view.
+constexpr double kCylinderLift = 0.1;
+
 constexpr Screen180VR screenOn(const SurfaceRect& rect) {
     return {rect, rect.width, rect.height};
 }
 
-/// Turns the mesh and shifts it, as it suits the mesh's form.
+/// Turns and moves the mesh in the way that suits its form.
 void applyView(Mat4& m, const RotateZoomView& view, const Scene180VR& scene) {
     const double xAngle = view.mRotateX, yAngle = view.mRotateY, zAngle = view.mRotateZ;
     switch (scene.drawMode) {
@@ -19,21 +28,21 @@ void applyView(Mat4& m, const RotateZoomView& view, const Scene180VR& scene) {
             Mat4_RotateY(m, yAngle);
             Mat4_RotateZ(m, zAngle);
             Mat4_Translate(m, 0.0, 0.0, scene.meshExtent);
-            Mat4_RotateX(m, -xAngle / 2.0);
-            Mat4_Translate(m, 0.0, xAngle / 100.0, 0.0);
+            Mat4_RotateX(m, -xAngle * kTiltShare);
+            Mat4_Translate(m, 0.0, xAngle / kWideDegreesPerUnit, 0.0);
             break;
         case FOVIX_180_STRETCH:
-            Mat4_Translate(m, yAngle / -100.0, xAngle / 100.0, 0.0);
+            Mat4_Translate(m, yAngle / -kWideDegreesPerUnit, xAngle / kWideDegreesPerUnit, 0.0);
             break;
         case FOVIX_180_CYLINDER:
             Mat4_RotateY(m, -yAngle);
-            Mat4_RotateX(m, xAngle * 0.5);
-            Mat4_Translate(m, 0.0, 0.1, 0.0);
+            Mat4_RotateX(m, xAngle * kTiltShare);
+            Mat4_Translate(m, 0.0, kCylinderLift, 0.0);
             break;
         default:
-            Mat4_RotateY(m, yAngle * 0.5);
-            Mat4_RotateX(m, xAngle * -0.5);
-            Mat4_Translate(m, yAngle / -180.0, xAngle / 180.0, 0.0);
+            Mat4_RotateY(m, yAngle * kTiltShare);
+            Mat4_RotateX(m, xAngle * -kTiltShare);
+            Mat4_Translate(m, yAngle / -kDegreesPerUnit, xAngle / kDegreesPerUnit, 0.0);
     }
 }
 

@@ -1,5 +1,5 @@
-// The screens of the 180-degree view: where they lie on the surface, which one a point hits, and the matrix
-// through which each looks at the mesh.
+// The screens of the 180-degree view: where they are on the surface, which one is under a point, and the
+// matrix through which each looks at the mesh.
 #pragma once
 
 #include <array>
@@ -12,25 +12,25 @@ namespace fovix {
 
 struct Screen180VR {
     SurfaceRect viewport;
-    int width, height;  ///< size that the projection takes its proportions from
+    int width, height;  ///< size whose proportions the projection uses
 };
 
 struct Layout180VR {
-    int count;  ///< a single screen fills the frame's own viewport
+    int count;  ///< 1: the screen fills the viewport that is set already
     std::array<Screen180VR, 4> screens;
 };
 
-/// The screens of a shape on a surface of width × height pixels.
+/// The screens of a shape on a surface of width × height pixels, of any value.
 Layout180VR layout180VR(int shape, int width, int height);
 
-/// The screen under a point counted from the surface's top left.
+/// The screen under a point, in pixels from the surface's top left.
 int screenAt180VR(int shape, int width, int height, int x, int y);
 
-/// What all screens of a frame share.
+/// What the matrices of all screens share.
 struct Scene180VR {
-    int drawMode = 0;                             ///< says how a view's angles move the mesh
+    int drawMode = 0;                             ///< decides how a view's angles move the mesh
     double meshExtent = 0.0;                      ///< radius of the curved screen, model units
-    double lensOffsetX = 0.0, lensOffsetY = 0.0;  ///< brings the lens's centre to the middle, model units
+    double lensOffsetX = 0.0, lensOffsetY = 0.0;  ///< moves the lens's centre to the middle, model units
     double rotation = 0.0;                        ///< extra roll, degrees; none when negative
 };
 

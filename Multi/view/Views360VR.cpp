@@ -12,7 +12,7 @@ namespace {
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
-/// A range from v to v sets the value.
+/// Limits of a value; low == high pins it.
 struct Range {
     double low, high;
 
@@ -20,12 +20,12 @@ struct Range {
 };
 
 constexpr Range kFree = {-kInfinity, kInfinity};
-constexpr Range kFixedZoom = {90.0, 90.0};  ///< the zoom of the shapes that cannot be zoomed
-constexpr Range kZoom = {5.0, 90.0};
-constexpr Range kSmallScreenZoom = {5.0, 40.0};  ///< of the layouts with several screens
+constexpr Range kFixedZoom = {kWidestZoom, kWidestZoom};  ///< of the shapes that cannot be zoomed
+constexpr Range kZoom = {kNearestZoom, kWidestZoom};
+constexpr Range kSmallScreenZoom = {kNearestZoom, kInsideZoom};  ///< of the layouts with several screens
 constexpr Range kQuarterTurn = {0.0, 90.0};
 constexpr Range kHalfTurn = {0.0, 180.0};
-constexpr Range kInsideRim = {15.0, 165.0};
+constexpr Range kInsideRim = {15.0, 165.0};  ///< keeps a wall camera's view within the hemisphere
 constexpr Range kBowlTilt = {-100.0, -60.0};
 
 constexpr int kAnyShape = -1;
@@ -36,7 +36,7 @@ struct Limits {
     Range roll = kFree;
 };
 
-/// The first row that fits holds.
+/// First match wins; the last row matches everything.
 constexpr Limits kLimits[] = {
     {FOVIX_MOUNT_WALL_INVERTED, kAnyShape, kHalfTurn, kHalfTurn, kZoom},
     {FOVIX_MOUNT_FLOOR, kAnyShape, kHalfTurn, kHalfTurn, kZoom},
@@ -61,12 +61,12 @@ const Limits& limitsOf(int mount, int shape) {
     });
 }
 
-double defaultTilt(double before, int mount, int shape) {
+double defaultTilt(double previous, int mount, int shape) {
     switch (mount) {
         case FOVIX_MOUNT_CEILING:
             if (shape == FOVIX_SHAPE_DOME) return 75.0;
             if (shape == FOVIX_SHAPE_BOWL) return -75.0;
-            return shape == FOVIX_SHAPE_STRIP ? before : 0.0;
+            return shape == FOVIX_SHAPE_STRIP ? previous : 0.0;
         case FOVIX_MOUNT_WALL:
             return shape == FOVIX_SHAPE_BOWL ? -75.0 : 90.0;
         case FOVIX_MOUNT_WALL_INVERTED:
@@ -74,11 +74,11 @@ double defaultTilt(double before, int mount, int shape) {
         case FOVIX_MOUNT_FLOOR:
             return -90.0;
         default:
-            return before;
+            return previous;
     }
 }
 
-/// How a screen's mesh is turned before it is looked at.
+/// How a screen's mesh is turned towards the eye.
 enum class Pose {
     AsBuilt,
     Hemisphere,
@@ -150,11 +150,21 @@ Pose poseOf(const Scene360VR& scene, int screen) {
     }
 }
 
+/// The overview shows a degree more than a view may, so that the whole rim is in sight.
+constexpr double kOverviewZoom = kWidestZoom + 1.0;
+
+/// Stretches the overview strip, whose mesh reaches 0.82, to the full height of its screen.
+constexpr double kStripStretch = 1.21;
+
+// Place of the mesh's centre along the eye's axis, model units.
+constexpr double kEyeOutside = -1.0;
+constexpr double kEyeInside = 0.12;
+
 /// Effective view of a screen, after shape-specific adjustments.
 struct EffectiveView {
     double pan, roll, tilt, ptzFifth, zoom;
-    double fov;             ///< of the projection; the zoom unless the pose changes it
-    double zOffset = -1.0;  ///< how far the mesh lies from the eye
+    double fov;  ///< of the projection; the zoom unless the pose changes it
+    double zOffset = kEyeOutside;
     double xScale = 1.0, yScale = 1.0;
 };
 
@@ -164,15 +174,15 @@ EffectiveView effectiveView(const Scene360VR& scene, int screen, double extraPan
     EffectiveView view{};
     if (scene.shape == FOVIX_SHAPE_OVERVIEW_FIVE) {
         if (screen == 0) {
-            own = {.mPan = 90.0, .mZoom = 91.0};
+            own = {.mPan = 90.0, .mZoom = kOverviewZoom};
         } else {
             own.mPan += 90.0;
         }
     } else if (isOverviewStrip(scene, screen)) {
         // The whole turn fills the surface's width.
-        own = {.mPan = kStripTurn / 2.0, .mZoom = 90.0};
+        own = {.mPan = kStripTurn / 2.0, .mZoom = kWidestZoom};
         view.xScale = stripWidthSeen(scene.width, scene.height) / kStripTurn;
-        view.yScale = 1.21;
+        view.yScale = kStripStretch;
     }
     if (scene.blendView) {
         own = *scene.blendView;
@@ -186,31 +196,40 @@ EffectiveView effectiveView(const Scene360VR& scene, int screen, double extraPan
     return view;
 }
 
-/// Zooming in moves the eye into the hemisphere and narrows the field of view only from 40 degrees on. Gives
-/// the tilt that goes with the eye's place.
+/// Above kInsideZoom zooming moves the eye towards the hemisphere, below it narrows the field of view.
+/// Returns the matching tilt: the nearer the eye, the smaller the turn that keeps the rim out of sight.
 double zoomIntoHemisphere(EffectiveView& view) {
+    // A tilt is raised by a lift, and its 90 degrees are scaled to a span. Both are linear in the zoom.
+    constexpr double kLiftInside = 17.0, kLiftNearest = -13.0;
+    constexpr double kSpanWidest = 90.0, kSpanInside = 59.5, kSpanNearest = 75.5;
+
     const double zoom = view.zoom, tilt = view.tilt;
-    if (zoom > 40.0) {
-        const double closer = (zoom - 90.0) / 50.0;
-        view.zOffset = -1.0 - (zoom - 90.0) * 1.12 / 50.0;
-        view.fov = 90.0;
-        return (tilt - 17.0 * closer) * (90.0 + 30.5 * closer) / 90.0;
+    if (zoom > kInsideZoom) {
+        constexpr double kRange = kWidestZoom - kInsideZoom;
+        const double closer = (zoom - kWidestZoom) / kRange;
+        view.zOffset = kEyeOutside - (zoom - kWidestZoom) * (kEyeInside - kEyeOutside) / kRange;
+        view.fov = kWidestZoom;
+        return (tilt - kLiftInside * closer) * (kSpanWidest + (kSpanWidest - kSpanInside) * closer) /
+               kSpanWidest;
     }
-    const double narrower = (zoom - 40.0) / 35.0;
-    view.zOffset = 0.12;
-    view.fov = 50.0 + zoom;
-    return (17.0 + 30.0 * narrower + tilt) * (59.5 - 16.0 * narrower) / 90.0;
+    const double narrower = (zoom - kInsideZoom) / (kInsideZoom - kNearestZoom);
+    view.zOffset = kEyeInside;
+    view.fov = kWidestZoom - kInsideZoom + zoom;
+    return (kLiftInside + (kLiftInside - kLiftNearest) * narrower + tilt) *
+           (kSpanInside - (kSpanNearest - kSpanInside) * narrower) / kSpanWidest;
 }
 
-/// A wall camera's wide view that looks aside is narrowed and moved, so that the hemisphere's rim stays out
-/// of view.
+/// Narrows a wall camera's wide view that looks aside and moves it, so that the hemisphere's rim stays out of
+/// sight.
 void shiftFromRim(Mat4& m, EffectiveView& view) {
-    if (view.zoom <= 64.0) return;
-    const double a = (90.0 - view.pan) / 90.0 * 0.5;
-    const double b = (90.0 - view.tilt) / 90.0 * 0.5;
+    constexpr double kRimInSight = 64.0;  // field of view, degrees
+    constexpr double kShare = 0.5;        // model units for a view at a right angle to the camera's axis
+    if (view.zoom <= kRimInSight) return;
+    const double a = (90.0 - view.pan) / 90.0 * kShare;
+    const double b = (90.0 - view.tilt) / 90.0 * kShare;
     const bool sideways = std::abs(a) > std::abs(b);
     const double aside = sideways ? a : b;
-    view.fov = std::max(view.zoom / (std::abs(aside) + 1.0), 64.0);
+    view.fov = std::max(view.zoom / (std::abs(aside) + 1.0), kRimInSight);
     const double distance = std::max(view.zoom / view.fov - 1.0, 0.0);
     const double shift = aside < 0.0 ? -distance : distance;
     Mat4_Translate(m, sideways ? shift : a, sideways ? b : shift, 0.0);
@@ -223,12 +242,13 @@ void turnOnWall(Mat4& m, const EffectiveView& view, double uprightRoll) {
     Mat4_RotateX(m, view.tilt);
 }
 
-/// The dome turns against the bowl.
-void turnInPlane(Mat4& m, const EffectiveView& view, double panSign, double y) {
+/// The dome (panSign −1) turns against the bowl (1). Both move to the middle of the screen and farther away.
+void turnInPlane(Mat4& m, const EffectiveView& view, double panSign) {
+    constexpr double kUp = 0.2, kAway = 0.55;
     Mat4_RotateZ(m, view.roll);
     Mat4_RotateZ(m, panSign * view.pan);
     Mat4_RotateX(m, view.tilt);
-    Mat4_Translate(m, 0.0, y, 0.55);
+    Mat4_Translate(m, 0.0, panSign * kUp, kAway);
 }
 
 void turnToPole(Mat4& m, const EffectiveView& view, double tilt) {
@@ -236,6 +256,9 @@ void turnToPole(Mat4& m, const EffectiveView& view, double tilt) {
     Mat4_RotateZ(m, 90.0 - view.pan);
     Mat4_RotateX(m, tilt);
 }
+
+/// From outside the cylinder moves away, from inside the eye moves to its far side.
+constexpr double kCylinderDistance = 1.2;
 
 void turnAboutAxis(Mat4& m, double pan, double tilt, double z) {
     Mat4_RotateY(m, pan);
@@ -250,13 +273,13 @@ void turnMesh(Mat4& m, EffectiveView& view, Pose pose, int mount) {
         case Pose::Hemisphere:
             return turnToPole(m, view, -zoomIntoHemisphere(view));
         case Pose::Dome:
-            return turnInPlane(m, view, -1.0, -0.2);
+            return turnInPlane(m, view, -1.0);
         case Pose::Bowl:
-            return turnInPlane(m, view, 1.0, 0.2);
+            return turnInPlane(m, view, 1.0);
         case Pose::Cylinder:
-            return turnAboutAxis(m, view.pan, view.tilt, 1.2);
+            return turnAboutAxis(m, view.pan, view.tilt, kCylinderDistance);
         case Pose::CylinderInside:
-            return turnAboutAxis(m, -view.pan, -view.tilt, -1.2);
+            return turnAboutAxis(m, -view.pan, -view.tilt, -kCylinderDistance);
         case Pose::Strip:
             return Mat4_Translate(m, view.pan / -100.0, 0.0, 0.0);
         case Pose::Wall:
@@ -265,7 +288,7 @@ void turnMesh(Mat4& m, EffectiveView& view, Pose pose, int mount) {
             turnOnWall(m, view, 0.0);
             return shiftFromRim(m, view);
         case Pose::WallBowl:
-            turnInPlane(m, view, 1.0, 0.2);
+            turnInPlane(m, view, 1.0);
             return Mat4_RotateZ(m, 90.0);
         case Pose::Floor:
             return turnToPole(m, view, view.tilt);
@@ -284,10 +307,10 @@ View360VR limitedView(const View360VR& view, int mount, int shape) {
     return limited;
 }
 
-View360VR defaultView(const View360VR& before, int mount, int shape) {
+View360VR defaultView(const View360VR& previous, int mount, int shape) {
     const bool isStrip = mount == FOVIX_MOUNT_CEILING && shape == FOVIX_SHAPE_STRIP;
     const View360VR view = {
-        .mPan = isStrip ? 0.0 : 90.0, .mTilt = defaultTilt(before.mTilt, mount, shape), .mZoom = 90.0};
+        .mPan = isStrip ? 0.0 : 90.0, .mTilt = defaultTilt(previous.mTilt, mount, shape), .mZoom = 90.0};
     return limitedView(view, mount, shape);
 }
 

@@ -1,5 +1,5 @@
-// The views of the 360-degree panorama, as arithmetic alone: where each mount and shape begins to look, how
-// far a view may go, and the matrix that draws one screen.
+// The views of the 360-degree panorama, as arithmetic alone: the default view of each mount and shape, the
+// limits of a view, and the matrix of one screen.
 #pragma once
 
 #include <array>
@@ -23,30 +23,38 @@ constexpr double stripWidthSeen(int width, int height) {
     return static_cast<double>(width) / height * 2.0 * 100.0;
 }
 
-/// Degrees throughout; in the strip shapes the pan counts hundredths of a radian.
+/// Zooms of a view, degrees: the two ends, and where the eye has come inside the hemisphere. The screens of a
+/// layout with several start from there, so that the hemisphere's rim is out of their sight.
+inline constexpr double kNearestZoom = 5.0;
+inline constexpr double kInsideZoom = 40.0;
+inline constexpr double kWidestZoom = 90.0;
+
+/// Degrees; in the strip shapes the pan is in hundredths of a radian.
 struct View360VR {
     double mPan = 0.0;
     double mRoll = 0.0;
     double mTilt = 0.0;
-    double mPtzFifth = 0.0;  ///< leans a wall camera's axis; no gesture moves it
+    double mPtzFifth = 0.0;  ///< tilts a wall camera's axis; no gesture changes it
     double mZoom = 180.0;    ///< field of view
 };
 
-/// The view within what its mount and shape allow.
+/// Clamps a view to the limits of its mount and shape. Unknown mounts have those of a ceiling camera's single
+/// screen.
 View360VR limitedView(const View360VR& view, int mount, int shape);
 
-/// Where a screen begins to look. Only a ceiling camera's strip keeps the tilt of the view before.
+/// A screen's default view. Only the strip of a ceiling camera keeps the tilt of the previous view.
 View360VR defaultView(const View360VR& before, int mount, int shape);
 
-/// All that the picture of a screen depends on.
+/// Everything that the matrix of a screen depends on.
 struct Scene360VR {
     int mount, shape;
     int width, height;  ///< surface in pixels, both above 0
     std::array<View360VR, kPanoramaScreens> views;
-    std::optional<View360VR> blendView;  ///< the gliding view while one shape is blended into another
+    std::optional<View360VR>
+        blendView;  ///< replaces the screens' views while one shape is blended into another
 };
 
-/// Model-view-projection matrix of one screen; extraPan turns it away from its view.
+/// Model-view-projection matrix of one screen (0..5). extraPan is added to its pan, in the pan's unit.
 Mat4 screenMatrix360VR(const Scene360VR& scene, int screen, double extraPan);
 
 }  // namespace fovix
