@@ -21,8 +21,8 @@ void main()
 }
 )";
 
-/// Samples the RGBA texture, or the three planes of a YUV frame (BT.601, limited range). Textures clamp to the edge,
-/// so everything outside the frame is painted black here.
+/// Samples the RGBA texture, or the three planes of a YUV frame (BT.601, limited range). Textures clamp to
+/// the edge, so everything outside the frame is painted black here.
 inline constexpr char kDewarperFragmentShader[] = R"(#version 120
 uniform sampler2D u_dewarperTexture;
 uniform sampler2D u_dewarperYTexture;

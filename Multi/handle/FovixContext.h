@@ -44,8 +44,7 @@ struct FovixContext {
     int touchEnabled = 0;                ///< controllers are only made when 1; fixed at creation
     fovix::Cell<int> drawnConfigVersion = -1;
 
-    std::array<fovix::FrameSlot, fovix::kFrameSlots>
-        frames;  ///< slot 0 serves the types with a single frame
+    std::array<fovix::FrameSlot, fovix::kFrameSlots> frames;  ///< slot 0 serves the types with a single frame
     fovix::Cell<fovix::GridSize> grid = fovix::GridSize{3, 3};
     fovix::Cell<int> lensCount = 1;  ///< 1..36
     fovix::Cell<int> lensIndex = 0;

@@ -1,4 +1,4 @@
-// The 180-degree view: the lens circle on a disc, stretched flat, round a cylinder or on a curved screen,
+// The 180-degree view: the lens circle on a disc, stretched flat, around a cylinder or on a curved screen,
 // seen through one, three or four screens.
 //
 // A change of shape blends the mesh that was shown into the next one; every fetch is a step of the blend.
@@ -21,7 +21,7 @@ struct VR180Params : ModelParams {
 
     std::array<RotateZoomView, k180VRScreens> mViews;
     Cell<int> mSelectedScreen = 0;
-    Cell<int> mDrawMode = 0;  ///< mesh in use; a host may ask for one that does not exist
+    Cell<int> mDrawMode = 0;  ///< mesh in use; a host may set one that does not exist
     Cell<int> mShape = 0;
 
     MeshBlend mBlend;  ///< between the meshes of two modes

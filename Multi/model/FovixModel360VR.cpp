@@ -13,7 +13,6 @@ namespace {
 
 constexpr char kSource[] = "Multi/FovixModel360VR";
 constexpr int kBlendFrames = 30;  ///< of which the last shows the target
-constexpr int kStripScreen = 2;   ///< screen whose view the strip under two screens is drawn with
 
 VR360Params& params(FovixModel& model) {
     return paramsOf<VR360Params>(model);
@@ -71,19 +70,19 @@ void startCeilingBlend(VR360Params& p, int shape) {
     const bool turnsOver = (from == FOVIX_SHAPE_DOME && shape == FOVIX_SHAPE_BOWL) ||
                            (from == FOVIX_SHAPE_BOWL && shape == FOVIX_SHAPE_DOME);
     View360VR start = viewOf(p, 0).load();
-    if (turnsOver) start.mPan = -start.mPan;
+    if (turnsOver) start.mPan = -start.mPan;  // dome and bowl pan in opposite directions
     if (shape == FOVIX_SHAPE_STRIP) start.mPan = 0.0;
     startBlend(p, shape, start);
     p.mSelectedScreen = 0;
 }
 
 void startWallBlend(VR360Params& p, int shape) {
-    const View360VR ahead = {.mPan = 90.0, .mTilt = 90.0, .mZoom = 90.0};
+    const View360VR ahead = {.mPan = 90.0, .mTilt = 90.0, .mZoom = kWidestZoom};
     viewOf(p, 0).store(ahead);
     startBlend(p, shape, ahead);
 }
 
-/// Cameras that hang otherwise than on the ceiling or on a wall have one shape.
+/// Cameras that are neither on the ceiling nor on a wall have one shape.
 void setShape(FovixModel& model, int shape) {
     VR360Params& p = params(model);
     const LockSection section(p.mLock);
@@ -126,7 +125,7 @@ int selectScreen(FovixModel& model, int x, int y) {
     const int shape = p.mShape;
     const int screen = screenAt360VR(p.mMount, shape, model.backingWidth, model.backingHeight, x, y);
     const bool isOverview = (shape == FOVIX_SHAPE_OVERVIEW_FIVE && screen == 0) ||
-                            (shape == FOVIX_SHAPE_TWO_AND_STRIP && screen >= 2);
+                            (shape == FOVIX_SHAPE_TWO_AND_STRIP && screen >= kStripScreen);
     if (!isOverview) p.mSelectedScreen = screen;
     return screen;
 }
@@ -219,10 +218,10 @@ Scene360VR takeScene(FovixModel& model, VR360Params& p) {
     return scene;
 }
 
-/// Which screens show their strip a second time, beyond its seam.
+/// The screens that show their strip a second time, beyond its seam.
 using Seams = std::array<bool, kPanoramaScreens>;
 
-/// The strips move on within the model's views; the second one follows the first.
+/// Scrolls the strips by changing the views' pans; the second strip follows the first.
 Seams scrollStrips(VR360Params& p, int width, int height) {
     const bool twoStrips = p.mShape == FOVIX_SHAPE_TWO_STRIPS;
     Seams seams = {};

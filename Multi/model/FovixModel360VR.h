@@ -1,6 +1,6 @@
 // The 360-degree panorama: the lens circle on a hemisphere, a cylinder or an unrolled strip, seen through one
 // to six pan-tilt-zoom screens. For a camera on the ceiling or on a wall, a change of shape blends one mesh
-// into the other while screen 0's view glides along.
+// into the other while screen 0's view glides to its new place.
 #pragma once
 
 #include <array>
@@ -16,7 +16,7 @@ namespace fovix {
 inline constexpr int kPanoramaMounts = 4;
 inline constexpr int kPanoramaShapes = 11;
 
-/// A screen's view as it stands in the model, whose fields other threads may read at any time.
+/// A screen's view in the model; other threads may read its fields at any time.
 struct ViewCells360VR {
     Cell<double> mPan, mRoll, mTilt, mPtzFifth;
     Cell<double> mZoom = View360VR{}.mZoom;
@@ -25,7 +25,7 @@ struct ViewCells360VR {
     void store(const View360VR& view);
 };
 
-/// Whatever changes several fields holds mLock meanwhile; the frame takes what it draws in one section.
+/// Changes of several fields hold mLock; a rendered frame copies what it draws under it.
 struct VR360Params : ModelParams {
     using ModelParams::ModelParams;
 

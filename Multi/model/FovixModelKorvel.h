@@ -1,4 +1,4 @@
-// The straightened picture of the Korvel lens: the plain picture's model with the corrected grid as its mesh.
+// The straightened frame of the Korvel lens: the plain frame's model with the corrected grid as its mesh.
 #pragma once
 
 #include "model/FovixModel.h"

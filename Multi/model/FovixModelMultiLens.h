@@ -1,5 +1,5 @@
-// One of several lens pictures: the plain picture's model under a name of its own. Which lens is shown is the
-// frame's choice of texture; mesh and view serve every lens.
+// One of several lenses: the plain frame's model under its own name. Switching the lens changes only the
+// texture; mesh and view serve every lens.
 #pragma once
 
 #include "model/FovixModel.h"

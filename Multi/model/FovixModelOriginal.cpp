@@ -59,7 +59,7 @@ static_assert(hasMandatoryOperations(kOperations));
 Mat4 flatPictureMatrix(double zoom, double rotateX, double rotateY, int width, int height) {
     Mat4 m;
     Mat4_Scale(m, 1.0, 1.0, -1.0);
-    Mat4_Translate(m, -rotateY / 180.0, rotateX / 180.0, 0.0);
+    Mat4_Translate(m, -rotateY / kDegreesPerUnit, rotateX / kDegreesPerUnit, 0.0);
     Mat4_Translate(m, 0.0, 0.0, -1.0);
     Mat4_Perspective(m, fieldOfViewForZoom(zoom), kNearPlane, kFarPlane, width, height, 1.0);
     return m;

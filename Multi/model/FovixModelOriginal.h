@@ -1,8 +1,6 @@
-// The plain fisheye picture: one flat rectangle fitted into the surface, zoomed and moved by a
-// rotate-and-zoom view.
+// The plain frame: one flat rectangle fitted to the surface, zoomed and moved by a rotate-and-zoom view.
 //
-// The Korvel and the multi-lens model are this one with another mesh or another name: each is a flat kind of
-// its own.
+// The Korvel and the multi-lens models are the same model with a different mesh or name.
 #pragma once
 
 #include "base/Diagnostics.h"
@@ -13,11 +11,11 @@
 
 namespace fovix {
 
-/// What makes one kind of flat picture differ from another.
+/// What differs between the flat kinds.
 struct FlatPictureKind {
     GridMesh (*createMesh)(const FishEyeConfig& lens, int backingWidth, int backingHeight);
-    const char* builderLine;  ///< diagnostics line before the mesh is built
-    const char* source;       ///< name of the kind's source in GL error lines
+    const char* builderLine;  ///< printed before the mesh is built
+    const char* source;       ///< name of the kind's source in the lines of the GL check
 };
 
 /// A kind with one flat mesh.
@@ -31,11 +29,11 @@ struct OriginalParams : FlatMeshParams {
     OriginalParams(const FishEyeConfig& lens, const FlatPictureKind& kind)
         : FlatMeshParams(lens), mKind(&kind) {}
 
-    RotateZoomView mView;  ///< zoom 1.0: the picture fills the surface's width
+    RotateZoomView mView;  ///< at zoom 1.0 the frame fills the surface's width
     const FlatPictureKind* mKind;
 };
 
-// Operations of the kinds with one flat mesh, which create builds.
+// Operations of the kinds with one flat mesh, built by `create`.
 template <VertexCachePtr (*create)(FovixModel& model)>
 VertexCachePtr FlatMesh_GetVerticesCache(FovixModel& model) {
     VertexCachePtr& cache = paramsOf<FlatMeshParams>(model).mVerticesCache;
@@ -45,13 +43,13 @@ VertexCachePtr FlatMesh_GetVerticesCache(FovixModel& model) {
 }
 void FlatMesh_OnConfigChanged(FovixModel& model);
 
-/// Model-view-projection matrix of a flat picture on a surface of width × height pixels.
+/// Model-view-projection matrix of a flat frame on a surface of width × height pixels; angles in degrees.
 Mat4 flatPictureMatrix(double zoom, double rotateX, double rotateY, int width, int height);
 
-/// A model of a flat kind.
+/// Creates a model of a flat kind, which must outlive it.
 ModelPtr FlatPicture_Create(const FishEyeConfig& lens, const FlatPictureKind& kind);
 
-/// Model of the plain picture, of the multi-image grid's cells and of every code without a type of its own.
+/// The model of the plain frame, of the grid's cells and of every type code without a kind of its own.
 ModelPtr FovixModelOriginal_Create(const FishEyeConfig& lens);
 
 }  // namespace fovix

@@ -46,7 +46,7 @@ void drawSelf(FovixModel& model, Device& device) {
     device.drawMesh(singlePipInsetMatrix(width, height), kSource);
 }
 
-/// Whether the outlines of the inset are wanted; this model has no overlay mesh of its own.
+/// 1 when the outlines of the inset are to be drawn; the model has no overlay mesh.
 int getOverlayCount(FovixModel& model) {
     return params(model).mDrawMode != 0 ? 1 : 0;
 }
@@ -84,7 +84,7 @@ constexpr FovixModelOperations kOperations = {
 };
 static_assert(hasMandatoryOperations(kOperations));
 
-/// Places a flat picture in the view.
+/// Sizes and places a flat frame.
 Mat4 placePicture(double scale, double x, double y, double z) {
     Mat4 m;
     Mat4_Scale(m, scale, scale, -1.0);
@@ -95,14 +95,12 @@ Mat4 placePicture(double scale, double x, double y, double z) {
 }  // namespace
 
 double singlePipFieldOfView(double zoom) {
-    if (zoom == 1.0) return 90.0;
-    if (zoom < 1.0) return 148.0 - (zoom - 0.25) * 58.0 / 0.75;
-    return 90.0 - (zoom - 1.0) * 45.0 * 0.25;
+    return ZoomCurve{148.0, kNormalFov, 45.0, kInsetLargestZoom}.at(zoom);
 }
 
 Mat4 singlePipMainMatrix(double zoom, double offsetX, double offsetY, double distance, int width,
                          int height) {
-    // On a wide surface the height sets the size of the picture, elsewhere the width.
+    // On a wide surface the height sets the size of the frame, elsewhere the width.
     const bool isWide = width > height && width != 0;
     const double scale = isWide ? static_cast<float>(height) / static_cast<float>(width) : 1.0;
     Mat4 m = placePicture(1.0, -offsetX, offsetY, distance);
@@ -111,9 +109,9 @@ Mat4 singlePipMainMatrix(double zoom, double offsetX, double offsetY, double dis
 }
 
 Mat4 singlePipInsetMatrix(int width, int height) {
-    // From x −0.3 to 0.9 on the surface, around y −0.7; the offsets are held in single precision.
+    // 0.2 units from the eye, so it reaches from x −0.3 to 0.9 and is centred at y −0.7; single precision.
     Mat4 m = placePicture(0.12, 0.06f, -0.14f, 0.8f);
-    Mat4_Perspective(m, 90.0, kNearPlane, kFarPlane, width, height, 1.0);
+    Mat4_Perspective(m, kNormalFov, kNearPlane, kFarPlane, width, height, 1.0);
     return m;
 }
 

@@ -1,5 +1,5 @@
-// The picture with its overview: a main view that is zoomed and moved across the picture, and on a square
-// surface an inset in the lower part that always shows the whole picture. Both draw the same flat mesh.
+// The frame with an inset: a main view that zooms and moves across the frame, and on a square surface an
+// inset in the lower part that always shows the whole frame. Both draw the same flat mesh.
 #pragma once
 
 #include "base/Mat4.h"
@@ -7,21 +7,20 @@
 
 namespace fovix {
 
-/// Depth of the main view: at zoom 1 a square surface shows 28.5 % of the picture's width. In single
-/// precision.
+/// Depth of the main view in single precision: at zoom 1 a square surface shows 28.5 % of the frame's width.
 inline constexpr double kSinglePipDistance = 0.715f;
 
 struct SinglePIPParams : FlatMeshParams {
     using FlatMeshParams::FlatMeshParams;
 
     Cell<double> mZoom = 1.0;
-    Cell<double> mOffsetX = 0.0;  ///< moves the picture left, model units
-    Cell<double> mOffsetY = 0.0;  ///< moves the picture up
+    Cell<double> mOffsetX = 0.0;  ///< moves the frame left, model units
+    Cell<double> mOffsetY = 0.0;  ///< moves the frame up
     Cell<double> mDistance = kSinglePipDistance;
     Cell<int> mDrawMode = 3;  ///< 0: no inset
 };
 
-/// Field of view of the main view in degrees: 148 at zoom 0.25, 90 at 1, 45 at 5, linear between.
+/// Field of view of the main view in degrees: 148 at zoom 0.25, 90 at 1, 45 at 5, linear between and beyond.
 double singlePipFieldOfView(double zoom);
 
 /// Model-view-projection matrices of the main view and of the inset on a surface of width × height pixels.

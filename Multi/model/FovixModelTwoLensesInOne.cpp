@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "Fovix.h"
+#include "base/AnimatorStep.h"
 #include "base/Diagnostics.h"
 
 namespace fovix {
@@ -15,9 +16,14 @@ constexpr char kSource[] = "Multi/FovixModelTwoLensesInOne";
 
 constexpr int kUpperHalf = 0, kLowerHalf = 1;
 
-constexpr int kGlideFrames = 1000;
-constexpr double kOutsideX = 3.5;  ///< where the picture goes that leaves the surface
+constexpr int kGlideFrames = 1000;  ///< sets the speed of the moves
+
+/// Where the half that leaves the surface goes. It keeps a scale of 0.49, so its nearer edge ends at 1.2.
+constexpr double kOutsideX = 3.5;
+
+/// Half the height of a 16:9 frame, 0.5625, and a small gap.
 constexpr double kStackedY = 0.565;
+
 constexpr double kLargestScale = std::numeric_limits<float>::max();
 
 TwoLensesParams& params(FovixModel& model) {
@@ -49,7 +55,7 @@ VertexCachePtr createVertices(FovixModel& model, int half) {
     return VertexCache_FromFlatMesh(createMesh(lens, model.backingWidth, model.backingHeight));
 }
 
-/// The mesh of one half, built on first use.
+/// The mesh of a half, built on first use.
 VertexCachePtr halfMesh(FovixModel& model, int half) {
     TwoLensesParams& p = params(model);
     VertexCachePtr& cache = half == kUpperHalf ? p.mTopCache : p.mBottomCache;
@@ -58,6 +64,7 @@ VertexCachePtr halfMesh(FovixModel& model, int half) {
     return cache;
 }
 
+/// Starts the moves to the arrangement of a screen. Unknown screens move nothing.
 void moveToScreen(TwoLensesParams& p, int screen) {
     const LockSection section(p.mLock);
     const double besideX = kBesideX / p.mAspectFix, besideScale = kBesideScale * p.mAspectFix;
@@ -118,7 +125,7 @@ void drawHalf(FovixModel& model, Device& device) {
     printLine("-------------> maybe something wrong!!!! screen[%d] zoom[%f]", p.mShownHalf, p.mCheckedZoom);
 }
 
-/// One animation step of a picture of draw mode 1.
+/// One animation step of a half in draw mode 1.
 PicturePlacement stepBeside(TwoLensesParams& p, bool isFirst) {
     const LockSection section(p.mLock);
     AnimatedValue& x = isFirst ? p.mFirstX : p.mSecondX;
@@ -159,7 +166,7 @@ void drawOverlay(FovixModel& model, int index, Device& device) {
     if (params(model).mDrawMode == FOVIX_TWO_LENSES_BOTH && index == 0) drawLens(model, device, false);
 }
 
-/// Side by side the pictures are not panned.
+/// Halves side by side are not panned.
 void setRotateZoom(FovixModel& model, int, double xAngle, double yAngle, double zAngle, double zoom) {
     TwoLensesParams& p = params(model);
     const bool showsBoth = p.mDrawMode == FOVIX_TWO_LENSES_BOTH && p.mScreen == FOVIX_TWO_LENSES_SCREEN_BOTH;
@@ -251,19 +258,16 @@ void AnimatedValue::glideTo(double value) {
 }
 
 void AnimatedValue::step() {
-    if (!animator) return;
-    animator->step();
-    current = animator->mCurrent;
-    if (animator->mDone) animator = nullptr;
+    stepInto(animator, current);
 }
 
 std::optional<PicturePlacement> placeHalf(const RotateZoomView& view, double zoom, double zoomDiv,
                                           int shownHalf) {
     const bool wantsLower = zoom >= zoomDiv;
     if (wantsLower != (shownHalf == kLowerHalf)) return std::nullopt;
-    // A threshold of 0 leaves nothing to divide by: the lower picture follows the zoom itself.
+    // Avoid dividing by zero: without a threshold the lower half follows the zoom itself.
     const double scale = wantsLower && zoomDiv != 0.0 ? zoom / zoomDiv : zoom;
-    return PicturePlacement{-view.mRotateY / 180.0, view.mRotateX / 180.0,
+    return PicturePlacement{-view.mRotateY / kDegreesPerUnit, view.mRotateX / kDegreesPerUnit,
                             std::clamp(scale, -kLargestScale, kLargestScale)};
 }
 
@@ -271,7 +275,7 @@ PicturePlacement placeBeside(double x, double scale, bool isAlone, const RotateZ
     if (!isAlone) return {x, 0.0, scale};
     if (scale == 1.0) scale = std::clamp(view.mZoom.get(), 1.0, kLargestScale);
     if (scale <= 1.0) return {x, 0.0, scale};
-    return {x - view.mRotateY / 180.0, view.mRotateX / 180.0, scale};
+    return {x - view.mRotateY / kDegreesPerUnit, view.mRotateX / kDegreesPerUnit, scale};
 }
 
 PicturePlacement placeStacked(bool isFirst) {
@@ -283,7 +287,7 @@ Mat4 twoLensesMatrix(const PicturePlacement& placement, int width, int height) {
     Mat4_Scale(m, 1.0, 1.0, -1.0);
     Mat4_Translate(m, placement.x, placement.y, 0.0);
     Mat4_Translate(m, 0.0, 0.0, -1.0);
-    Mat4_Perspective(m, 90.0, kNearPlane, kFarPlane, width, height, placement.scale);
+    Mat4_Perspective(m, kNormalFov, kNearPlane, kFarPlane, width, height, placement.scale);
     return m;
 }
 

@@ -1,9 +1,8 @@
-// Two lenses in one picture, one above the other.
+// Two lenses in one frame, one in its upper and one in its lower half.
 //
-// The upper or the lower picture by the zoom (draw mode 0), both at once or one of them alone with animated
-// moves between (1), or one of them fixed (2 upper, 3 lower). The first picture is the main mesh, normally
-// the upper one; the second is the overlay mesh, always the lower one. A surface that is not wider than tall
-// stacks the two.
+// Draw mode 0 shows the half that the zoom asks for, 1 both or one of them alone with animated moves between,
+// 2 the upper and 3 the lower one, fixed. The first half is the main mesh, normally the upper one; the second
+// is the overlay mesh, always the lower one. Surfaces that are not wider than tall stack the two.
 #pragma once
 
 #include <memory>
@@ -17,10 +16,10 @@
 
 namespace fovix {
 
-/// A value on its way to a target, one animator step per frame.
+/// A value that glides to a target, one step per rendered frame.
 struct AnimatedValue {
     explicit AnimatedValue(double value) : current(value), target(value) {}
-    void rest(double value);
+    void rest(double value);  ///< jumps there and stays
     void glideTo(double value);
     void step();
 
@@ -29,50 +28,50 @@ struct AnimatedValue {
     std::unique_ptr<GlideAnimator> animator;  ///< null when no move runs
 };
 
-/// Place and size of a picture beside the other: a little less than half the surface, a hair's breadth
-/// between.
+/// Place and scale of a half beside the other: a little less than half the surface each, with a small gap.
 inline constexpr double kBesideX = 1.004, kBesideScale = 0.49;
 
-/// Where a picture is drawn: moved by (x, y) model units, scale 1.0 filling the surface's width.
+/// Where a half is drawn: moved by (x, y) model units; at scale 1.0 it fills the surface's width.
 struct PicturePlacement {
     double x, y, scale;
 };
 
-/// Draw mode 0's picture for a zoom; none while the half shown (0 upper, 1 lower) is not the one it asks for.
+/// Draw mode 0 for a zoom factor; nullopt while shownHalf (0 upper, 1 lower) is not the half that the zoom
+/// asks for.
 std::optional<PicturePlacement> placeHalf(const RotateZoomView& view, double zoom, double zoomDiv,
                                           int shownHalf);
 
-/// One of two pictures side by side, or the one that stays alone: only that one follows zoom and pan.
+/// One of two halves side by side, or the one that is shown alone: only that one follows zoom and pan.
 PicturePlacement placeBeside(double x, double scale, bool isAlone, const RotateZoomView& view);
 
-/// One of two pictures above each other.
+/// One of two halves stacked, the first above the second.
 PicturePlacement placeStacked(bool isFirst);
 
-/// Model-view-projection matrix of a picture on a surface of width × height pixels.
+/// Model-view-projection matrix of a half on a surface of width × height pixels.
 Mat4 twoLensesMatrix(const PicturePlacement& placement, int width, int height);
 
-/// How much relatively wider the surface (pixels) is than the picture, 1.0 when it is not.
+/// The surface's aspect ratio divided by the image's, at least 1.0; 1.0 for empty sizes.
 double aspectFixOf(int width, int height, int imgWidth, int imgHeight);
 
 struct TwoLensesParams : ModelParams {
     explicit TwoLensesParams(const FishEyeConfig& lens) : ModelParams(lens) {}
 
-    Cell<int> mDrawMode = 0;      ///< 0..3; every other mode draws like 0
+    Cell<int> mDrawMode = 0;      ///< 0..3; other values draw like 0
     RotateZoomView mView;         ///< mZoom is also the logic zoom
-    Cell<double> mZoomDiv = 3.0;  ///< zoom at which draw mode 0 changes to the lower picture
-    Cell<double> mZoomMin = 1.0;  ///< kept for the log line, like mZoomMax
+    Cell<double> mZoomDiv = 3.0;  ///< zoom at which draw mode 0 switches to the lower half
+    Cell<double> mZoomMin = 1.0;  ///< only printed, like mZoomMax
     Cell<double> mZoomMax = 10.0;
-    Cell<int> mVerticesDirty = 0;  ///< both meshes are dropped at the next fetch
+    Cell<int> mVerticesDirty = 0;  ///< the next fetch rebuilds both meshes
 
     // GL thread.
     double mCheckedZoom = 1.0;    ///< zoom that draw mode 0 draws with
-    VertexCachePtr mTopCache;     ///< upper picture, built on first use
-    VertexCachePtr mBottomCache;  ///< lower picture, built on first use
+    VertexCachePtr mTopCache;     ///< upper half, built on first use
+    VertexCachePtr mBottomCache;  ///< lower half, built on first use
     int mShownHalf = 0;           ///< half whose mesh draw mode 0 uses: 0 upper, 1 lower
     int mWantedHalf = 0;          ///< half that the zoom asks for
 
-    SharedLock mLock;       ///< guards what follows; mScreen is also read without it
-    Cell<int> mScreen = 0;  ///< draw mode 1: 0 both, 1 the first picture alone, 2 the second
+    SharedLock mLock;       ///< guards the fields below; mScreen is also read without it
+    Cell<int> mScreen = 0;  ///< draw mode 1: 0 both, 1 the first half alone, 2 the second
     AnimatedValue mFirstX{-kBesideX}, mFirstScale{kBesideScale};
     AnimatedValue mSecondX{kBesideX}, mSecondScale{kBesideScale};
     double mAspectFix = 1.0;

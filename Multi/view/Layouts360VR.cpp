@@ -74,7 +74,7 @@ int screenAt360VR(int mount, int shape, int width, int height, int x, int y) {
     const bool onCeiling = mount == FOVIX_MOUNT_CEILING;
     const int right = x < width / 2 ? 0 : 1;
     if (onCeiling && shape == FOVIX_SHAPE_FOUR_SCREENS) return y < height / 2 ? right : 2 + right;
-    if (onCeiling && shape == FOVIX_SHAPE_TWO_AND_STRIP) return y < twoThirds(height) ? right : 2;
+    if (onCeiling && shape == FOVIX_SHAPE_TWO_AND_STRIP) return y < twoThirds(height) ? right : kStripScreen;
     if ((onCeiling || mount == FOVIX_MOUNT_WALL) && shape == FOVIX_SHAPE_OVERVIEW_FIVE) {
         return screenOfOverviewAndFive(width, height, x, y);
     }

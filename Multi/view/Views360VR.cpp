@@ -93,9 +93,8 @@ enum class Pose {
     Floor
 };
 
-/// The overview strip under the two screens of FOVIX_SHAPE_TWO_AND_STRIP.
 bool isOverviewStrip(const Scene360VR& scene, int screen) {
-    return scene.shape == FOVIX_SHAPE_TWO_AND_STRIP && screen >= 2;
+    return scene.shape == FOVIX_SHAPE_TWO_AND_STRIP && screen >= kStripScreen;
 }
 
 Pose ceilingPose(int shape, bool overviewStrip) {
@@ -309,8 +308,9 @@ View360VR limitedView(const View360VR& view, int mount, int shape) {
 
 View360VR defaultView(const View360VR& previous, int mount, int shape) {
     const bool isStrip = mount == FOVIX_MOUNT_CEILING && shape == FOVIX_SHAPE_STRIP;
-    const View360VR view = {
-        .mPan = isStrip ? 0.0 : 90.0, .mTilt = defaultTilt(previous.mTilt, mount, shape), .mZoom = 90.0};
+    const View360VR view = {.mPan = isStrip ? 0.0 : 90.0,
+                            .mTilt = defaultTilt(previous.mTilt, mount, shape),
+                            .mZoom = kWidestZoom};
     return limitedView(view, mount, shape);
 }
 

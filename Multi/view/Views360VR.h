@@ -11,6 +11,8 @@
 namespace fovix {
 
 inline constexpr int kPanoramaScreens = 6;
+inline constexpr int kStripScreen =
+    2;  ///< the overview strip under the two screens of FOVIX_SHAPE_TWO_AND_STRIP
 
 /// One turn of an unrolled strip in hundredths of a radian: as it is drawn, and as whole pans are counted. A
 /// pan that wraps moves the picture by the difference, a third of a hundredth.

@@ -7,8 +7,8 @@
 
 #include "MediaFiles.h"
 #include "TestFiles.h"
-#include "media/MediaReader.h"
 #include "media/FramePacker.h"
+#include "media/MediaReader.h"
 
 inline void expectColour(Rgb seen, Rgb expected, int tolerance, const std::string& where) {
     EXPECT_NEAR(seen.r, expected.r, tolerance) << "red, " << where;
