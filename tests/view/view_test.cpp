@@ -232,36 +232,20 @@ TEST(PositionMap, FindsThePlaceOfEveryColourThatIsDrawn) {
     }
 }
 
-struct OptionCase {
-    std::vector<const char*> words;
-    const char* outcome;  // the start of the sentence that refuses them, else the words for the view
-};
-
-TEST(ViewerOptions, TakeSensibleTypesByThemselvesAndRefuseTheRest) {
-    const OptionCase cases[] = {
-        {{}, "no input; give a picture, video, stream or device, or --sample"},
-        {{"--sample"}, "360 · ceiling · single"},
-        {{"--sample=wall"}, "360 · wall · single"},
-        {{"a.mp4", "b.mp4"}, "grid"},
-        {{"a.mp4", "b.mp4", "--show-lens", "1"}, "lenses · 2 of"},
-        {{"a.mp4", "--type", "180", "--draw-mode", "curved"}, "180 · curved"},
-        {{"a.mp4", "--start", "-1"}, "--start cannot be '-1'; it wants a time"},
-        {{"a.mp4", "--mount", "floor", "--shape", "strip"}, "--shape strip does not fit --mount floor"},
-        {{"a.mp4", "--ptz", "0:1,2,3"}, "'--ptz' is not understood"},
-        {{"a.mp4", "--size", "0x5"}, "--size cannot be '0x5'"},
-        {{"a.mp4", "--size", "20000x5"}, "--size cannot be '20000x5'; it wants a window that SDL can open"},
-        {{"--sample", "--start", "3"}, "--start goes with a video"},
+TEST(ViewerOptions, ChooseASensibleTypeForTheInputs) {
+    struct Case {
+        std::vector<const char*> words;
+        const char* view;
     };
-    for (const OptionCase& test : cases) {
+    for (const Case& test :
+         {Case{{"--sample"}, "360 · ceiling · single"}, Case{{"--sample=wall"}, "360 · wall · single"},
+          Case{{"--sample=wall", "--mount", "floor"}, "360 · floor · single"},
+          Case{{"a.mp4", "b.mp4"}, "grid"}, Case{{"a.mp4", "b.mp4", "--show-lens", "1"}, "lenses · 2 of 2"},
+          Case{{"a.mp4", "--type", "180", "--draw-mode", "curved"}, "180 · curved"}}) {
         std::vector<const char*> words{"fovix-view"};
         words.insert(words.end(), test.words.begin(), test.words.end());
-        std::string outcome;
-        try {
-            outcome = wordsFor(parseViewerOptions(static_cast<int>(words.size()), words.data()).view, 1);
-        } catch (const UsageError& refused) {
-            outcome = refused.what();
-        }
-        EXPECT_EQ(outcome.substr(0, std::string_view(test.outcome).size()), test.outcome);
+        EXPECT_EQ(wordsFor(parseViewerOptions(static_cast<int>(words.size()), words.data()).view, 2),
+                  test.view);
     }
 }
 
