@@ -35,7 +35,7 @@ struct Source {
 
 template <class Type>
 struct Argument {
-    static constexpr char kKind = std::is_floating_point_v<Type> ? 'f' : 'i';
+    static constexpr char kKind = std::is_integral_v<Type> ? 'i' : std::is_same_v<Type, float> ? 'f' : 'd';
     Type value;
     void take(Source& from) { value = static_cast<Type>(*from.number++); }
     Type pass() { return value; }
@@ -54,7 +54,7 @@ struct Argument<Type*> {
 
 template <>
 struct Argument<const unsigned char*> {
-    static constexpr char kKind = 'd';
+    static constexpr char kKind = 'p';
     const unsigned char* value;
     void take(Source& from) { value = from.data; }
     const unsigned char* pass() { return value; }
@@ -123,7 +123,7 @@ const ApiCall& apiCallOf(const ScriptCall& call) {
     auto found = apiCalls().find(name);
     if (found == apiCalls().end()) found = apiCalls().find("Fovix_" + name);
     if (found == apiCalls().end()) throw std::logic_error("no such call: " + call.verb);
-    const auto isNumber = [](char kind) { return kind == 'i' || kind == 'f'; };
+    const auto isNumber = [](char kind) { return kind == 'i' || kind == 'f' || kind == 'd'; };
     const std::string& kinds = found->second.kinds;
     if (std::count_if(kinds.begin(), kinds.end(), isNumber) != std::ssize(call.numbers))
         throw std::logic_error("not the numbers of the call: " + call.verb);

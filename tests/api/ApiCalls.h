@@ -17,7 +17,7 @@ struct ApiCall {
     /// Makes the call. Numbers go to its arguments in order, data to a picture's bytes; results receive what
     /// it writes through pointers. Returns what the export returns, or 0.
     std::function<double(VRHANDLE, const Numbers&, Numbers& results, const unsigned char* data)> make;
-    std::string kinds;     ///< of its arguments: i and f for numbers, d for data, r for results
+    std::string kinds;  ///< of its arguments: i, f and d for int, float and double, p for data, r for results
     bool returns = false;  ///< a value
 };
 
