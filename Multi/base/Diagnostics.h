@@ -1,4 +1,4 @@
-// The library's diagnostics: printf lines on standard output, without level or time stamp.
+// The library's diagnostics: lines on standard output, without level or time stamp.
 #pragma once
 
 #if defined(__GNUC__)
@@ -9,6 +9,7 @@
 
 namespace fovix {
 
+/// Formats as printf does and adds no line end.
 void printLine(const char* format, ...) FOVIX_PRINTF_FORMAT;
 
 }  // namespace fovix

@@ -12,7 +12,8 @@ namespace {
 
 constexpr Mat4 kZero = {{}};
 
-/// A rotation in the plane of two axes: the sine stands in row `to`, column `from`, its negative opposite.
+/// A rotation in the plane of two axes: the sine is in row `to`, column `from`, its negative in the opposite
+/// place.
 void rotate(Mat4& m, double degrees, std::size_t from, std::size_t to) {
     const double angle = degrees * kMatrixRadiansPerDegree;
     const double cosine = std::cos(angle), sine = std::sin(angle);
@@ -55,9 +56,9 @@ void Mat4_Scale(Mat4& m, double x, double y, double z) {
 
 void Mat4_Perspective(Mat4& m, double fov, double near, double far, double numerator, double denominator,
                       double scale) {
-    // A zoom may close the field of view and a surface may have no height: the matrix stays finite.
+    constexpr double kSmallestTangent = 1e-9;  // a zoom may close the field of view
     const double tangent = std::tan(fov * kMatrixRadiansPerDegree * 0.5);
-    const double f = scale / std::copysign(std::max(std::abs(tangent), 1e-9), tangent);
+    const double f = scale / std::copysign(std::max(std::abs(tangent), kSmallestTangent), tangent);
     const double stretch = denominator != 0.0 ? numerator / denominator : 1.0;
     Mat4 e = kZero;
     e.m[0] = f;

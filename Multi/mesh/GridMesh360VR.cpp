@@ -35,7 +35,7 @@ constexpr double kCylinderShift = -0.7417649525;
 constexpr double kStripShift = -0.4 * kPi;
 constexpr double kTwoStripsShift = -0.7625 * kPi;
 
-enum class Form { Nothing, Sphere, Cylinder, Strip, Wall };
+enum class Form { kNothing, kSphere, kCylinder, kStrip, kWall };
 
 /// What a mount shows in a shape. A band (cylinder, strip) may leave out the rings nearest the centre, which
 /// it stretches most. A strip's size fills its screen's height: 0.82 units to both sides for a single
@@ -50,23 +50,23 @@ struct Projection {
 };
 
 constexpr Projection kProjections[] = {
-    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_SINGLE, Form::Sphere},
-    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_DOME, Form::Sphere},
-    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_BOWL, Form::Sphere},
-    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_CYLINDER, Form::Cylinder, kOutsideRadius, 1, kCylinderShift, false},
-    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_CYLINDER_INSIDE, Form::Cylinder, kInsideRadius, 0, kCylinderShift,
+    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_SINGLE, Form::kSphere},
+    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_DOME, Form::kSphere},
+    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_BOWL, Form::kSphere},
+    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_CYLINDER, Form::kCylinder, kOutsideRadius, 1, kCylinderShift, false},
+    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_CYLINDER_INSIDE, Form::kCylinder, kInsideRadius, 0, kCylinderShift,
      false},
-    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_STRIP, Form::Strip, 1.4, 4, kStripShift, false},
-    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_TWO_STRIPS, Form::Strip, 2.3, 8, kTwoStripsShift, false},
-    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_FOUR_SCREENS, Form::Sphere},
-    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_OVERVIEW_FIVE, Form::Sphere},
-    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_TWO_AND_STRIP, Form::Sphere},
-    {FOVIX_MOUNT_WALL, FOVIX_SHAPE_SINGLE, Form::Sphere},
-    {FOVIX_MOUNT_WALL, FOVIX_SHAPE_BOWL, Form::Sphere},
-    {FOVIX_MOUNT_WALL, FOVIX_SHAPE_STRIP, Form::Wall},
-    {FOVIX_MOUNT_WALL, FOVIX_SHAPE_TWO_STRIPS, Form::Strip, 2.3, 8, kTwoStripsShift, false},
-    {FOVIX_MOUNT_WALL, FOVIX_SHAPE_OVERVIEW_FIVE, Form::Sphere},
-    {FOVIX_MOUNT_WALL_INVERTED, FOVIX_SHAPE_SINGLE, Form::Sphere},  // and every mount above
+    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_STRIP, Form::kStrip, 1.4, 4, kStripShift, false},
+    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_TWO_STRIPS, Form::kStrip, 2.3, 8, kTwoStripsShift, false},
+    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_FOUR_SCREENS, Form::kSphere},
+    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_OVERVIEW_FIVE, Form::kSphere},
+    {FOVIX_MOUNT_CEILING, FOVIX_SHAPE_TWO_AND_STRIP, Form::kSphere},
+    {FOVIX_MOUNT_WALL, FOVIX_SHAPE_SINGLE, Form::kSphere},
+    {FOVIX_MOUNT_WALL, FOVIX_SHAPE_BOWL, Form::kSphere},
+    {FOVIX_MOUNT_WALL, FOVIX_SHAPE_STRIP, Form::kWall},
+    {FOVIX_MOUNT_WALL, FOVIX_SHAPE_TWO_STRIPS, Form::kStrip, 2.3, 8, kTwoStripsShift, false},
+    {FOVIX_MOUNT_WALL, FOVIX_SHAPE_OVERVIEW_FIVE, Form::kSphere},
+    {FOVIX_MOUNT_WALL_INVERTED, FOVIX_SHAPE_SINGLE, Form::kSphere},  // and every mount above
 };
 
 Projection projectionOf(int mount, int shape) {
@@ -74,7 +74,7 @@ Projection projectionOf(int mount, int shape) {
         std::find_if(std::begin(kProjections), std::end(kProjections), [&](const Projection& p) {
             return p.mount == std::min<int>(mount, FOVIX_MOUNT_WALL_INVERTED) && p.shape == shape;
         });
-    return found != std::end(kProjections) ? *found : Projection{mount, shape, Form::Nothing};
+    return found != std::end(kProjections) ? *found : Projection{mount, shape, Form::kNothing};
 }
 
 struct Sector {
@@ -110,19 +110,19 @@ std::array<Ring, kRings + 1> makeRings(double maxRadius, double degreesPerPixel)
 std::array<double, 3> positionOf(const Projection& projection, const Sector& sector, const Ring& ring) {
     const double q = kSphereRadius * ring.sine;
     switch (projection.form) {
-        case Form::Sphere:
+        case Form::kSphere:
             return {q * sector.cosine, q * sector.sine, kSphereRadius * ring.cosine};
-        case Form::Cylinder:
+        case Form::kCylinder:
             return {projection.size * sector.cosine, ring.psi, projection.size * sector.sine};
-        case Form::Strip:
+        case Form::kStrip:
             return {sector.theta, projection.size * ring.psi, 0.0};
-        case Form::Wall: {
+        case Form::kWall: {
             // Each row of the hemisphere is stretched to its full width.
             const double y = q * sector.sine;
             const double x = kSphereRadius * q * sector.cosine / std::sqrt(kSphereRadiusSquare - y * y);
             return {x, y, kWallDepth * ring.cosine};
         }
-        case Form::Nothing:
+        case Form::kNothing:
             break;
     }
     return {};

@@ -80,17 +80,17 @@ double defaultTilt(double previous, int mount, int shape) {
 
 /// How a screen's mesh is turned towards the eye.
 enum class Pose {
-    AsBuilt,
-    Hemisphere,
-    Dome,
-    Bowl,
-    Cylinder,
-    CylinderInside,
-    Strip,
-    Wall,
-    WallRim,
-    WallBowl,
-    Floor
+    kAsBuilt,
+    kHemisphere,
+    kDome,
+    kBowl,
+    kCylinder,
+    kCylinderInside,
+    kStrip,
+    kWall,
+    kWallRim,
+    kWallBowl,
+    kFloor
 };
 
 bool isOverviewStrip(const Scene360VR& scene, int screen) {
@@ -100,37 +100,37 @@ bool isOverviewStrip(const Scene360VR& scene, int screen) {
 Pose ceilingPose(int shape, bool overviewStrip) {
     switch (shape) {
         case FOVIX_SHAPE_DOME:
-            return Pose::Dome;
+            return Pose::kDome;
         case FOVIX_SHAPE_BOWL:
-            return Pose::Bowl;
+            return Pose::kBowl;
         case FOVIX_SHAPE_CYLINDER:
-            return Pose::Cylinder;
+            return Pose::kCylinder;
         case FOVIX_SHAPE_CYLINDER_INSIDE:
-            return Pose::CylinderInside;
+            return Pose::kCylinderInside;
         case FOVIX_SHAPE_STRIP:
         case FOVIX_SHAPE_TWO_STRIPS:
-            return Pose::Strip;
+            return Pose::kStrip;
         case FOVIX_SHAPE_LARGE_AND_TWO:
-            return Pose::AsBuilt;
+            return Pose::kAsBuilt;
         default:
-            return overviewStrip ? Pose::Strip : Pose::Hemisphere;
+            return overviewStrip ? Pose::kStrip : Pose::kHemisphere;
     }
 }
 
 Pose wallPose(int shape) {
     switch (shape) {
         case FOVIX_SHAPE_SINGLE:
-            return Pose::WallRim;
+            return Pose::kWallRim;
         case FOVIX_SHAPE_BOWL:
-            return Pose::WallBowl;
+            return Pose::kWallBowl;
         case FOVIX_SHAPE_STRIP:
-            return Pose::AsBuilt;
+            return Pose::kAsBuilt;
         case FOVIX_SHAPE_TWO_STRIPS:
-            return Pose::Strip;
+            return Pose::kStrip;
         case FOVIX_SHAPE_OVERVIEW_FIVE:
-            return Pose::Hemisphere;
+            return Pose::kHemisphere;
         default:
-            return Pose::Wall;
+            return Pose::kWall;
     }
 }
 
@@ -141,11 +141,11 @@ Pose poseOf(const Scene360VR& scene, int screen) {
         case FOVIX_MOUNT_WALL:
             return wallPose(scene.shape);
         case FOVIX_MOUNT_WALL_INVERTED:
-            return Pose::Wall;
+            return Pose::kWall;
         case FOVIX_MOUNT_FLOOR:
-            return Pose::Floor;
+            return Pose::kFloor;
         default:
-            return Pose::AsBuilt;
+            return Pose::kAsBuilt;
     }
 }
 
@@ -267,29 +267,29 @@ void turnAboutAxis(Mat4& m, double pan, double tilt, double z) {
 
 void turnMesh(Mat4& m, EffectiveView& view, Pose pose, int mount) {
     switch (pose) {
-        case Pose::AsBuilt:
+        case Pose::kAsBuilt:
             return;
-        case Pose::Hemisphere:
+        case Pose::kHemisphere:
             return turnToPole(m, view, -zoomIntoHemisphere(view));
-        case Pose::Dome:
+        case Pose::kDome:
             return turnInPlane(m, view, -1.0);
-        case Pose::Bowl:
+        case Pose::kBowl:
             return turnInPlane(m, view, 1.0);
-        case Pose::Cylinder:
+        case Pose::kCylinder:
             return turnAboutAxis(m, view.pan, view.tilt, kCylinderDistance);
-        case Pose::CylinderInside:
+        case Pose::kCylinderInside:
             return turnAboutAxis(m, -view.pan, -view.tilt, -kCylinderDistance);
-        case Pose::Strip:
+        case Pose::kStrip:
             return Mat4_Translate(m, view.pan / -100.0, 0.0, 0.0);
-        case Pose::Wall:
+        case Pose::kWall:
             return turnOnWall(m, view, mount == FOVIX_MOUNT_WALL_INVERTED ? 180.0 : 0.0);
-        case Pose::WallRim:
+        case Pose::kWallRim:
             turnOnWall(m, view, 0.0);
             return shiftFromRim(m, view);
-        case Pose::WallBowl:
+        case Pose::kWallBowl:
             turnInPlane(m, view, 1.0);
             return Mat4_RotateZ(m, 90.0);
-        case Pose::Floor:
+        case Pose::kFloor:
             return turnToPole(m, view, view.tilt);
     }
 }
