@@ -20,11 +20,13 @@ std::vector<std::string> linesOf(const std::string& text) {
     return lines;
 }
 
+std::string shellLine(const std::string& line) {
+    return "cd '" + testFolder().string() + "'; PATH='" FOVIX_PROGRAMS ":'$PATH; export PATH; " + line;
+}
+
 ProgramRun runInShell(const std::string& line) {
     const auto folder = testFolder();
-    const std::string all = "cd '" + folder.string() + "'; PATH='" FOVIX_PROGRAMS ":'$PATH; {\n" + line +
-                            "\n} >stdout.txt 2>stderr.txt";
-    const int ended = std::system(all.c_str());
+    const int ended = std::system(shellLine("{\n" + line + "\n} >stdout.txt 2>stderr.txt").c_str());
     return {WIFEXITED(ended) ? WEXITSTATUS(ended) : -1, readText(folder / "stdout.txt"),
             readText(folder / "stderr.txt")};
 }

@@ -14,6 +14,7 @@ struct ProgramRun {
 std::vector<std::string> wordsOf(const std::string& text);
 std::vector<std::string> linesOf(const std::string& text);
 
-// A line of the shell, which finds fovix-render and fovix-view by their names.
+// A line of the shell in the folder of the test, which finds fovix-render and fovix-view by their names.
+std::string shellLine(const std::string& line);
 ProgramRun runInShell(const std::string& line);
 ProgramRun runFovixRender(const std::string& arguments);

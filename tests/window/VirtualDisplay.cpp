@@ -1,61 +1,28 @@
 #include "VirtualDisplay.h"
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <array>
 #include <chrono>
 #include <cstdlib>
-#include <stdexcept>
 #include <thread>
 
+#include "ProgramRun.h"
 #include "TestFiles.h"
 #include "media/MediaReader.h"
 
 using fovix_host::RgbaImage;
 
-namespace {
-
-void redirect(const std::string& file, int descriptor) {
-    dup2(open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644), descriptor);
-}
-
-struct Pipe {
-    std::array<int, 2> ends{};
-    Pipe() {
-        if (pipe2(ends.data(), O_CLOEXEC) != 0) throw std::runtime_error("no pipe");
-    }
-    ~Pipe() {
-        close(ends[0]);
-        close(ends[1]);
-    }
-};
-
-Pipe& numberPipe() {
-    static Pipe pipe;
-    return pipe;
-}
-
-}  // namespace
-
-ChildProcess::ChildProcess(const std::vector<std::string>& words, const std::vector<std::string>& environment,
-                           const std::string& outputs, int keptOpen)
-    : _outputs((testFolder() / outputs).string()), _id(fork()) {
+ChildProcess::ChildProcess(const std::string& line, const std::string& outputs)
+    : _outputs(fileInTest(outputs)), _id(fork()) {
     if (_id != 0) return;
     prctl(PR_SET_PDEATHSIG, SIGKILL);
     ::signal(SIGINT, SIG_DFL);  // a shell has jobs in the background ignore it
-    std::vector<char*> arguments;
-    for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
-    arguments.push_back(nullptr);
-    for (const std::string& setting : environment) putenv(const_cast<char*>(setting.c_str()));
-    redirect(_outputs + ".stdout", STDOUT_FILENO);
-    redirect(_outputs + ".stderr", STDERR_FILENO);
-    if (keptOpen >= 0) fcntl(keptOpen, F_SETFD, 0);
-    if (chdir(testFolder().c_str()) == 0) execvp(arguments[0], arguments.data());
+    const std::string all = shellLine("exec >'" + _outputs + ".stdout' 2>'" + _outputs + ".stderr'; " + line);
+    execl("/bin/sh", "sh", "-c", all.c_str(), nullptr);
     _exit(127);
 }
 
@@ -87,25 +54,20 @@ std::string ChildProcess::errors() const {
     return readText(_outputs + ".stderr");
 }
 
-// The server chooses a free number and tells it once it takes connections. It must not begin anew when the
-// last caller is gone: callers that come meanwhile would be turned away.
+// The server chooses a free number and prints it once it takes connections. It must not restart when the last
+// caller is gone: callers that come meanwhile would be turned away.
 VirtualDisplay::VirtualDisplay()
-    : _server(
-          {XVFB, "-displayfd", std::to_string(numberPipe().ends[1]), "-screen", "0",
-           std::to_string(kWidth) + "x" + std::to_string(kHeight) + "x24", "-nolisten", "tcp", "-noreset"},
-          {}, "xvfb", numberPipe().ends[1]) {
-    char number[16] = {};
-    std::size_t length = 0;
-    while (length + 1 < sizeof number && read(numberPipe().ends[0], number + length, 1) == 1 &&
-           number[length] != '\n')
-        ++length;
-    number[length] = 0;
-    _name = std::string(":") + number;
-    _environment = "DISPLAY=" + _name;
+    : _server("exec " XVFB " -displayfd 1 -nolisten tcp -noreset -screen 0 " + std::to_string(kWidth) + "x" +
+                  std::to_string(kHeight) + "x24",
+              "xvfb") {
+    EXPECT_TRUE(becomesTrue([&] { return _server.output().ends_with('\n'); })) << _server.errors();
+    _name = ":" + _server.output();
+    _name.pop_back();
+    _environment = "DISPLAY=" + _name + " ";
 }
 
 void VirtualDisplay::steer(const std::string& words) const {
-    const std::string command = _environment + " " + XDOTOOL + " " + words + " >/dev/null";
+    const std::string command = _environment + XDOTOOL + " " + words + " >/dev/null";
     EXPECT_EQ(std::system(command.c_str()), 0) << command;
 }
 
@@ -139,11 +101,12 @@ RgbaImage VirtualDisplay::settled() const {
 
 bool becomesTrue(const std::function<bool()>& condition) {
     using namespace std::chrono;
-    for (const auto end = steady_clock::now() + seconds(20); steady_clock::now() < end;) {
-        if (condition()) return true;
+    const auto end = steady_clock::now() + seconds(20);
+    while (!condition()) {
+        if (steady_clock::now() >= end) return false;
         std::this_thread::sleep_for(milliseconds(50));
     }
-    return condition();
+    return true;
 }
 
 double difference(const RgbaImage& a, const RgbaImage& b) {

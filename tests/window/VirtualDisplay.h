@@ -6,28 +6,27 @@
 
 #include <functional>
 #include <string>
-#include <vector>
 
 #include "image/RgbaImage.h"
 
-// A program that ends with its owner, or with the test.
+// A line of the shell in the folder of the test; it ends with its owner, or with the test.
 class ChildProcess {
   public:
-    // Its words go to files in the folder of the test. keptOpen is a descriptor that it inherits.
-    ChildProcess(const std::vector<std::string>& words, const std::vector<std::string>& environment,
-                 const std::string& outputs, int keptOpen = -1);
+    // What it prints goes to outputs + ".stdout" and ".stderr".
+    ChildProcess(const std::string& line, const std::string& outputs);
     ~ChildProcess();
     ChildProcess(const ChildProcess&) = delete;
     ChildProcess& operator=(const ChildProcess&) = delete;
 
     void signal(int number) const;
-    bool isRunning();
     // The exit code once it has ended; -1 when a signal ended it, -2 when it still runs after the limit.
     int wait();
     std::string output() const;
     std::string errors() const;
 
   private:
+    bool isRunning();
+
     std::string _outputs;
     pid_t _id;
     int _status = 0;
@@ -40,7 +39,7 @@ class VirtualDisplay {
 
     VirtualDisplay();
 
-    // "DISPLAY=:7", for the programs on it.
+    // "DISPLAY=:7 ", for the programs on it.
     const std::string& environment() const { return _environment; }
 
     // Words of xdotool, separated by blanks.
@@ -50,8 +49,8 @@ class VirtualDisplay {
     fovix_host::RgbaImage settled() const;
 
   private:
-    std::string _name, _environment;
     ChildProcess _server;
+    std::string _name, _environment;
 };
 
 // Asks again and again, for up to 20 seconds; a slow machine gets its time, a fast one does not wait.
