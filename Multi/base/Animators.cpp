@@ -7,13 +7,24 @@ namespace fovix {
 
 namespace {
 
-/// Every ten frames make the steps shorter; fewer than ten, or none, leave the whole way as one step.
+/// Speeds of a glide: its first step in mean steps, then parts of a mean step: the slowest one, and what
+/// every step loses. It leaps off, so that the view answers at once, and lands softly.
+constexpr double kFirstStep = 5.0, kSlowestPart = 5.0, kBrakingPart = 50.0;
+
+/// A bounce falls back by this part of the way.
+constexpr double kReboundPart = 5.0;
+
+/// Speeds of a bounce: parts of its base speed that it gains with every step and that it moves at least by,
+/// the most in base speeds, what the rebound loses in such gains, and the speed that the return begins with.
+constexpr double kGainPart = 10.0, kLeastPart = 10.0, kFastest = 1.5, kReboundGain = -1.2, kReturnSpeed = 0.5;
+
+/// Every ten frames shorten the steps; below ten the whole way is one step.
 double stepCount(int frames) {
     return std::max(frames, 0) / 10 + 1;
 }
 
-/// Moves the value by speed; true once it stands on target. A speed too small to move it, and what is no
-/// number, land at once, so that no animation runs for ever.
+/// Moves the value by speed; returns true once it has reached target. A step too small to change the value,
+/// or NaN, ends the animation.
 bool advance(double& value, double speed, double target, bool rising) {
     const double before = value;
     value += speed;
@@ -28,11 +39,11 @@ bool advance(double& value, double speed, double target, bool rising) {
 GlideAnimator::GlideAnimator(double start, double end, int frames)
     : mStart(start), mEnd(end), mFrames(frames), mCurrent(start) {
     const double step = (end - start) / stepCount(frames);
-    mMinSpeed = step / 5.0;
+    mMinSpeed = step / kSlowestPart;
     mMaxSpeed = step * kSpeedFactor;
     if (!(step > 0.0)) std::swap(mMinSpeed, mMaxSpeed);
-    mDeceleration = step / 50.0;
-    mSpeed = step * 5.0;
+    mDeceleration = step / kBrakingPart;
+    mSpeed = step * kFirstStep;
 }
 
 void GlideAnimator::step() {
@@ -46,23 +57,24 @@ void GlideAnimator::step() {
 BounceAnimator::BounceAnimator(double start, double end, int frames)
     : mStart(start), mEnd(end), mFrames(frames), mCurrent(start) {
     const double delta = end - start;
-    mReboundPoint = end - delta / 5.0;
-    mBaseSpeed = mSpeed = (delta + delta * kSpeedFactor / 5.0) / stepCount(frames);
-    mAcceleration = mBaseSpeed / 10.0;
-    mMinSpeed = mBaseSpeed / 10.0;
-    mMaxSpeed = mBaseSpeed * 1.5;
+    mReboundPoint = end - delta / kReboundPart;
+    // The whole way leads there, back by the rebound and there again.
+    mBaseSpeed = mSpeed = (delta + delta * 2.0 / kReboundPart) / stepCount(frames);
+    mAcceleration = mBaseSpeed / kGainPart;
+    mMinSpeed = mBaseSpeed / kLeastPart;
+    mMaxSpeed = mBaseSpeed * kFastest;
     if (!(mBaseSpeed > 0.0)) std::swap(mMinSpeed, mMaxSpeed);
 }
 
 void BounceAnimator::step() {
-    // Each of the three ways: where it leads, the direction that the speed has on it, the change of speed per
-    // step (in accelerations) and the speed that the next way begins with.
+    // The ways of the three phases: where each leads, the direction that the speed has on it, the change of
+    // speed per step (in accelerations) and the speed that the next way begins with.
     struct Way {
         double from, target, direction, gain, nextSpeed;
     };
     const Way ways[] = {
         {mStart, mEnd, 1.0, 1.0, mBaseSpeed + mAcceleration},
-        {mEnd, mReboundPoint, -1.0, -1.2, mBaseSpeed * 0.5},
+        {mEnd, mReboundPoint, -1.0, kReboundGain, mBaseSpeed * kReturnSpeed},
         {mReboundPoint, mEnd, 1.0, 1.0, mBaseSpeed + mAcceleration},
     };
     if (mPhase < 0 || mPhase > 2) {

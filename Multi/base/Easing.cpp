@@ -9,7 +9,9 @@ namespace fovix {
 
 namespace {
 
-constexpr double kFarAway = 50.0;   ///< degrees from which on the step does not grow any more
+// A step is a fifth of the distance, before the speed of a finger doubles it or a glide divides it by three.
+constexpr double kDistancePart = 5.0, kGlidePart = 3.0;
+constexpr double kFarAway = 50.0;   ///< degrees; beyond this distance the step no longer grows
 constexpr double kLongest = 10.0;   ///< degrees per frame
 constexpr double kShortest = 0.1f;  ///< degrees per frame, so that the view arrives
 constexpr double kStepBelowOne = 0.0375;
@@ -22,8 +24,8 @@ double moveTowards(double current, double target, double step) {
 
 double easeStep(double current, double target, bool gliding) {
     const double distance = std::abs(target - current);
-    double step = distance > kFarAway ? kLongest : distance / 5.0;
-    step = gliding ? step / 3.0 : step * kSpeedFactor;
+    double step = distance > kFarAway ? kLongest : distance / kDistancePart;
+    step = gliding ? step / kGlidePart : step * kSpeedFactor;
     return moveTowards(current, target, std::clamp(step, kShortest, kLongest));
 }
 

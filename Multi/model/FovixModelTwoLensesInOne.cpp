@@ -5,7 +5,6 @@
 #include <limits>
 
 #include "Fovix.h"
-#include "base/AnimatorStep.h"
 #include "base/Diagnostics.h"
 
 namespace fovix {

@@ -1,5 +1,5 @@
-// Arithmetic of gestures that the touch controllers share. Whatever coordinates a host reports, results are
-// finite.
+// Arithmetic and constants of gestures that the touch controllers share. Whatever coordinates a host reports,
+// results are finite.
 #pragma once
 
 #include <algorithm>
@@ -10,13 +10,31 @@
 
 namespace fovix {
 
-/// Degrees of a view per pixel of a drag.
+inline constexpr float kLargestFloat = std::numeric_limits<float>::max();
+
+/// Degrees of a view per pixel of a drag: 40 for 90 pixels, in the single precision of the events.
 inline constexpr double kDegreesPerPixel = 0.44444445f;
+
+/// What a cruise of speed 1 moves the view by in a frame: degrees, or units of an offset.
+inline constexpr double kCruiseFactor = 0.2;
 
 /// Limit of a target that turns freely.
 inline constexpr double kNoLimit = std::numeric_limits<double>::max();
 
-inline constexpr float kLargestFloat = std::numeric_limits<float>::max();
+/// Degrees; an angle beyond loses its whole turns, before it loses the precision to show a degree.
+inline constexpr double kMostTurn = 1e9;
+
+inline double withoutTurns(double angle) {
+    return std::fmod(angle, 360.0);
+}
+
+inline double clampTo(double value, double limit) {
+    return std::clamp(value, -limit, limit);
+}
+
+inline float toFloat(double value) {
+    return static_cast<float>(clampTo(value, kLargestFloat));
+}
 
 /// Pixels from one touch event to the next, in the single precision of the events.
 inline float dragDistance(float from, float to) {
@@ -29,11 +47,13 @@ inline double fingerDistance(float x1, float y1, float x2, float y2) {
     return std::min<double>(std::sqrt(dx * dx + dy * dy), kLargestFloat);
 }
 
-/// A target after a drag of so many degrees at normal size, kept within ±limit. From zoom 2 on the view turns
-/// more slowly, so that the picture stays under the finger.
+/// Above this zoom the view turns more slowly, so that the picture stays under the finger.
+inline constexpr double kFullSpeedZoom = 2.0;
+
+/// A target after a drag by some degrees, within ±limit.
 inline double draggedTarget(double target, double degrees, double zoom, double limit) {
-    const double bound = std::min(limit, kNoLimit);
-    return std::clamp(target + degrees / (std::max(zoom, 2.0) * 0.5), -bound, bound);
+    return clampTo(target + degrees / (std::max(zoom, kFullSpeedZoom) / kFullSpeedZoom),
+                   std::min(limit, kNoLimit));
 }
 
 }  // namespace fovix

@@ -1,18 +1,18 @@
-// A point of the fisheye picture that a host wants to see, as the controllers of the panoramas take it.
+// A point of the fisheye picture that a host wants to see.
 #pragma once
 
 namespace fovix {
 
-/// The middle of a picture and where a point lies from there; picture pixels, y downwards.
+/// The centre of a picture and the offset of a point from it; picture pixels, y downwards.
 struct PictureTarget {
     double cx, cy;
     double dx, dy;
 };
 
-/// Prints point, middle and offset.
+/// Prints point, centre and offset.
 PictureTarget locateTarget(int targetX, int targetY, int width, int height);
 
-/// The pixel halfway between two others, whatever their sum is.
+/// The pixel halfway between two others; their sum may exceed an int.
 int middleOf(int from, int to);
 
 }  // namespace fovix

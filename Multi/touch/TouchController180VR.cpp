@@ -2,12 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <iterator>
-#include <limits>
 #include <utility>
 
 #include "Fovix.h"
-#include "base/AnimatorStep.h"
 #include "base/Diagnostics.h"
 #include "base/Easing.h"
 #include "touch/Gestures.h"
@@ -21,51 +20,46 @@ constexpr int kDisc = FOVIX_180_DISC, kStretch = FOVIX_180_STRETCH, kCylinder = 
               kCurved = FOVIX_180_CURVED;
 constexpr double kPitchLimit = 14.0, kYawLimit = 30.0;  ///< degrees at zoom 1
 constexpr double kPitchGrowth = 1.4, kYawGrowth = 3.0;  ///< more per zoom of the stretched picture
-constexpr double kLargestZoom = 20.0;
-constexpr double kCurvedZoom = 10.0;  ///< the curved screen's normal zoom, and its smallest
-constexpr double kSnapZoom = 2.0;     ///< up to here the stretched picture returns to the whole
+constexpr double kClosestZoom = 20.0;                   ///< the largest zoom of a pinch
+constexpr double kCurvedZoom = 10.0;                    ///< the curved screen's normal zoom, and its smallest
+constexpr double kStretchedSnapZoom = 2.0;              ///< up to here the whole stretched picture comes back
 
-// Where disc and curved screen give way to each other: zooms of a pinch, and degrees that the disc is turned.
+// How far the curved screen may be turned either way, degrees: at its normal zoom, and more at the closest.
+constexpr double kCurvedReach = 40.0, kCurvedReachGrowth = 20.0;
+
+// Where disc and curved screen change into each other: zooms of a pinch, and degrees that the disc is turned.
 constexpr double kEnterCurved = 1.05, kLeaveCurved = 9.0;
 constexpr double kDiscPitch = 30.0, kDiscYaw = 35.0;
 
-constexpr float kAccelerometerFactor = 12.0f;               ///< degrees per unit
-constexpr double kSmallestTurn = 0.6, kLargestTurn = 20.0;  ///< degrees between two orientation events
-constexpr double kCruiseFactor = 0.2;                       ///< degrees per frame at speed 1
-constexpr double kCruiseYaw = 40.0;
-constexpr int kBounceFrames = 700;
-constexpr double kMostYaw = 1e9;
+constexpr float kAccelerometerFactor = 12.0f;  ///< degrees per unit
+constexpr double kCruiseYaw = 40.0;            ///< degrees; a cruise turns back here
+constexpr int kEdgeBounceFrames = 700;
+constexpr double kThirdValue = 3.0;  ///< what getPTZFor180VR always stores between angles and zoom
 
 VR180TouchParams& params(TouchController& controller) {
     return paramsOf<VR180TouchParams>(controller);
 }
 
-double clampTo(double value, double limit) {
-    return std::clamp(value, -limit, limit);
-}
-
-float toFloat(double value) {
-    return static_cast<float>(clampTo(value, std::numeric_limits<float>::max()));
-}
-
 // Targets
 
-/// A limit of the stretched picture, which can be moved further the more it is enlarged.
+/// The more the stretched picture is enlarged, the further it can be moved.
 double grownLimit(const VR180TouchParams& p, double limit, double growth) {
     return p.mDrawMode == kStretch && p.mZoomTarget > 1.0 ? limit + growth * p.mZoomTarget : limit;
 }
 
 void addPitch(VR180TouchParams& p, double degrees) {
-    const double limit = grownLimit(p, kPitchLimit, kPitchGrowth);
-    p.mXAngleTarget = draggedTarget(p.mXAngleTarget, degrees, p.mZoom, limit);
-    p.mGliding = 0;
+    turnTarget(p, p.mXAngleTarget, degrees, grownLimit(p, kPitchLimit, kPitchGrowth));
 }
 
-/// The cylinder turns round and round.
+/// The cylinder turns around freely.
 void addYaw(VR180TouchParams& p, double degrees) {
-    const double limit = p.mDrawMode == kCylinder ? kNoLimit : grownLimit(p, kYawLimit, kYawGrowth);
-    p.mYAngleTarget = draggedTarget(p.mYAngleTarget, degrees, p.mZoom, limit);
-    p.mGliding = 0;
+    const bool isFree = p.mDrawMode == kCylinder;
+    turnTarget(p, p.mYAngleTarget, degrees, isFree ? kNoLimit : grownLimit(p, kYawLimit, kYawGrowth));
+}
+
+void turnView(VR180TouchParams& p, const DragTurn& turn) {
+    addYaw(p, turn.yaw);
+    addPitch(p, turn.pitch);
 }
 
 void setTargets(VR180TouchParams& p, double xAngle, double yAngle, double zAngle, double zoom) {
@@ -75,12 +69,12 @@ void setTargets(VR180TouchParams& p, double xAngle, double yAngle, double zAngle
     p.mZoomTarget = zoom;
 }
 
-/// Level and in the middle, at the draw mode's normal zoom.
+/// Level and centred, at the draw mode's normal zoom.
 void resetTargets(VR180TouchParams& p) {
     setTargets(p, 0.0, 0.0, 0.0, p.mDrawMode == kCurved ? kCurvedZoom : 1.0);
 }
 
-/// Changes the draw mode of the handle: of its model and of all its controllers, this one included.
+/// Changes the draw mode of the handle and starts over in it.
 void switchDrawMode(TouchController& controller, int mode) {
     controller.owner->switchDrawMode(mode);
     resetTargets(params(controller));
@@ -90,18 +84,13 @@ bool isBeyondDisc(const VR180TouchParams& p) {
     return std::abs(p.mYAngleTarget) > kDiscYaw || std::abs(p.mXAngleTarget) > kDiscPitch;
 }
 
-/// How far the curved screen may be turned either way, degrees; within what a float holds.
+/// Degrees either way, within what a float holds.
 double curvedLimit(double zoom) {
-    return clampTo((zoom - kCurvedZoom) * 20.0 / 10.0 + 40.0, std::numeric_limits<float>::max());
+    const double growth = (zoom - kCurvedZoom) * kCurvedReachGrowth / (kClosestZoom - kCurvedZoom);
+    return clampTo(growth + kCurvedReach, kLargestFloat);
 }
 
 // Touch
-
-void onTouchUp(TouchController& controller, float x, float y) {
-    VR180TouchParams& p = params(controller);
-    p.mLastX = x;
-    p.mLastY = y;
-}
 
 void onTouchDown(TouchController& controller, float x, float y) {
     VR180TouchParams& p = params(controller);
@@ -111,17 +100,14 @@ void onTouchDown(TouchController& controller, float x, float y) {
         p.mYAngleBounce.reset();
         p.mCruising = 0;
     }
-    p.mPinchStartZoom = p.mZoomTarget;
-    p.mPinching = 0;
-    onTouchUp(controller, x, y);
+    EasedView_OnTouchDown(controller, x, y);
 }
 
 void onTouchMove(TouchController& controller, float x, float y) {
     VR180TouchParams& p = params(controller);
     if (p.mPinching) return;
-    addYaw(p, -dragDistance(p.mLastX, x) * kDegreesPerPixel);
-    addPitch(p, -dragDistance(p.mLastY, y) * kDegreesPerPixel);
-    onTouchUp(controller, x, y);
+    turnView(p, dragTurn(p, x, y));
+    EasedView_OnTouchUp(controller, x, y);
 }
 
 void onTouchPinchScale(TouchController& controller, float scale) {
@@ -131,7 +117,7 @@ void onTouchPinchScale(TouchController& controller, float scale) {
     const double zoom = p.mPinchStartZoom * scale;
     switch (p.mDrawMode) {
         case kCurved:
-            p.mZoomTarget = std::clamp(zoom, kCurvedZoom, kLargestZoom);
+            p.mZoomTarget = std::clamp(zoom, kCurvedZoom, kClosestZoom);
             if (scale < 1.0f && p.mPinchStartZoom <= kCurvedZoom && zoom < kLeaveCurved) {
                 switchDrawMode(controller, kDisc);
             }
@@ -140,25 +126,23 @@ void onTouchPinchScale(TouchController& controller, float scale) {
             if (scale > 1.0f && zoom > kEnterCurved) switchDrawMode(controller, kCurved);
             break;
         case kStretch:
-            p.mZoomTarget = std::clamp(zoom, kSmallestZoom, kLargestZoom);
+            p.mZoomTarget = std::clamp(zoom, kSmallestZoom, kClosestZoom);
             break;
         default:
             break;
     }
 }
 
-/// Pushes the targets on; the slow ease towards them is the inertia.
 void onTouchFling(TouchController& controller, float velocityX, float velocityY) {
     VR180TouchParams& p = params(controller);
-    addYaw(p, -(velocityX / 100.0f) * kDegreesPerPixel);
-    addPitch(p, -(velocityY / 20.0f) * kDegreesPerPixel);
+    turnView(p, flingTurn(velocityX, velocityY));
     p.mGliding = 1;
 }
 
-/// A view dragged past the edge of the curved screen springs back to it.
+/// A view beyond the edge of the curved screen springs back to it.
 void bounceToEdge(std::unique_ptr<BounceAnimator>& bounce, double angle, double target, double limit) {
     if (std::abs(angle) <= std::abs(target) || std::abs(target) < limit) return;
-    bounce = std::make_unique<BounceAnimator>(angle, target, kBounceFrames);
+    bounce = std::make_unique<BounceAnimator>(angle, target, kEdgeBounceFrames);
 }
 
 void settleOnCurved(TouchController& controller) {
@@ -166,8 +150,9 @@ void settleOnCurved(TouchController& controller) {
     if (p.mZoomTarget < kCurvedZoom) return;
     const LockSection section(controller.lock);
     const double limit = curvedLimit(p.mZoomTarget);
-    p.mYAngleTarget = clampTo(p.mYAngleTarget, toFloat(limit));
-    p.mXAngleTarget = clampTo(p.mXAngleTarget, toFloat(limit));
+    const auto clampToEdge = [edge = toFloat(limit)](double angle) { return clampTo(angle, edge); };
+    p.mYAngleTarget.change(clampToEdge);
+    p.mXAngleTarget.change(clampToEdge);
     bounceToEdge(p.mXAngleBounce, p.mXAngle, p.mXAngleTarget, limit);
     bounceToEdge(p.mYAngleBounce, p.mYAngle, p.mYAngleTarget, limit);
     p.mGliding = 1;
@@ -182,7 +167,7 @@ void autoAdjust(TouchController& controller) {
             if (isBeyondDisc(p)) return switchDrawMode(controller, kCurved);
             return resetTargets(p);
         case kStretch:
-            if (p.mZoomTarget <= kSnapZoom) resetTargets(p);
+            if (p.mZoomTarget <= kStretchedSnapZoom) resetTargets(p);
             return;
         default:
             return;
@@ -198,50 +183,33 @@ void onAccelerometer(TouchController& controller, float x, float y) {
     p.mGliding = 1;
 }
 
-/// Follows the turn of the device since the last event; small steps are noise, large ones a change of its
-/// frame.
+/// Turns by the turn of the device, and further above the zoom that would slow the view down.
 void onOrientation(TouchController& controller, float a, float b, float c) {
     VR180TouchParams& p = params(controller);
-    const float da = a - p.mLastOrientationA, db = b - p.mLastOrientationB, dc = c - p.mLastOrientationC;
-    p.mLastOrientationA = a;
-    p.mLastOrientationB = b;
-    p.mLastOrientationC = c;
-    if (std::max({std::abs(da), std::abs(db), std::abs(dc)}) > kLargestTurn) return;
-    const double zoom = std::max(p.mZoom.get(), 2.0);  // an enlarged view turns as far as the normal one
-    if (std::abs(dc) > kSmallestTurn) {
-        addYaw(p, toFloat(dc * zoom));
-        p.mGliding = 1;
-    }
-    if (std::abs(da) > kSmallestTurn) {
-        addPitch(p, toFloat(da * zoom));
-        p.mGliding = 1;
-    }
+    const auto turn = turnOfDevice(p, a, b, c);
+    if (!turn) return;
+    const double zoom = std::max(p.mZoom.get(), kFullSpeedZoom);
+    if (turn->pan != 0.0f) addYaw(p, toFloat(turn->pan * zoom));
+    if (turn->tilt != 0.0f) addPitch(p, toFloat(turn->tilt * zoom));
+    if (turn->pan != 0.0f || turn->tilt != 0.0f) p.mGliding = 1;
     if (p.mDrawMode == kDisc && isBeyondDisc(p)) switchDrawMode(controller, kCurved);
 }
 
 // Frames
 
-void easeView(VR180TouchParams& p) {
-    const bool gliding = p.mGliding != 0;
-    p.mZoom = easeZoom(p.mZoom, p.mZoomTarget);
-    p.mXAngle = easeStep(p.mXAngle, p.mXAngleTarget, gliding);
-    p.mYAngle = easeStep(p.mYAngle, p.mYAngleTarget, gliding);
-    p.mZAngle = easeStep(p.mZAngle, p.mZAngleTarget, gliding);
-}
-
 /// Swings the yaw from edge to edge.
 void cruise(VR180TouchParams& p) {
     const double wanted = p.mYAngle + p.mCruiseStep;
     const double yaw = clampTo(wanted, kCruiseYaw);
-    if (yaw != wanted) p.mCruiseStep = -p.mCruiseStep;
+    if (yaw != wanted) p.mCruiseStep.change(std::negate<>());
     p.mYAngleTarget = p.mYAngle = yaw;
 }
 
-/// So far round the cylinder that another degree would not count any more, whole turns are taken off.
+/// Removes whole turns around the cylinder before the yaw loses precision.
 void unwindYaw(VR180TouchParams& p) {
-    if (std::abs(p.mYAngleTarget) <= kMostYaw) return;
-    p.mYAngleTarget = std::fmod(p.mYAngleTarget, 360.0);
-    p.mYAngle = std::fmod(p.mYAngle, 360.0);
+    if (std::abs(p.mYAngleTarget) <= kMostTurn) return;
+    p.mYAngleTarget.change(withoutTurns);
+    p.mYAngle.change(withoutTurns);
 }
 
 void update(TouchController& controller) {
@@ -249,12 +217,12 @@ void update(TouchController& controller) {
     {
         const LockSection section(controller.lock);
         unwindYaw(p);
-        easeView(p);
+        easeView(p, kZoomStep);
         stepInto(p.mXAngleBounce, p.mXAngle);
         stepInto(p.mYAngleBounce, p.mYAngle);
         if (p.mCruising) cruise(p);
     }
-    controller.owner->pushRotateZoom(controller, p.mXAngle, p.mYAngle, p.mZAngle, p.mZoom);
+    EasedView_Push(controller);
 }
 
 void startAutoCruise(TouchController& controller, double speed) {
@@ -282,12 +250,13 @@ void setDrawMode(TouchController& controller, int mode) {
     params(controller).mDrawMode = mode;
 }
 
-/// A shape's draw mode and zoom, and the targets of those screens that it turns aside.
+/// The draw mode and the zoom that a shape starts with.
 struct ShapeView {
     int shape, drawMode;
     double zoom;
 };
 
+/// Where one screen of a layout looks; degrees and factor.
 struct ScreenView {
     int shape, screen;
     double xAngle, yAngle, zoom;
@@ -320,7 +289,7 @@ void setShape(TouchController& controller, int shape) {
     const auto hasShape = [=](const ShapeView& view) { return view.shape == shape; };
     const auto* view = std::find_if(std::begin(kShapeViews), std::end(kShapeViews), hasShape);
     if (view == std::end(kShapeViews)) return;
-    // The cylinder may have been turned round several times.
+    // The cylinder may have several turns, which must not unwind on a flat picture.
     const bool isUnrolled =
         p.mDrawMode == kCylinder && (view->drawMode == kDisc || view->drawMode == kStretch);
     p.mDrawMode = view->drawMode;
@@ -334,9 +303,9 @@ void setShape(TouchController& controller, int shape) {
     }
 }
 
-// Targets in the picture and views from outside
+// Targets in the picture and views from the host
 
-/// A limit's share of a distance from the middle of the picture; none in a picture without size.
+/// A limit in proportion to a distance from the centre of the picture; 0 in a picture without size.
 double shareOf(double limit, double distance, double half) {
     return half != 0.0 ? limit * distance / half : 0.0;
 }
@@ -359,15 +328,14 @@ void displayRect(TouchController& controller, int left, int top, int right, int 
     displayTarget(controller, middleOf(left, right), middleOf(top, bottom), width, height);
 }
 
-/// What is read also moves one step on; without the lock.
+/// Reading moves the value by one step; without the lock.
 void getPTZFor180VR(TouchController& controller, double* xAngle, double* yAngle, double* third,
                     double* zoom) {
     VR180TouchParams& p = params(controller);
-    const bool gliding = p.mGliding != 0;
-    if (xAngle) *xAngle = p.mXAngle = easeStep(p.mXAngle, p.mXAngleTarget, gliding);
-    if (yAngle) *yAngle = p.mYAngle = easeStep(p.mYAngle, p.mYAngleTarget, gliding);
-    if (third) *third = 3.0;
-    if (zoom) *zoom = p.mZoom = easeZoom(p.mZoom, p.mZoomTarget);
+    if (xAngle) *xAngle = easeAngle(p, p.mXAngle, p.mXAngleTarget);
+    if (yAngle) *yAngle = easeAngle(p, p.mYAngle, p.mYAngleTarget);
+    if (third) *third = kThirdValue;
+    if (zoom) *zoom = easeZoomOf(p, kZoomStep);
 }
 
 void setPTZFor180VR(TouchController& controller, double xAngle, double yAngle, double zAngle, double zoom) {
@@ -378,7 +346,7 @@ void setPTZFor180VR(TouchController& controller, double xAngle, double yAngle, d
 
 constexpr TouchControllerOperations kOperations = {
     .onTouchDown = onTouchDown,
-    .onTouchUp = onTouchUp,
+    .onTouchUp = EasedView_OnTouchUp,
     .onTouchMove = onTouchMove,
     .onTouchPinch = TouchController_Ignore,
     .onTouchPinchScale = onTouchPinchScale,

@@ -8,6 +8,7 @@
 #include "base/Angles.h"
 #include "base/Diagnostics.h"
 #include "base/Numbers.h"
+#include "touch/Gestures.h"
 #include "touch/PictureTarget.h"
 #include "touch/TouchLimits360VR.h"
 #include "touch/TouchMotion360VR.h"
@@ -17,26 +18,32 @@ namespace fovix {
 
 namespace {
 
-constexpr double kReferenceWidth =
-    1024.0;  ///< pixels; on such a surface 360 of them turn by the field of view
-constexpr int kTargetFrames = 1000, kLongestFling = 2000;
-constexpr double kCruiseFactor = 0.2;                       ///< degrees per frame at speed 1
-constexpr float kSensorFactor = 5.0f;                       ///< degrees per unit of the accelerometer
-constexpr double kOrientationFactor = 1.2;                  ///< degrees of the view per degree of the device
-constexpr double kSmallestTurn = 0.6, kLargestTurn = 20.0;  ///< degrees between two orientation events
+/// Pixels: on a surface of this width, a drag of kTurnPixels turns by the field of view.
+constexpr double kReferenceWidth = 1024.0, kTurnPixels = 360.0;
+
+/// A fling of kFlingSpeed pixels per second runs out over kFlingFrames; others in proportion, up to the
+/// longest.
+constexpr double kFlingSpeed = 3000.0, kFlingFrames = 1000.0;
+constexpr int kLongestFling = 2000;
+constexpr double kFlingSpin =
+    3.0;  ///< spin that a fling of kFlingFrames leaves, in multiples of its last step
+constexpr double kFlingPart = 100.0;  ///< part of its speed that a fling moves by in the first frame
+
+constexpr int kTargetFrames = 1000;         ///< frame count of the glide to a target
+constexpr float kSensorFactor = 5.0f;       ///< degrees per unit of the accelerometer
+constexpr double kOrientationFactor = 1.2;  ///< degrees of the view per degree of the device
 constexpr int kLastShape = FOVIX_SHAPE_LARGE_AND_TWO;
 
 bool isSingleOnCeiling(const VR360TouchParams& p) {
     return isOnCeiling(p) && p.mShape == FOVIX_SHAPE_SINGLE;
 }
 
-/// The bowl of a wall camera lies on its side: its two axes are exchanged.
+/// The bowl of a wall camera lies on its side, which exchanges its axes.
 bool isWallBowl(const VR360TouchParams& p) {
     return p.mMount == FOVIX_MOUNT_WALL && p.mShape == FOVIX_SHAPE_BOWL;
 }
 
-/// A view that somebody else aims. An aim beyond all numbers, from a touch far off the surface, moves
-/// nothing.
+/// Sets the view directly; non-finite values, from touches far off the surface, are ignored.
 void setPTZ(TouchController& controller, double pan, double tilt, double zoom, double roll) {
     if (!allFinite(pan, tilt, zoom, roll)) return;
     VR360TouchParams& p = paramsOf360(controller);
@@ -52,10 +59,10 @@ void setPTZ(TouchController& controller, double pan, double tilt, double zoom, d
 
 double degreesPerPixel(const TouchController& controller, double zoom) {
     const int width = controller.owner->surfaceSize().width;
-    return kReferenceWidth / (width > 0 ? width : kReferenceWidth) * (zoom / 360.0);
+    return kReferenceWidth / (width > 0 ? width : kReferenceWidth) * (zoom / kTurnPixels);
 }
 
-/// Under a ceiling, and on a wall's two strips and overview, a drag to the right turns to the left.
+/// Under a ceiling, and on a wall camera's two strips and overview, a drag to the right turns to the left.
 double dragDirection(int mount, int shape) {
     const bool isReversed = mount == FOVIX_MOUNT_CEILING ||
                             (mount == FOVIX_MOUNT_WALL &&
@@ -103,15 +110,15 @@ void onTouchFling(TouchController& controller, float velocityX, float velocityY)
     if (isTransitionRunning(controller) || p.mZoomGesture || isWallBowl(p)) return;
     const LockSection section(controller.lock);
     const float fastest = std::max(std::abs(velocityX), std::abs(velocityY));
-    const int reach = truncateToInt(fastest * 1000.0 / 3000.0);
+    const int reach = truncateToInt(fastest * kFlingFrames / kFlingSpeed);
     const int frames = std::min(reach, kLongestFling);
-    p.mFlingFactor = std::max(reach * 3.0 / 1000.0, 1.0);
+    p.mFlingFactor = std::max(reach * kFlingSpin / kFlingFrames, 1.0);
     const double perPixel = degreesPerPixel(controller, p.mZoom);
-    p.mTiltVelocity = std::make_unique<GlideAnimator>(velocityY / 100.0 * perPixel, 0.0, frames);
-    p.mPanVelocity = std::make_unique<GlideAnimator>(-velocityX / 100.0 * perPixel, 0.0, frames);
+    p.mTiltVelocity = std::make_unique<GlideAnimator>(velocityY / kFlingPart * perPixel, 0.0, frames);
+    p.mPanVelocity = std::make_unique<GlideAnimator>(-velocityX / kFlingPart * perPixel, 0.0, frames);
 }
 
-/// Whether a gesture on this screen ends by settling: at the rim of the picture or in the close view.
+/// True if the end of a gesture moves the view of this screen to the rim of the picture or to the close view.
 bool settles(const VR360TouchParams& p, int screen) {
     if (p.mMount == FOVIX_MOUNT_WALL) return p.mShape == FOVIX_SHAPE_OVERVIEW_FIVE;
     if (!isOnCeiling(p)) return false;
@@ -129,16 +136,16 @@ void autoAdjust(TouchController& controller) {
 
 // Sensors
 
-/// A reading beyond all numbers turns nothing.
+/// Ignores non-finite readings.
 void turnBy(Cell<double>& angle, double degrees) {
-    if (std::isfinite(degrees)) angle = angle + degrees;
+    if (std::isfinite(degrees)) angle.add(degrees);
 }
 
 void settleAfterSensor(TouchController& controller) {
     VR360TouchParams& p = paramsOf360(controller);
     if (!isSingleOnCeiling(p)) return;
     if (wantsCloseView(p)) return zoomInTransition(controller);
-    p.mTilt = std::min(p.mTilt.get(), maxTilt(p));
+    p.mTilt.change([most = maxTilt(p)](double tilt) { return std::min(tilt, most); });
 }
 
 void onAccelerometer(TouchController& controller, float x, float y) {
@@ -148,17 +155,13 @@ void onAccelerometer(TouchController& controller, float x, float y) {
     settleAfterSensor(controller);
 }
 
-/// Follows the turn of the device since the last event; small steps are noise, large ones a change of its
-/// frame.
+/// Turns by the turn of the device.
 void onOrientation(TouchController& controller, float a, float b, float c) {
     VR360TouchParams& p = paramsOf360(controller);
-    const float da = a - p.mLastOrientationA, db = b - p.mLastOrientationB, dc = c - p.mLastOrientationC;
-    p.mLastOrientationA = a;
-    p.mLastOrientationB = b;
-    p.mLastOrientationC = c;
-    if (std::max({std::abs(da), std::abs(db), std::abs(dc)}) > kLargestTurn) return;
-    if (std::abs(dc) > kSmallestTurn) turnBy(p.mPan, dc * kOrientationFactor);
-    if (std::abs(da) > kSmallestTurn) turnBy(p.mTilt, da * kOrientationFactor);
+    const auto turn = turnOfDevice(p, a, b, c);
+    if (!turn) return;
+    if (turn->pan != 0.0f) turnBy(p.mPan, turn->pan * kOrientationFactor);
+    if (turn->tilt != 0.0f) turnBy(p.mTilt, turn->tilt * kOrientationFactor);
     settleAfterSensor(controller);
 }
 
@@ -209,7 +212,7 @@ double length(double x, double y) {
 }
 
 /// Pans and tilts towards a point of the picture: its angle in degrees, counterclockwise from the right, its
-/// distance from the middle and that of the corner. The pan does not take the shorter way round.
+/// distance from the centre and that of the corner. The pan does not take the shorter way.
 void glideTo(TouchController& controller, double angle, double distance, double halfDiagonal) {
     VR360TouchParams& p = paramsOf360(controller);
     const LockSection section(controller.lock);
@@ -222,8 +225,8 @@ void glideTo(TouchController& controller, double angle, double distance, double 
     const double toPan = (truncateToInt(needRotate) % 360 + 180) % 360;
     printLine("fromPan : %f - > %f", fromPan, toPan);
     p.mPanGlide = std::make_unique<GlideAnimator>(fromPan, toPan, kTargetFrames);
-    const double toTilt =
-        halfDiagonal > 0.0 ? maxTilt(p) * distance / halfDiagonal : 0.0;  // 0: a picture without size
+    const bool hasSize = halfDiagonal > 0.0;
+    const double toTilt = hasSize ? maxTilt(p) * distance / halfDiagonal : 0.0;
     p.mTiltGlide = std::make_unique<GlideAnimator>(p.mTilt, toTilt, kTargetFrames);
     printLine("fromTilt : %f - > %f", p.mTilt.get(), toTilt);
 }
@@ -231,7 +234,7 @@ void glideTo(TouchController& controller, double angle, double distance, double 
 void displayTarget(TouchController& controller, int targetX, int targetY, int width, int height) {
     const VR360TouchParams& p = paramsOf360(controller);
     const PictureTarget target = locateTarget(targetX, targetY, width, height);
-    // 0 - dy, not -dy: straight left and right have one angle each, not two.
+    // 0 - dy, not -dy: straight left is always 180 degrees, never -180.
     const double angle = toDegrees(std::atan2(0.0 - target.dy, target.dx));
     const double distance = length(target.dx, target.dy), halfDiagonal = length(target.cx, target.cy);
     printLine("pan : %f, tilt : %f -> angle : %f, distance = %f\n", p.mPan.get(), p.mTilt.get(), angle,
@@ -244,7 +247,7 @@ void displayRect(TouchController& controller, int left, int top, int right, int 
     displayTarget(controller, middleOf(left, right), middleOf(top, bottom), width, height);
 }
 
-/// One frame. The view is limited and handed on without the lock.
+/// The view is limited and pushed without the lock.
 void update(TouchController& controller) {
     VR360TouchParams& p = paramsOf360(controller);
     const double roll = p.mRoll, ptzFifth = p.mPtzFifth;

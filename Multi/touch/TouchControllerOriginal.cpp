@@ -2,14 +2,20 @@
 
 #include <utility>
 
+#include "base/Easing.h"
+
 namespace fovix {
 
 namespace {
 
-constexpr FlatTouchKind kKind = {
-    .pitchGrowth = 4.0, .pitchLimit = 60.0, .yawGrowth = 7.0, .yawLimit = 70.0, .zoomStep = kZoomStep};
+constexpr FlatTouchKind kKind = {.pitchGrowth = 4.0,
+                                 .pitchLimit = 60.0,
+                                 .yawGrowth = 7.0,
+                                 .yawLimit = 70.0,
+                                 .zoomStep = kZoomStep,
+                                 .zoomMax = 20.0};
 
-/// Waits for a step that is being taken, so that the gesture starts from its result.
+/// Waits for a running update to finish.
 void onTouchDown(TouchController& controller, float x, float y) {
     { const LockSection section(controller.lock); }
     FlatTouch_OnTouchDown(controller, x, y);
@@ -18,21 +24,21 @@ void onTouchDown(TouchController& controller, float x, float y) {
 void update(TouchController& controller) {
     {
         const LockSection section(controller.lock);
-        easeView(paramsOf<OriginalTouchParams>(controller));
+        easeFlatView(paramsOf<OriginalTouchParams>(controller));
     }
-    FlatTouch_PushView(controller);
+    EasedView_Push(controller);
 }
 
 void autoAdjust(TouchController& controller) {
     OriginalTouchParams& p = paramsOf<OriginalTouchParams>(controller);
-    if (p.mZoomTarget > kSnapZoom) return;
+    if (p.mZoomTarget > kFlatSnapZoom) return;
     p.mZoomTarget = 1.0;
     clearTargets(p);
 }
 
 constexpr TouchControllerOperations kOperations = {
     .onTouchDown = onTouchDown,
-    .onTouchUp = FlatTouch_OnTouchUp,
+    .onTouchUp = EasedView_OnTouchUp,
     .onTouchMove = FlatTouch_OnTouchMove,
     .onTouchPinch = FlatTouch_OnTouchPinch,
     .onTouchPinchScale = FlatTouch_OnTouchPinchScale,
@@ -47,7 +53,7 @@ static_assert(hasTouchOperations(kOperations));
 
 }  // namespace
 
-OriginalTouchParams::OriginalTouchParams() : FlatTouchParams(kKind, 20.0) {}
+OriginalTouchParams::OriginalTouchParams() : FlatTouchParams(kKind) {}
 
 ControllerPtr TouchControllerOriginal_Create(OwnerPtr owner, int screenIndex) {
     return TouchController_Create(kOperations, std::make_unique<OriginalTouchParams>(), std::move(owner),

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <functional>
 #include <limits>
 #include <utility>
 
-#include "base/AnimatorStep.h"
 #include "base/Diagnostics.h"
 #include "base/Numbers.h"
 #include "model/FovixModelSinglePIP.h"
@@ -17,36 +17,49 @@ namespace fovix {
 
 namespace {
 
-constexpr double kOffsetAtOne = 0.715f;                ///< horizontal limit at zoom 1
-constexpr double kOffsetGrowth = 0.16500002145767212;  ///< and what it gains up to zoom 5
-constexpr double kOffsetYGrowth = 0.15f;
-constexpr double kLargestZoom = 5.0;
-constexpr int kGlideFrames = 500;
-constexpr double kCruisePerSpeed = 0.2;
+constexpr int kViewGlideFrames = 500;
 
-/// A view that a host sets is kept within this, so that no product with a surface size or a drag overflows.
+/// Limits of the offsets, model units.
+constexpr double kOffsetAtOne = 0.715f, kOffsetGrowth = 0.16500002145767212;
+constexpr ZoomCurve kLimitX = {0.0, kOffsetAtOne, kOffsetAtOne + kOffsetGrowth, kInsetLargestZoom};
+constexpr ZoomCurve kLimitY = {0.0, 0.0, 0.15f, kInsetLargestZoom};
+
+/// Share of the range that a drag over the whole surface moves. The vertical range is small: there drags
+/// count three times.
+constexpr ZoomCurve kDragSpeed = {1.0, 0.5, 0.2, kInsetLargestZoom};
+constexpr double kVerticalSpeed = 3.0;
+
+/// The touchable inset reaches from these parts of a square surface, in quarters, to its right and lower
+/// edge.
+constexpr int kInsetLeft = 1, kInsetTop = 3, kQuarters = 4;
+
+/// The part of the surface's width between which a touch in the inset reaches from one end of the range to
+/// the other.
+constexpr float kInsetStart = 0.45f, kInsetEnd = 0.85f;
+
+/// Views that a host sets are clamped to this, so that products with a surface size or a drag stay finite.
 constexpr double kHostLimit = 1e30;
 
 SinglePIPTouchParams& params(TouchController& controller) {
     return paramsOf<SinglePIPTouchParams>(controller);
 }
 
+/// A limit may be negative, at zooms that only a host can set.
 double within(double value, double limit) {
-    const double bound = std::abs(limit);
-    return std::clamp(value, -bound, bound);
+    return clampTo(value, std::abs(limit));
 }
 
-/// Offset as a share of its range; an empty range has its middle only.
+/// An offset as a share of its range, twice its limit, halved. An empty range has only its middle.
 double relativeOffset(double offset, double limit) {
     return limit == 0.0 ? 0.0 : offset / (2.0 * limit) * 0.5;
 }
 
-/// Place within a size as a share of it; the middle of what has no size.
+/// A position as a share of a size; the middle if there is no size.
 double shareOf(double place, double size) {
     return size > 0.0 ? place / size : 0.5;
 }
 
-/// The horizontal range on a surface of this shape; one without width counts as square.
+/// The horizontal limit in the proportions of a surface; one without width counts as square.
 double limitOnSurface(double limit, int height, int width) {
     return width > 0 ? limit * height / width : limit;
 }
@@ -57,12 +70,12 @@ void pushView(TouchController& controller) {
 }
 
 std::unique_ptr<GlideAnimator> startGlide(double from, double to) {
-    auto animator = std::make_unique<GlideAnimator>(from, to, kGlideFrames);
+    auto animator = std::make_unique<GlideAnimator>(from, to, kViewGlideFrames);
     animator->step();
     return animator;
 }
 
-/// Centres the view on a point of a frame of across × down pixels.
+/// Centres the view on a point of an area of across × down pixels.
 void locateView(TouchController& controller, float x, float y, int across, int down, bool animate) {
     SinglePIPTouchParams& p = params(controller);
     {
@@ -83,7 +96,7 @@ void locateView(TouchController& controller, float x, float y, int across, int d
     pushView(controller);
 }
 
-/// Aims the main view at the place that a touch in the inset shows. Only the horizontal place follows the
+/// Aims the main view at the point that a touch in the inset shows. Only the horizontal position follows the
 /// finger.
 void pipTouch(TouchController& controller, float x, int surfaceWidth, bool animate) {
     SinglePIPTouchParams& p = params(controller);
@@ -93,7 +106,8 @@ void pipTouch(TouchController& controller, float x, int surfaceWidth, bool anima
 }
 
 bool isInInset(const SinglePIPTouchParams& p, float x, float y, const SurfaceSize& surface) {
-    const int top = static_cast<int>(std::int64_t{3} * surface.height / 4), left = surface.width / 4;
+    const int top = static_cast<int>(std::int64_t{kInsetTop} * surface.height / kQuarters);
+    const int left = kInsetLeft * surface.width / kQuarters;
     return p.mDrawMode != 0 && surface.width == surface.height && y >= static_cast<float>(top) &&
            x >= static_cast<float>(left);
 }
@@ -120,21 +134,29 @@ void onTouchUp(TouchController& controller, float x, float y) {
     p.mPinchStartDistance = 0.0;
 }
 
-/// Moves the main view by the larger part of a drag; a surface without pixels measures no drag.
+double limitOffset(Cell<double>& offset, double limit) {
+    return offset.change([=](double value) { return within(value, limit); });
+}
+
+double moveOffset(Cell<double>& offset, double moved, double limit) {
+    return offset.change([=](double value) { return within(value - moved, limit); });
+}
+
+/// Moves the main view by the larger component of a drag; a surface without pixels ignores drags.
 void dragMainView(SinglePIPTouchParams& p, double dx, double dy, const SurfaceSize& surface) {
     const double zoom = p.mZoom, speed = dragSpeed(zoom);
     if (std::abs(dx) > std::abs(dy)) {
         const double limit = limitOnSurface(offsetLimitX(zoom), surface.height, surface.width);
         const int shorter = std::min(surface.width, surface.height);
         const double moved = shorter > 0 ? dx * speed / shorter * (2.0 * limit) : 0.0;
-        p.mOffsetX = within(p.mOffsetX - moved, limit);
-        p.mCurOffsetX = p.mOffsetX;
-        p.mRelativeX = relativeOffset(p.mOffsetX, limit);
+        const double offset = moveOffset(p.mOffsetX, moved, limit);
+        p.mCurOffsetX = offset;
+        p.mRelativeX = relativeOffset(offset, limit);
     } else {
         const double limit = offsetLimitY(zoom);
-        const double moved = surface.height > 0 ? dy * speed / surface.height * (2.0 * limit) * 3.0 : 0.0;
-        p.mOffsetY = within(p.mOffsetY - moved, limit);
-        p.mRelativeY = relativeOffset(p.mOffsetY, limit);
+        const double moved =
+            surface.height > 0 ? dy * speed / surface.height * (2.0 * limit) * kVerticalSpeed : 0.0;
+        p.mRelativeY = relativeOffset(moveOffset(p.mOffsetY, moved, limit), limit);
     }
 }
 
@@ -157,10 +179,10 @@ void onTouchMove(TouchController& controller, float x, float y) {
     }
 }
 
-/// Zoom of a pinch. Fingers that began on one point have not moved apart or are infinitely farther apart.
+/// Zoom of a pinch. From a common start point any distance is infinitely larger.
 double pinchZoom(double distance, double startZoom, double startDistance) {
     if (startDistance > 0.0) return distance * startZoom / startDistance;
-    return distance > 0.0 ? kLargestZoom : startZoom;
+    return distance > 0.0 ? kInsetLargestZoom : startZoom;
 }
 
 void onTouchPinch(TouchController& controller, float x1, float y1, float x2, float y2) {
@@ -174,20 +196,19 @@ void onTouchPinch(TouchController& controller, float x1, float y1, float x2, flo
     }
     controller.owner->surfaceSize();  // prints a released owner's line; the pinch goes on
     const double zoom = pinchZoom(distance, p.mPinchStartZoom, p.mPinchStartDistance);
-    p.mZoom = std::clamp(zoom, kSmallestZoom, kLargestZoom);
+    p.mZoom = std::clamp(zoom, kSmallestZoom, kInsetLargestZoom);
     const double limitX = offsetLimitX(p.mZoom), limitY = offsetLimitY(p.mZoom);
-    p.mCurOffsetX = within(p.mCurOffsetX, limitX);
-    p.mOffsetX = p.mCurOffsetX;
-    p.mRelativeX = relativeOffset(p.mOffsetX, limitX);
-    p.mOffsetY = within(p.mOffsetY, limitY);
-    p.mRelativeY = relativeOffset(p.mOffsetY, limitY);
+    const double offset = limitOffset(p.mCurOffsetX, limitX);
+    p.mOffsetX = offset;
+    p.mRelativeX = relativeOffset(offset, limitX);
+    p.mRelativeY = relativeOffset(limitOffset(p.mOffsetY, limitY), limitY);
     pushView(controller);
 }
 
-/// One step of a cruise from an offset; turns round at the ends of the range.
+/// One step of a cruise from an offset; it turns back at the ends of the range.
 double cruiseOn(SinglePIPTouchParams& p, double offset) {
     const double moved = offset + p.mCruiseStep, reached = within(moved, offsetLimitX(p.mZoom));
-    if (reached != moved) p.mCruiseStep = -p.mCruiseStep;
+    if (reached != moved) p.mCruiseStep.change(std::negate<>());
     return reached;
 }
 
@@ -218,7 +239,7 @@ void startAutoCruise(TouchController& controller, double speed) {
     const LockSection section(controller.lock);
     p.mCruising = 1;
     p.mOffsetX = p.mCurOffsetX = 0.0;
-    p.mCruiseStep = speed * kCruisePerSpeed;
+    p.mCruiseStep = speed * kCruiseFactor;
 }
 
 void stopAutoCruise(TouchController& controller) {
@@ -227,7 +248,7 @@ void stopAutoCruise(TouchController& controller) {
     p.mCruiseStep = 0.0;
 }
 
-/// A place in a picture of so many pixels, on a surface; truncated toward zero.
+/// Scales a position from a picture to the surface; pixels, truncated toward zero.
 int onSurface(int surfaceSize, int place, int pictureSize) {
     return saturateToInt(std::int64_t{surfaceSize} * place / pictureSize);
 }
@@ -236,7 +257,7 @@ void displayRect(TouchController& controller, int left, int top, int right, int 
                  int height) {
     SinglePIPTouchParams& p = params(controller);
     const SurfaceSize surface = controller.owner->surfaceSize();
-    if (width == 0 || height == 0) return;  // no picture, no rectangle in it
+    if (width == 0 || height == 0) return;
     const int x1 = onSurface(surface.width, left, width), x2 = onSurface(surface.width, right, width);
     const int y1 = onSurface(surface.height, top, height), y2 = onSurface(surface.height, bottom, height);
     const int centreX = std::clamp(middleOf(x1, x2), 0, surface.width), centreY = middleOf(y1, y2);
@@ -294,34 +315,34 @@ static_assert(hasTouchOperations(kOperations));
 }  // namespace
 
 double offsetLimitX(double zoom) {
-    if (zoom == 1.0) return kOffsetAtOne;
-    if (zoom < 1.0) return (zoom - 0.25) * kOffsetAtOne / 0.75;
-    return kOffsetAtOne + (zoom - 1.0) * kOffsetGrowth * 0.25;
+    return kLimitX.at(zoom);
 }
 
 double offsetLimitY(double zoom) {
-    return zoom > 1.0 ? (zoom - 1.0) * kOffsetYGrowth * 0.25 : 0.0;
+    return kLimitY.at(zoom);
 }
 
 double dragSpeed(double zoom) {
-    if (zoom == 1.0) return 0.5;
-    if (zoom < 1.0) return 1.0 - (zoom - 0.25) * 0.5 / 0.75;
-    return 0.5 - (zoom - 1.0) * 0.3 * 0.25;
+    return kDragSpeed.at(zoom);
 }
 
 float insetToSurface(float x, int surfaceWidth) {
     if (surfaceWidth <= 0) return 0.0f;
     const auto across = static_cast<float>(surfaceWidth);
-    const float left = across * 0.45f;
+    const float left = across * kInsetStart;
     if (x < left) return 0.0f;
-    return std::min((x - left) * across / (across * 0.85f - left), across);
+    return std::min((x - left) * across / (across * kInsetEnd - left), across);
 }
 
 double zoomForRect(double rectHeight, double surfaceHeight) {
+    constexpr double kHalfZoom = 3.0;  // for half of the surface
     const double quarter = surfaceHeight * 0.25, half = surfaceHeight * 0.5, most = surfaceHeight * 4.0 / 5.0;
-    if (rectHeight < quarter) return 5.0;
-    if (rectHeight < half) return 5.0 - (rectHeight - quarter) * 2.0 / (half - quarter);
-    if (rectHeight < most) return 3.0 - (rectHeight - half) * 2.0 / (most - half);
+    const auto between = [=](double from, double fromZoom, double to, double toZoom) {
+        return fromZoom - (rectHeight - from) * (fromZoom - toZoom) / (to - from);
+    };
+    if (rectHeight < quarter) return kInsetLargestZoom;
+    if (rectHeight < half) return between(quarter, kInsetLargestZoom, half, kHalfZoom);
+    if (rectHeight < most) return between(half, kHalfZoom, most, 1.0);
     return 1.0;
 }
 

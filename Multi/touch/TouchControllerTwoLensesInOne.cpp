@@ -7,8 +7,15 @@ namespace fovix {
 
 namespace {
 
-constexpr FlatTouchKind kKind = {
-    .pitchGrowth = 5.0, .pitchLimit = 75.0, .yawGrowth = 12.0, .yawLimit = 120.0, .zoomStep = 0.18};
+constexpr FlatTouchKind kKind = {.pitchGrowth = 5.0,
+                                 .pitchLimit = 75.0,
+                                 .yawGrowth = 12.0,
+                                 .yawLimit = 120.0,
+                                 .zoomStep = 0.18,
+                                 .zoomMax = 10.0};
+
+/// Zooming in changes the lens this early, so that the pan has settled when the other picture appears.
+constexpr double kZoomAhead = 0.5;
 
 TwoLensesTouchParams& params(TouchController& controller) {
     return paramsOf<TwoLensesTouchParams>(controller);
@@ -32,7 +39,7 @@ void recentreForHost(TouchController& controller, int) {
 }
 
 void autoAdjust(TouchController& controller) {
-    if (params(controller).mZoomTarget <= kSnapZoom) recentre(controller);
+    if (params(controller).mZoomTarget <= kFlatSnapZoom) recentre(controller);
 }
 
 void setLogicZoom(TouchController& controller, double min, double max, double div, double zoom) {
@@ -47,16 +54,16 @@ void update(TouchController& controller) {
     {
         TwoLensesTouchParams& p = params(controller);
         const LockSection section(controller.lock);
-        easeView(p);
+        easeFlatView(p);
         if (crossesLensThreshold(p.mPrevZoom, p.mZoom, p.mZoomDiv)) centrePan(p);
         p.mPrevZoom = p.mZoom;
     }
-    FlatTouch_PushView(controller);
+    EasedView_Push(controller);
 }
 
 constexpr TouchControllerOperations kOperations = {
     .onTouchDown = FlatTouch_OnTouchDown,
-    .onTouchUp = FlatTouch_OnTouchUp,
+    .onTouchUp = EasedView_OnTouchUp,
     .onTouchMove = FlatTouch_OnTouchMove,
     .onTouchPinch = FlatTouch_OnTouchPinch,
     .onTouchPinchScale = FlatTouch_OnTouchPinchScale,
@@ -75,11 +82,11 @@ static_assert(hasTouchOperations(kOperations));
 
 }  // namespace
 
-TwoLensesTouchParams::TwoLensesTouchParams() : FlatTouchParams(kKind, 10.0) {}
+TwoLensesTouchParams::TwoLensesTouchParams() : FlatTouchParams(kKind) {}
 
 bool crossesLensThreshold(double previousZoom, double zoom, double zoomDiv) {
     const bool zoomsOut = previousZoom > zoomDiv && zoomDiv >= zoom;
-    const bool zoomsIn = previousZoom <= zoomDiv - 0.5 && zoomDiv - 0.5 < zoom;
+    const bool zoomsIn = previousZoom <= zoomDiv - kZoomAhead && zoomDiv - kZoomAhead < zoom;
     return zoomsOut || zoomsIn;
 }
 

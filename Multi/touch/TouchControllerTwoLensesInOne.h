@@ -1,5 +1,4 @@
-// Touch for two lenses in one picture: zooming in far enough changes to the other lens, and the pan starts
-// over.
+// Touch for two lenses in one picture: zooming in far enough changes to the other lens and recentres the pan.
 #pragma once
 
 #include "touch/FlatTouch.h"
@@ -9,13 +8,12 @@ namespace fovix {
 struct TwoLensesTouchParams : FlatTouchParams {
     TwoLensesTouchParams();
 
-    Cell<double> mPrevZoom = 1.0;  ///< mZoom of the last frame
+    Cell<double> mPrevZoom = 1.0;  ///< mZoom of the previous frame
     Cell<double> mZoomDiv = 3.0;   ///< zoom at which the model changes from one lens to the other
-    Cell<double> mZoomMin = 1.0;   ///< kept for the host, no gesture asks for it
+    Cell<double> mZoomMin = 1.0;   ///< kept for the host; gestures ignore it
 };
 
-/// Whether the model changes the lens on the way from one frame's zoom to the next one's. Zooming in does it
-/// half a unit early, so that the pan has settled when the other picture comes.
+/// True if the model changes the lens between the zooms of two frames.
 bool crossesLensThreshold(double previousZoom, double zoom, double zoomDiv);
 
 ControllerPtr TouchControllerTwoLensesInOne_Create(OwnerPtr owner, int screenIndex);

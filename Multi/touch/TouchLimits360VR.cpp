@@ -4,12 +4,11 @@
 #include <cmath>
 
 #include "Fovix.h"
+#include "touch/Gestures.h"
 
 namespace fovix {
 
 namespace {
-
-constexpr double kMostPan = 1e9;
 
 /// Strips that a finger only scrolls.
 bool onlyScrolls(int mount, int shape) {
@@ -37,7 +36,7 @@ std::optional<View360VR> touchScreenView(int shape, int screen) {
 
 View360VR touchLimitedView(const View360VR& view, int mount, int shape) {
     View360VR limited = limitedView(view, mount, shape);
-    if (std::abs(limited.mPan) > kMostPan) limited.mPan = std::fmod(limited.mPan, 360.0);
+    if (std::abs(limited.mPan) > kMostTurn) limited.mPan = withoutTurns(limited.mPan);
     limited.mRoll = view.mRoll;
     if (onlyScrolls(mount, shape)) {
         limited.mTilt = 0.0;

@@ -1,7 +1,7 @@
-// Where the 360-degree views that a user steers begin and how far gestures take them.
+// Start views and limits of the 360-degree views that a user steers.
 //
-// Pure functions on top of the model's own limits. They are narrower in a few places: the strips, for
-// example, only scroll sideways under a finger.
+// Pure functions on top of the model's own limits, which are wider in a few places: under a finger the
+// strips, for example, only scroll sideways.
 #pragma once
 
 #include <optional>
@@ -21,11 +21,10 @@ View360VR touchStartView(const View360VR& before, int mount, int shape);
 /// strips.
 std::optional<View360VR> touchScreenView(int shape, int screen);
 
-/// The nearest view within the limits; the roll is free. A pan of more than a billion degrees loses its whole
-/// turns, because another degree would not change it any more.
+/// The nearest view within the limits; the roll is free. A pan beyond kMostTurn loses its whole turns.
 View360VR touchLimitedView(const View360VR& view, int mount, int shape);
 
-/// How far a zoom lets the view tilt once a gesture is over: to the rim of the picture.
+/// How far a view with this zoom may tilt once a gesture is over: to the rim of the picture.
 double touchMaxTilt(int mount, double zoom);
 
 }  // namespace fovix

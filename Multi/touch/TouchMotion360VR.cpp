@@ -1,15 +1,16 @@
 #include "touch/TouchMotion360VR.h"
 
 #include <cmath>
+#include <optional>
 
-#include "base/AnimatorStep.h"
 #include "touch/TouchLimits360VR.h"
 
 namespace fovix {
 
 namespace {
 
-constexpr int kTransitionFrames = 2000, kBounceFrames = 800;
+// Frame counts of the animators.
+constexpr int kTransitionFrames = 2000, kTiltBounceFrames = 800;
 
 void startTransition(TouchController& controller, double zoom, double tilt) {
     VR360TouchParams& p = paramsOf360(controller);
@@ -24,26 +25,17 @@ bool canSpin(const VR360TouchParams& p) {
     return isOnCeiling(p) && (p.mShape < FOVIX_SHAPE_STRIP || p.mShape > FOVIX_SHAPE_TWO_AND_STRIP);
 }
 
-/// A fling turns the pan by what is left of it or by the spin that it will leave, whichever is faster.
-void advanceFling(VR360TouchParams& p) {
-    p.mPanVelocity->step();
-    const double left = p.mPanVelocity->mCurrent;
-    const double spin = -(p.mPanVelocity->mSpeed * p.mFlingFactor);
-    if (p.mPanVelocity->mDone) {
-        p.mSpinVelocity = spin;
-        p.mPanVelocity = nullptr;
+/// Degrees that the pan turns by in this frame, if it turns by itself. A fling turns it by what is left of
+/// the fling or by the spin that it will leave, whichever is faster.
+std::optional<double> panStep(VR360TouchParams& p) {
+    if (const auto fling = stepOnce(p.mPanVelocity)) {
+        const double left = fling->mCurrent, spin = -(fling->mSpeed * p.mFlingFactor);
+        if (fling->mDone) p.mSpinVelocity = spin;
+        return std::abs(spin) > std::abs(left) ? spin : left;
     }
-    p.mPan = p.mPan + (std::abs(spin) > std::abs(left) ? spin : left);
-}
-
-void advancePan(VR360TouchParams& p) {
-    if (p.mPanVelocity) {
-        advanceFling(p);
-    } else if (p.mSpinVelocity != 0.0 && canSpin(p)) {
-        p.mPan = p.mPan + p.mSpinVelocity;
-    } else if (p.mCruising && isOnCeiling(p)) {
-        p.mPan = p.mPan + p.mCruiseStep;
-    }
+    if (p.mSpinVelocity != 0.0 && canSpin(p)) return p.mSpinVelocity.get();
+    if (p.mCruising && isOnCeiling(p)) return p.mCruiseStep.get();
+    return std::nullopt;
 }
 
 }  // namespace
@@ -79,7 +71,7 @@ void tiltBounceBack(TouchController& controller) {
     if (p.mTilt <= limit) return;
     const LockSection section(controller.lock);
     p.mTiltVelocity.reset();
-    p.mTiltBounce = std::make_unique<BounceAnimator>(p.mTilt, limit, kBounceFrames);
+    p.mTiltBounce = std::make_unique<BounceAnimator>(p.mTilt, limit, kTiltBounceFrames);
 }
 
 void advanceMotion(TouchController& controller) {
@@ -89,8 +81,8 @@ void advanceMotion(TouchController& controller) {
     if (!stepInto(p.mTiltGlide, p.mTilt)) stepInto(p.mTiltBounce, p.mTilt);
     if (stepInto(p.mZoomGlide, p.mZoom) && !p.mZoomGlide) p.mZooming = 0;
     double tiltStep = 0.0;
-    if (stepInto(p.mTiltVelocity, tiltStep)) p.mTilt = p.mTilt + tiltStep;
-    advancePan(p);
+    if (stepInto(p.mTiltVelocity, tiltStep)) p.mTilt.add(tiltStep);
+    if (const auto step = panStep(p)) p.mPan.add(*step);
 }
 
 }  // namespace fovix

@@ -6,6 +6,7 @@
 #include "Fovix.h"
 #include "base/Animators.h"
 #include "base/Cell.h"
+#include "touch/DeviceTurn.h"
 #include "touch/TouchController.h"
 #include "view/Views360VR.h"
 
@@ -14,7 +15,7 @@ namespace fovix {
 /// mTouchState: after a touch-down or touch-up, and after the first pinch sample.
 inline constexpr int kTouched = 1, kPinched = 2;
 
-struct VR360TouchParams : ControllerParams {
+struct VR360TouchParams : ControllerParams, DeviceOrientation {
     Cell<double> mPan = 90.0;  ///< degrees; hundredths of a radian for the strips
     Cell<double> mRoll = 0.0;  ///< degrees, turned by a twist of two fingers
     Cell<double> mTilt = 0.0;  ///< degrees
@@ -45,7 +46,6 @@ struct VR360TouchParams : ControllerParams {
     Cell<double> mFlingFactor = 1.0;                             ///< how much of a fling stays as spin
     Cell<int> mZooming = 0;  ///< a change between wide and close view is running
 
-    Cell<float> mLastOrientationA = 0.0f, mLastOrientationB = 0.0f, mLastOrientationC = 0.0f;  ///< degrees
     Cell<int> mCruising = 0;
     Cell<double> mCruiseStep = 0.0;  ///< degrees per frame
 };

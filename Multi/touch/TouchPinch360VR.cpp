@@ -12,21 +12,23 @@ namespace fovix {
 namespace {
 
 constexpr double kNearFingers = 250.0;  ///< pixels; fingers that start closer only zoom
-constexpr double kSpread = 1.2;         ///< ratio of finger distances from which on a pinch is meant
+constexpr double kSpread = 1.2;         ///< fingers that spread more than this zoom
+
+// A twist: the finger distance stays within this part of the first one while the line turns by more degrees.
+constexpr double kTwistSpread = 0.1;
+constexpr float kTwistAngle = 10.0f;
 
 // Under a ceiling: where a pinch changes to the wide or to the close view.
-constexpr double kFastClosing = 0.8;  ///< change of the distance from one sample to the next
-constexpr double kFastOpening = 1.2;
-constexpr double kTowardsWide = 70.0;  ///< degrees of field of view
-constexpr double kNearerThanClose = 15.0;
+constexpr double kFastClosing = 0.8,
+                 kFastOpening = 1.2;  ///< finger distance over that of the previous sample
+constexpr double kTowardsWide = 70.0, kNearerThanClose = 15.0;  ///< degrees of field of view
 
-/// How many times as far the fingers are apart. Fingers that met have no ratio: that sample counts as no
-/// movement.
+/// Finger distance over an earlier one; 1 if the fingers had met.
 double fingerRatio(double distance, double before) {
     return before > 0.0 ? distance / before : 1.0;
 }
 
-/// Field of view after a pinch; above 0 and no infinity for any ratio, until the next frame limits it.
+/// Field of view after a pinch; positive and finite for any ratio, until the next frame limits it.
 double pinchedZoom(double zoomAtDown, double ratio) {
     constexpr double kSmallest = 1e-6, kLargest = 1e6;
     return ratio > 0.0 ? std::clamp(zoomAtDown / ratio, kSmallest, kLargest) : kLargest;
@@ -48,8 +50,7 @@ void startSample(VR360TouchParams& p, float x2, float y2) {
     p.mTouchState = kPinched;
 }
 
-/// The first distance is what later ones are compared with; a pinch that began on one point waits for
-/// another.
+/// Later distances are compared with the first one above 0.
 void takeReference(VR360TouchParams& p, double distance) {
     if (p.mPinchReference > 0.0) return;
     p.mPinchReference = distance;
@@ -66,13 +67,13 @@ void followTwist(VR360TouchParams& p, float angle, double ratio) {
         p.mTwistStartAngle = angle;
     } else {
         p.mTwistAngle = angle;
-        const bool isSameDistance = ratio > 0.9 && ratio < 1.1;
-        if (isSameDistance && std::abs(angle - p.mTwistStartAngle) > 10.0f) p.mTwisting = 1;
+        const bool isSameDistance = ratio > 1.0 - kTwistSpread && ratio < 1.0 + kTwistSpread;
+        if (isSameDistance && std::abs(angle - p.mTwistStartAngle) > kTwistAngle) p.mTwisting = 1;
     }
 }
 
 /// The zoom follows the fingers; under a ceiling a pinch past a threshold glides to the wide or to the close
-/// view instead. step is the change of the fingers' distance since the sample before.
+/// view instead. step is the finger distance over that of the previous sample.
 void zoomTo(TouchController& controller, double zoom, double step) {
     VR360TouchParams& p = paramsOf360(controller);
     if (!isOnCeiling(p)) {
@@ -88,7 +89,7 @@ void zoomTo(TouchController& controller, double zoom, double step) {
     if (isOpening) tiltBounceBack(controller);
 }
 
-/// The overview of five screens keeps its zooms.
+/// The layout of an overview and five screens keeps its zooms.
 bool takesPinches(TouchController& controller) {
     return !isTransitionRunning(controller) && paramsOf360(controller).mShape != FOVIX_SHAPE_OVERVIEW_FIVE;
 }

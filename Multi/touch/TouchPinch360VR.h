@@ -5,11 +5,10 @@
 
 namespace fovix {
 
-/// Positions of the two fingers in surface pixels.
+/// Surface pixels.
 void TouchPinch360VR_OnTouchPinch(TouchController& controller, float x1, float y1, float x2, float y2);
 
-/// Finger distance over that at the start of the pinch. A scale that no fingers have, 0 or less, moves
-/// nothing.
+/// Finger distance over that at the start of the pinch; 0 and less is ignored.
 void TouchPinch360VR_OnTouchPinchScale(TouchController& controller, float scale);
 
 }  // namespace fovix
