@@ -9,8 +9,8 @@ namespace fovix {
 
 inline constexpr double kPi = std::numbers::pi;
 
-/// π ÷ 180 to ten digits for the matrices and to eight for the lens of the 360-degree meshes. Every picture
-/// depends on these digits: more of them would move vertices by a last bit and pixels with them.
+/// π ÷ 180 to ten digits for the matrices and to eight for the lens of the 360-degree meshes. Every rendered
+/// frame depends on these digits: more of them would move vertices by a last bit and pixels with them.
 inline constexpr double kMatrixRadiansPerDegree = 0.01745329252;
 inline constexpr double kLensRadiansPerDegree = 0.017453293;
 

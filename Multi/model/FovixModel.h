@@ -83,7 +83,7 @@ struct FovixModelOperations {
     int (*selectScreen)(FovixModel& model, int x, int y) = nullptr;
     /// The frame, cruises and touches on overviews: returns the selected screen.
     int (*getSelectedScreen)(FovixModel& model) = nullptr;
-    /// Fovix_SetLogicZoom: the zoom thresholds of two lenses in one picture.
+    /// Fovix_SetLogicZoom: the zoom thresholds of two lenses in one frame.
     void (*setLogicZoom)(FovixModel& model, double min, double max, double div, double zoom) = nullptr;
     /// Fovix_GetLogicZoom: returns the zoom.
     float (*getLogicZoom)(FovixModel& model) = nullptr;

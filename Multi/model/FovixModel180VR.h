@@ -27,7 +27,7 @@ struct VR180Params : ModelParams {
     MeshBlend mBlend;  ///< between the meshes of two modes
     SharedLock mLock;  ///< guards the blend
 
-    // The mesh handed out last; GL thread.
+    // The mesh fetched last; GL thread.
     std::array<VertexCachePtr, k180VRModes> mVertexCaches;  ///< by mode, built on first use
     double mMeshExtent = 0.0;
     double mLensOffsetX = 0.0, mLensOffsetY = 0.0;  ///< fractions of the camera's image

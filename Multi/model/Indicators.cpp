@@ -35,9 +35,9 @@ void drawDirection(const Canvas& canvas, FovixModel& model, int shape, int scree
 void drawSelectedScreen(const Canvas& canvas, FovixModel& model) {
     constexpr int kNone = -1;
     const int screen = model.getSelectedScreen(kNone), shape = model.getShape(kNone);
-    const auto frame = screenFrame(shape, screen);
-    if (!frame) return;
-    drawLoop(canvas, *frame, kRed);
+    const auto outline = screenOutline(shape, screen);
+    if (!outline) return;
+    drawLoop(canvas, *outline, kRed);
     drawDirection(canvas, model, shape, screen);
 }
 

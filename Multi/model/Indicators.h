@@ -1,4 +1,4 @@
-// Flat-colour frames and indicators over the finished picture: which screen is selected and where it looks.
+// Flat-colour outlines and indicators over the finished frame: which screen is selected and where it looks.
 //
 // GL thread, at the end of a frame, without the lock.
 #pragma once
@@ -14,7 +14,7 @@ struct Canvas {
     int backingWidth, backingHeight;  ///< size that the model works with, pixels
 };
 
-/// The frame of the panorama's selected screen, and in layouts with an overview where that screen looks.
+/// The outline of the panorama's selected screen, and in layouts with an overview where that screen looks.
 void drawSelectedScreen(const Canvas& canvas, FovixModel& model);
 
 /// The outline of the inset and in it the part that the main view shows; markerShift is the controller's

@@ -65,7 +65,7 @@ void placeOnOverview(float* vertex, double angle, double radius, float aspect) {
 
 }  // namespace
 
-std::optional<QuadLoop> screenFrame(int shape, int screen) {
+std::optional<QuadLoop> screenOutline(int shape, int screen) {
     for (const ScreenEdges& s : kScreens) {
         if (s.shape == shape && s.screen == screen)
             return quadOf(s.left + kMargin, s.right - kMargin, s.top - kMargin, s.bottom + kMargin);

@@ -27,7 +27,7 @@ inline constexpr QuadLoop kOverviewOutline = quadOf(-0.303f, 0.90300006f, kInset
 
 /// The outline of a screen of a multi-screen shape; nullopt for other shapes and for the large overview
 /// screen.
-std::optional<QuadLoop> screenFrame(int shape, int screen);
+std::optional<QuadLoop> screenOutline(int shape, int screen);
 
 /// Height divided by width of a surface in pixels; nullopt for an empty surface.
 std::optional<float> directionFanAspect(int backingWidth, int backingHeight);

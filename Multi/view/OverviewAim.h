@@ -3,7 +3,7 @@
 
 namespace fovix {
 
-/// Tilt of the views that look half-way from the middle of the overview to its edge, degrees.
+/// Tilt for the point half-way from the overview's middle to its edge, degrees.
 inline constexpr double kOverviewTilt = 60.0;
 
 struct AimedView {

@@ -196,7 +196,7 @@ EffectiveView effectiveView(const Scene360VR& scene, int screen, double extraPan
 }
 
 /// Above kInsideZoom zooming moves the eye towards the hemisphere, below it narrows the field of view.
-/// Returns the matching tilt: the nearer the eye, the smaller the turn that keeps the rim out of sight.
+/// Returns the tilt that keeps the rim out of sight from there.
 double zoomIntoHemisphere(EffectiveView& view) {
     // A tilt is raised by a lift, and its 90 degrees are scaled to a span. Both are linear in the zoom.
     constexpr double kLiftInside = 17.0, kLiftNearest = -13.0;
@@ -280,7 +280,7 @@ void turnMesh(Mat4& m, EffectiveView& view, Pose pose, int mount) {
         case Pose::kCylinderInside:
             return turnAboutAxis(m, -view.pan, -view.tilt, -kCylinderDistance);
         case Pose::kStrip:
-            return Mat4_Translate(m, view.pan / -100.0, 0.0, 0.0);
+            return Mat4_Translate(m, view.pan / -kPansPerRadian, 0.0, 0.0);
         case Pose::kWall:
             return turnOnWall(m, view, mount == FOVIX_MOUNT_WALL_INVERTED ? 180.0 : 0.0);
         case Pose::kWallRim:

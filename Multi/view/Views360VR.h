@@ -11,18 +11,22 @@
 namespace fovix {
 
 inline constexpr int kPanoramaScreens = 6;
-inline constexpr int kStripScreen =
-    2;  ///< the overview strip under the two screens of FOVIX_SHAPE_TWO_AND_STRIP
 
-/// One turn of an unrolled strip in hundredths of a radian: as it is drawn, and as whole pans are counted. A
-/// pan that wraps moves the picture by the difference, a third of a hundredth.
-inline constexpr double kStripTurn = 200.0 * kPi;
+/// The overview strip under the two screens of FOVIX_SHAPE_TWO_AND_STRIP.
+inline constexpr int kStripScreen = 2;
+
+/// The pan of an unrolled strip is in hundredths of a radian.
+inline constexpr double kPansPerRadian = 100.0;
+
+/// One turn of an unrolled strip in this unit: as it is drawn, and as whole pans are counted. A
+/// pan that wraps moves the view by the difference, a third of a hundredth.
+inline constexpr double kStripTurn = 2.0 * kPi * kPansPerRadian;
 inline constexpr int kWholeStripTurn = 628;
 
-/// Hundredths of a radian that a screen of this size (pixels, height above 0) shows of a strip. A wide screen
+/// How much a screen of this size (pixels, height above 0) shows of a strip, in the same unit. A wide screen
 /// shows two units of height, and width in its own proportions.
 constexpr double stripWidthSeen(int width, int height) {
-    return static_cast<double>(width) / height * 2.0 * 100.0;
+    return static_cast<double>(width) / height * 2.0 * kPansPerRadian;
 }
 
 /// Zooms of a view, degrees: the two ends, and where the eye has come inside the hemisphere. The screens of a
@@ -45,15 +49,14 @@ struct View360VR {
 View360VR limitedView(const View360VR& view, int mount, int shape);
 
 /// A screen's default view. Only the strip of a ceiling camera keeps the tilt of the previous view.
-View360VR defaultView(const View360VR& before, int mount, int shape);
+View360VR defaultView(const View360VR& previous, int mount, int shape);
 
 /// Everything that the matrix of a screen depends on.
 struct Scene360VR {
     int mount, shape;
     int width, height;  ///< surface in pixels, both above 0
     std::array<View360VR, kPanoramaScreens> views;
-    std::optional<View360VR>
-        blendView;  ///< replaces the screens' views while one shape is blended into another
+    std::optional<View360VR> blendView;  ///< replaces the screens' views during a blend of two shapes
 };
 
 /// Model-view-projection matrix of one screen (0..5). extraPan is added to its pan, in the pan's unit.

@@ -29,14 +29,14 @@ class Model180VR : public ModelTest<VR180Params, FovixModel180VR_Create> {
 TEST_F(Model180VR, ShapesChooseTheMesh) {
     const struct {
         int shape, mode;
-        bool morphs;
+        bool blends;
     } cases[] = {{5, 1, true},  {3, 2, false}, {10, 3, false}, {0, 0, true},
                  {3, 2, false}, {0, 0, false}, {5, 1, true}};
-    for (const auto& [shape, mode, morphs] : cases) {
+    for (const auto& [shape, mode, blends] : cases) {
         ops.setShape(*model, shape);
         EXPECT_EQ(params.mDrawMode, mode) << "shape " << shape;
         const bool isWhole = fetch() == params.mVertexCaches[static_cast<std::size_t>(mode)];
-        EXPECT_TRUE(isMoving() == morphs && isWhole != morphs) << "shape " << shape;
+        EXPECT_TRUE(isMoving() == blends && isWhole != blends) << "shape " << shape;
     }
     for (const int refused : {-1, 1, 2, 4, 6, 8, 9, 11, INT_MIN, INT_MAX}) ops.setShape(*model, refused);
     EXPECT_EQ(ops.getShape(*model), 5);

@@ -30,11 +30,11 @@ TEST(ScreenFrames, LieAThousandthInsideTheirScreens) {
                  {9, 0, 1.5, 4, 3, 4},   {9, 1, 4.5, 4, 3, 4},   {10, 0, 3, 4, 6, 4},
                  {10, 1, 1.5, 1, 3, 2},  {10, 2, 4.5, 1, 3, 2}};
     int found = 0;
-    for (int k = 0; k < 13 * 8; ++k) found += screenFrame(k / 8 - 1, k % 8 - 1).has_value();
+    for (int k = 0; k < 13 * 8; ++k) found += screenOutline(k / 8 - 1, k % 8 - 1).has_value();
     EXPECT_EQ(found, 14);
     for (const auto& c : cases) {
         SCOPED_TRACE(testing::Message() << "shape " << c.shape << " screen " << c.screen);
-        const QuadLoop frame = screenFrame(c.shape, c.screen).value();
+        const QuadLoop frame = screenOutline(c.shape, c.screen).value();
         expectQuad(frame, c.x / 3 - 1, c.y / 3 - 1, c.width / 3 - 0.002, c.height / 3 - 0.002);
     }
 }
