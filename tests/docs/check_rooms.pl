@@ -75,5 +75,9 @@ while (my @done = grep { my $module = $_; !grep { $left{$_} } keys %{$left{$modu
 }
 push @faults, "modules include each other in a circle: " . join(' ', sort keys %left) if %left;
 
+my %files;
+$files{s{/[^/]*$}{}r}++ for grep { /\.(h|c|cpp)$/ } split /\n/, `git ls-files`;
+push @faults, map { "$_ has more than 30 source files" } grep { $files{$_} > 30 } keys %files;
+
 print "$_\n" for sort @faults;
 exit(@faults ? 1 : 0);
