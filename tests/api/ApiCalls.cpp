@@ -29,7 +29,7 @@ const std::map<std::string, std::string> kShortNames = {
 /// What the arguments of one call are taken from, each list in its order.
 struct Source {
     Numbers::const_iterator number;
-    Numbers::iterator result;
+    Numbers::iterator result, end;
     const unsigned char* data;
 };
 
@@ -45,11 +45,17 @@ struct Argument {
 template <class Type>
 struct Argument<Type*> {
     static constexpr char kKind = 'r';
-    Type value;
-    Numbers::iterator to;
-    void take(Source& from) { to = from.result++, value = static_cast<Type>(*to); }
-    Type* pass() { return &value; }
-    void bringBack() { *to = value; }
+    Type value = 0;
+    double* to = nullptr;  ///< null when there are no more results
+    void take(Source& from) {
+        if (from.result == from.end) return;
+        to = &*from.result++;
+        value = static_cast<Type>(*to);
+    }
+    Type* pass() { return to ? &value : nullptr; }
+    void bringBack() {
+        if (to) *to = value;
+    }
 };
 
 template <>
@@ -65,7 +71,7 @@ template <class Result, class... Types>
 ApiCall callOf(Result (*function)(VRHANDLE, Types...)) {
     const auto make = [function](VRHANDLE handle, const Numbers& numbers, Numbers& results,
                                  const unsigned char* data) {
-        Source from = {numbers.begin(), results.begin(), data};
+        Source from = {numbers.begin(), results.begin(), results.end(), data};
         return std::apply(
             [&](auto... argument) -> double {
                 (argument.take(from), ...);

@@ -36,7 +36,7 @@ void CallStorm::callOnce(VRHANDLE handle) {
     const ApiCall& api = apiCallOf(call);
     for (std::size_t i = 0; i < line.ranges.size(); ++i)
         call.numbers[i] = numberOf(api.kinds[i], line.ranges[i]);
-    Numbers results(6);
+    Numbers results(_dice.from(0, 1) ? 6 : 0);
     api.make(handle, call.numbers, results, nullptr);
 }
 

@@ -1,6 +1,4 @@
 // Touch on the 180-degree view.
-#include "touch/TouchController180VR.h"
-
 #include "steered_view.h"
 
 using namespace fovix;
@@ -44,8 +42,6 @@ TEST(HalfPanoramaTouch, GesturesEndInTheirView) {
         {"mode 2 turn 0 0 19 mode 0 turn 0 0 19", {0, 0, 0, 10}},
     };
     expectLanded(FOVIX_TYPE_180VR, cases, " frames 2000");
-    SteeredView view(FOVIX_TYPE_180VR, "scale 1.1");
-    for (const int screen : {0, 5}) EXPECT_EQ(3, view.params<VR180TouchParams>(screen).mDrawMode);
 }
 
 TEST(HalfPanoramaTouch, FramesMoveTheViewStepByStep) {
@@ -67,42 +63,4 @@ TEST(HalfPanoramaTouch, FramesMoveTheViewStepByStep) {
          {0, 52 - 2 / 15.0, 0, 15}},
     };
     expectLanded(FOVIX_TYPE_180VR, cases);
-}
-
-TEST(HalfPanoramaTouch, ShapesSetDrawModeAndTargetsOfEveryScreen) {
-    struct Case {
-        int shape, screen, mode;
-        View targets;
-        double zoomNow;  ///< from 1 the screens of a layout zoom in
-    };
-    const Case cases[] = {
-        {0, 0, 0, {0, 0, 0, 1}, 5},      {5, 1, 1, {0, 0, 0, 1}, 5},     {3, 2, 2, {0, 0, 0, 1}, 5},
-        {7, 0, 3, {-20, -35, 0, 15}, 1}, {7, 1, 3, {-20, 35, 0, 15}, 1}, {7, 2, 3, {35, -35, 0, 15}, 1},
-        {7, 3, 3, {35, 35, 0, 15}, 1},   {7, 4, 3, {0, 0, 0, 10}, 5},    {10, 0, 3, {0, 0, 0, 10}, 1},
-        {10, 1, 3, {0, -35, 0, 10}, 1},  {10, 2, 3, {0, 35, 0, 10}, 1},  {10, 3, 3, {0, 0, 0, 10}, 5},
-        {4, 0, 2, {1, 2, 3, 4}, 5},      {-1, 0, 2, {1, 2, 3, 4}, 5}};
-    for (const Case& c : cases) {
-        const std::string where = "shape " + std::to_string(c.shape) + " screen " + std::to_string(c.screen);
-        SteeredView view(FOVIX_TYPE_180VR, "mode 2");
-        auto& p = view.params<VR180TouchParams>(c.screen);
-        p.mXAngleTarget = 1, p.mYAngleTarget = 2, p.mZAngleTarget = 3, p.mZoomTarget = 4, p.mZoom = 5;
-        p.mYAngle = 400;
-        Fovix_SetShape(view, c.shape);
-        expectView(c.targets, {p.mXAngleTarget, p.mYAngleTarget, p.mZAngleTarget, p.mZoomTarget}, 0, where);
-        EXPECT_EQ(c.mode, p.mDrawMode) << where;
-        EXPECT_EQ(c.zoomNow, p.mZoom) << where;
-        EXPECT_EQ(c.mode < 2 || c.zoomNow == 1 ? 0 : 400, p.mYAngle) << where;
-    }
-}
-
-TEST(HalfPanoramaTouch, ReadingAViewMovesItOnAsAFrameWould) {
-    SteeredView view(FOVIX_TYPE_180VR, "down 0 0 move -45 0");
-    double yaw = 0, third = 0, zoom = 0;
-    Fovix_GetPTZFor180VR(view, nullptr, &yaw, &third, nullptr);
-    EXPECT_NEAR(8.0, yaw, 1e-6) << "two fifths of the way";
-    EXPECT_EQ(3.0, third);
-    view.play("set180 10 0 0 10");
-    Fovix_GetPTZFor180VR(view, nullptr, nullptr, nullptr, &zoom);
-    EXPECT_DOUBLE_EQ(1.38, zoom);
-    EXPECT_EQ(0.0, view.params<VR180TouchParams>().mXAngle) << "only what is read moves";
 }

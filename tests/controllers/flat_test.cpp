@@ -65,23 +65,15 @@ TEST(FlatTouch, FramesMoveTheViewStepByStep) {
         {"scale 4 frames 99 down 0 0 move 0 -90 scale 0.5 frames 5", {18.4448, 0, 0, 3.1}},
         {"scale 4 frames 99 down 0 0 move 0 -90 scale 0.5 frames 6", {0, 0, 0, 2.92}},
         {"scale 2.5 frames 99 down 0 0 move 0 -45 frames 9 adjust frames 1", {0, 0, 0, 2.32}},
+        // The host's choice of a lens centres at once, one zoom step on; a new threshold counts at once.
+        {"scale 2 down 0 0 move 60 60 frames 4 lenses 0 frames 1", {0, 0, 0, 1.54}},
+        {"scale 2 down 0 0 move 60 60 frames 4 SetTwoLensesScreen 0 frames 1", {0, 0, 0, 1.54}},
+        {"scale 2 frames 20 logic 1.5 10 4 5 frames 30 down 0 0 move 0 -90 scale 0.4 frames 5",
+         {14.75584, 0, 0, 4.1}},
+        {"scale 2 frames 20 logic 1.5 10 4 5 frames 30 down 0 0 move 0 -90 scale 0.4 frames 6",
+         {0, 0, 0, 3.92}},
     };
     expectLanded(FOVIX_TYPE_TWO_LENSES, twoLenses);
-}
-
-TEST(FlatTouch, HostsChoiceOfALensCentresAtOnce) {
-    for (const auto choose : {Fovix_SetTwoLensesDrawMode, Fovix_SetTwoLensesScreen}) {
-        SteeredView view(FOVIX_TYPE_TWO_LENSES, "scale 2 down 0 0 move 60 60 frames 4");
-        EXPECT_LT(view.view().y, -20.0);
-        choose(view, 0);
-        view.frames(1);
-        expectView({0, 0, 0, 1.54}, view.view(), 1e-9, "one zoom step back");
-        view.play("frames 20 logic 1.5 10 4 5 frames 30 down 0 0 move 0 -90 scale 0.4 frames 5");
-        EXPECT_EQ(1.5, view.params<TwoLensesTouchParams>().mZoomMin);
-        EXPECT_LT(10, view.view().x);
-        view.frames(1);
-        expectView({0, 0, 0, 3.92}, view.view(), 1e-9, "beyond the host's threshold");
-    }
 }
 
 TEST(FlatTouch, ViewReachesOnlyTheModelThatIsShown) {

@@ -4,22 +4,15 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
-#include <cctype>
 #include <cstdio>
-#include <functional>
-#include <limits>
-#include <map>
-#include <sstream>
 #include <string>
 
-#include "Fovix.h"
+#include "ApiCalls.h"
 #include "handle/FovixContext.h"
 
 namespace fovix {
 
-inline constexpr float kFloatMax = std::numeric_limits<float>::max();
-inline constexpr int kMost = std::numeric_limits<int>::max(), kLeast = std::numeric_limits<int>::min();
+using fovix_test::Numbers;
 
 /// Angles or offsets and zoom as the model has them; pan, tilt, roll and zoom of the panorama.
 struct View {
@@ -30,97 +23,58 @@ class SteeredView {
   public:
     explicit SteeredView(int type, const std::string& script = "") {
         testing::internal::CaptureStdout();
-        Fovix_Create(&handle);
-        Fovix_SetType(handle, type);
+        Fovix_Create(&_handle);
+        Fovix_SetType(_handle, type);
         play("size 800 800 " + script);
     }
     ~SteeredView() {
-        Fovix_Release(handle);
+        Fovix_Release(_handle);
         const std::string lines = testing::internal::GetCapturedStdout();
-        if (testing::Test::HasFailure()) std::fputs(lines.c_str(), stdout);  // failures stand among them
+        if (testing::Test::HasFailure()) std::fputs(lines.c_str(), stdout);  // failures are among them
     }
     SteeredView(const SteeredView&) = delete;
     SteeredView& operator=(const SteeredView&) = delete;
 
-    operator VRHANDLE() const { return handle; }
-    ControllerPtr controller(int screen = 0) const {
-        return handle->display.load()->controllers.at(static_cast<std::size_t>(screen));
-    }
-    template <class Params>
-    Params& params(int screen = 0) const {
-        return paramsOf<Params>(*controller(screen));
-    }
+    operator VRHANDLE() const { return _handle; }
+    ControllerPtr controller() const { return _handle->display.load()->controllers.at(0); }
 
-    void frames(int count, int screen = 0) {
-        const ControllerPtr stepped = controller(screen);
-        for (; count > 0; --count) stepped->operations.update(*stepped);
-    }
-
-    /// Gestures and commands in words, each with its numbers.
+    /// See ApiCalls.h. "spread A B" pinches from a distance to another one, "look" is an aim from outside.
     void play(const std::string& script) {
-        std::istringstream in(script);
-        for (std::string verb; in >> verb;) {
-            std::array<double, 4> numbers = {};
-            for (auto& number : numbers) {
-                if (!(in >> std::ws) || (!std::isdigit(in.peek()) && in.peek() != '-')) break;
-                in >> number;
-            }
-            perform(verb, numbers);
-        }
+        fovix_test::play(_handle, script,
+                         {
+                             {"size",
+                              [&](const Numbers& n) {
+                                  _handle->viewWidth = static_cast<int>(n.at(0)),
+                                  _handle->viewHeight = static_cast<int>(n.at(1));
+                              }},
+                             {"frames",
+                              [&](const Numbers& n) {
+                                  for (int frame = 0; frame < n.at(0); ++frame)
+                                      controller()->operations.update(*controller());
+                              }},
+                             {"look",
+                              [&](const Numbers& n) {
+                                  controller()->operations.setPTZ(*controller(), n.at(0), n.at(1), n.at(2),
+                                                                  n.size() > 3 ? n[3] : 0.0);
+                              }},
+                             {"spread",
+                              [&](const Numbers& n) {
+                                  for (const double distance : n)
+                                      Fovix_OnTouchPinch(_handle, 0, 0, static_cast<float>(distance), 0);
+                              }},
+                         });
     }
 
-    View view(int screen = 0) const {
+    View view() const {
         View v;
-        const bool pans = Fovix_GetType(handle) == FOVIX_TYPE_360VR;
-        if (pans) Fovix_GetPTZ_SubScreen(handle, screen, &v.x, &v.y, &v.zoom, &v.z);
-        if (!pans) Fovix_GetRotateZoom(handle, &v.x, &v.y, &v.z, &v.zoom);
+        const bool pans = Fovix_GetType(_handle) == FOVIX_TYPE_360VR;
+        if (pans) Fovix_GetPTZ(_handle, &v.x, &v.y, &v.zoom, &v.z);
+        if (!pans) Fovix_GetRotateZoom(_handle, &v.x, &v.y, &v.z, &v.zoom);
         return v;
     }
 
-    std::string printedBy(const std::string& script) {
-        testing::internal::GetCapturedStdout();
-        testing::internal::CaptureStdout();
-        play(script);
-        const std::string lines = testing::internal::GetCapturedStdout();
-        testing::internal::CaptureStdout();
-        return lines;
-    }
-
   private:
-    void perform(const std::string& verb, const std::array<double, 4>& n) {
-        const auto real = [&n](std::size_t i) { return static_cast<float>(n.at(i)); };
-        const auto whole = [&n](std::size_t i) { return static_cast<int>(n.at(i)); };
-        const std::map<std::string, std::function<void()>> verbs = {
-            {"down", [&] { Fovix_OnTouchDown(handle, real(0), real(1)); }},
-            {"up", [&] { Fovix_OnTouchUp(handle, real(0), real(1)); }},
-            {"move", [&] { Fovix_OnTouchMove(handle, real(0), real(1)); }},
-            {"fling", [&] { Fovix_OnTouchFling(handle, real(0), real(1)); }},
-            {"scale", [&] { Fovix_OnTouchPinchScale(handle, real(0)); }},
-            {"pinch", [&] { Fovix_OnTouchPinch(handle, real(0), real(1), real(2), real(3)); }},
-            {"spread",
-             [&] {
-                 for (const float at : {real(0), real(1)}) Fovix_OnTouchPinch(handle, 0, 0, at, 0);
-             }},
-            {"sense", [&] { Fovix_OnAccelerometer(handle, real(0), real(1)); }},
-            {"turn", [&] { Fovix_OnOrientation(handle, real(0), real(1), real(2)); }},
-            {"adjust", [&] { Fovix_AutoAdjust(handle); }},
-            {"cruise", [&] { Fovix_StartAutoCruise(handle, n[0]); }},
-            {"stop", [&] { Fovix_StopAutoCruise(handle); }},
-            {"target", [&] { Fovix_DisplayTarget(handle, whole(0), whole(1), whole(2), whole(3)); }},
-            {"mode", [&] { Fovix_SetDrawMode(handle, whole(0)); }},
-            {"mount", [&] { Fovix_SetCameraMount(handle, whole(0)); }},
-            {"shape", [&] { Fovix_SetShape(handle, whole(0)); }},
-            {"logic", [&] { Fovix_SetLogicZoom(handle, n[0], n[1], n[2], n[3]); }},
-            {"set", [&] { Fovix_SetRotateZoomRecoverMode(handle, n[0], n[1], n[2], n[3]); }},
-            {"set180", [&] { Fovix_SetPTZFor180VR(handle, n[0], n[1], n[2], n[3]); }},
-            {"look", [&] { controller()->operations.setPTZ(*controller(), n[0], n[1], n[2], n[3]); }},
-            {"size", [&] { handle->viewWidth = whole(0), handle->viewHeight = whole(1); }},
-            {"frames", [&] { frames(whole(0)); }},
-        };
-        verbs.at(verb)();
-    }
-
-    VRHANDLE handle = nullptr;
+    VRHANDLE _handle = nullptr;
 };
 
 inline void expectView(const View& expected, const View& actual, double tolerance, const std::string& where) {

@@ -106,6 +106,8 @@ const std::vector<ViewRow> kRows = {
     {"pip", 22, kBanner, "", 150, 150},
     {"pip-moved-dense", 22, kBanner, "view 0 0.4 -0.1 0.715 2", 75, 75, 2},
     {"pip-from-afar", 22, kBanner, "view 0 -0.2 0 0.6 0.625", 150, 150},
+    {"pip-aimed-in-the-inset", 22, kBanner, "pinch 0 0 10 0 pinch 0 0 50 0 up 0 0 down 128 131 move 83 2",
+     150, 150, 1, true},
     {"pip-without-inset", 22, kBanner, "mode 0 view 0 0.2 0.1 0.5 0.625", 150, 150},
     {"pip-on-a-wide-surface", 22, kBanner, "view 0 0.2 0.1 0.3 0.625", 150, 100},
     // Two lenses in one picture.

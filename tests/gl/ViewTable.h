@@ -22,6 +22,7 @@ struct ViewRow {
     Frame frame;
     const char* script;  ///< see ApiCalls.h; "draw N" draws N frames, "cell N" shows the frame in a slot
     int width = 160, height = 120, ppi = 1;
+    bool hasControllers = false;
 };
 
 const std::vector<ViewRow>& viewRows();

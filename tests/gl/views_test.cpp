@@ -10,7 +10,8 @@ namespace {
 
 TEST(Views, LookLikeTheirStoredPictures) {
     for (const ViewRow& row : viewRows()) {
-        Stage stage(row.type, row.width * row.ppi, row.height * row.ppi);
+        Stage stage(row.type, row.width * row.ppi, row.height * row.ppi,
+                    row.hasControllers ? Fovix_Create : Fovix_CreateNoTouchEvent);
         Fovix_SetPPIZoom(row.ppi);
         printedBy([&] { setUp(stage.view, row, [&] { Fovix_Drawself(stage.view); }); });
         EXPECT_TRUE(isAsStored(row, stage.draw())) << row.name;
