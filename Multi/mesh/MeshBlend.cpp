@@ -36,16 +36,16 @@ void MeshBlend::reset() {
     frames = 0;
 }
 
-void MeshBlend::mix(const VertexCache& start, const VertexCache& target) {
+void MeshBlend::mix(const VertexCache& source, const VertexCache& target) {
     if (!mesh || mesh->triangleCount != target.triangleCount) {
         mesh = std::make_shared<VertexCache>(target);
         mesh->extent = 0.0;
     }
     std::copy(target.textureCoords.begin(), target.textureCoords.end(), mesh->textureCoords.begin());
     const auto done = static_cast<float>(frame), all = static_cast<float>(frames);
-    const std::size_t common = std::min(start.positions.size(), target.positions.size());
+    const std::size_t common = std::min(source.positions.size(), target.positions.size());
     for (std::size_t i = 0; i < common; ++i) {
-        const float before = start.positions[i];
+        const float before = source.positions[i];
         mesh->positions[i] = before + (target.positions[i] - before) * done / all;
     }
     std::fill(mesh->positions.begin() + static_cast<std::ptrdiff_t>(common), mesh->positions.end(), 0.0f);

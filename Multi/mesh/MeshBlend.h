@@ -36,7 +36,7 @@ struct MeshBlend {
 
     /// Fills `mesh` with positions `frame` ÷ `frames` of the way. Vertices that only the target has stay at
     /// the origin.
-    void mix(const VertexCache& start, const VertexCache& target);
+    void mix(const VertexCache& source, const VertexCache& target);
 };
 
 }  // namespace fovix

@@ -127,7 +127,7 @@ QuadLoop buildViewRect(float aspect, double pan, double tilt, double zoom) {
 }
 
 PipMarker pipMarker(double offsetX, double zoom, double shift) {
-    // Single precision throughout. The main view moves by 1.43 units while its marker crosses 0.86 of the
+    // Sizes in single precision. The main view moves by 1.43 units while its marker crosses 0.86 of the
     // inset.
     constexpr float kSize = 0.34f, kWidest = 1.1832f, kWidthRange = 0.8432f;
     constexpr double kOffsetToInset = double{0.86f} / double{1.43f};
