@@ -12,9 +12,9 @@ namespace {
 constexpr Colour kWhite = {1.0f, 1.0f, 1.0f, 1.0f};
 constexpr Colour kRed = {0.95f, 0.08f, 0.08f, 1.0f};
 
-template <std::size_t Size>
-void drawLoop(const Canvas& canvas, const std::array<float, Size>& loop, const Colour& colour) {
-    canvas.device.drawLineLoop(canvas.surface, loop.data(), static_cast<int>(Size / 3), colour);
+template <std::size_t size>
+void drawLoop(const Canvas& canvas, const std::array<float, size>& loop, const Colour& colour) {
+    canvas.device.drawLineLoop(canvas.surface, loop.data(), static_cast<int>(size / 3), colour);
 }
 
 /// Where the selected screen looks, drawn into the overview or the strip of its layout.
