@@ -146,7 +146,7 @@ float Fovix_GetRelativeXOffset(VRHANDLE handle) {
     return withContext(handle, 0.0f, [](FovixContext& context) {
         const DisplayPtr display = context.display.load();
         const ControllerPtr& controller = display->controllers[0];
-        return controller ? controller->getRelativeXOffset() : 0.0f;
+        return controller ? controller->getRelativeXOffset(0.0f) : 0.0f;
     });
 }
 

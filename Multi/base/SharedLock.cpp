@@ -8,6 +8,6 @@ std::recursive_mutex processLock;
 
 }  // namespace
 
-SharedLock::SharedLock() : mutex_(&processLock) {}
+SharedLock::SharedLock() : _mutex(&processLock) {}
 
 }  // namespace fovix

@@ -1,8 +1,8 @@
 // The one recursive lock of the process.
 //
-// Every context, every touch controller and every model that changes several fields at once open it and keep
-// a handle of their own, so that whoever holds it excludes all the others. The thread that holds it may take
-// it again and releases it as often. lock() and unlock() make a SharedLock usable with std::lock_guard.
+// Contexts, touch controllers and models that change several fields at once each keep a SharedLock; all of
+// them are the same lock. The thread that holds it may take it again and must release it as often.
+// std::lock_guard works on it.
 #pragma once
 
 #include <mutex>
@@ -11,14 +11,13 @@ namespace fovix {
 
 class SharedLock {
   public:
-    /// Opens the process's lock.
     SharedLock();
 
-    void lock() { mutex_->lock(); }
-    void unlock() { mutex_->unlock(); }
+    void lock() { _mutex->lock(); }
+    void unlock() { _mutex->unlock(); }
 
   private:
-    std::recursive_mutex* mutex_;
+    std::recursive_mutex* _mutex;
 };
 
 using LockSection = std::lock_guard<SharedLock>;

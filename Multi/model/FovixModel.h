@@ -10,6 +10,7 @@
 #include <memory>
 
 #include "base/Cell.h"
+#include "base/Operations.h"
 #include "device/Device.h"
 #include "lens/FishEyeConfig.h"
 #include "mesh/VertexCache.h"
@@ -173,12 +174,6 @@ struct FovixModel {
 
 using ModelPtr = std::shared_ptr<FovixModel>;
 using ModelCreator = ModelPtr (*)(const FishEyeConfig& lens);
-
-/// GCC does not treat a function's address as a constant under -fsanitize; it is still known to be non-null.
-template <class Function>
-constexpr bool isFilled(Function* operation) {
-    return __builtin_constant_p(operation != nullptr) ? operation != nullptr : true;
-}
 
 /// Whether a table has the operations that no kind may leave out.
 constexpr bool hasMandatoryOperations(const FovixModelOperations& operations) {

@@ -7,8 +7,7 @@ namespace fovix {
 
 namespace {
 
-/// Degrees between two events: smaller turns are noise of the sensor, larger ones a change of the device's
-/// frame.
+/// Degrees between two events: smaller turns are noise of the sensor, larger ones jumps of its zero point.
 constexpr double kSmallestTurn = 0.6, kLargestTurn = 20.0;
 
 float withoutNoise(float turn) {

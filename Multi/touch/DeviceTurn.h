@@ -17,8 +17,7 @@ struct DeviceTurn {
     float tilt = 0.0f, pan = 0.0f;
 };
 
-/// Keeps the angles of an event. Returns the turn since the last one, nothing if the frame of the device
-/// changed.
+/// Stores the angles of an event. Returns the turn since the last one; nothing after a jump.
 std::optional<DeviceTurn> turnOfDevice(DeviceOrientation& last, float a, float b, float c);
 
 }  // namespace fovix

@@ -1,4 +1,4 @@
-// A view that eases towards its targets: what the 180-degree view and the flat pictures have in common.
+// A view that eases towards its targets: what the 180-degree view and the flat kinds have in common.
 //
 // Gestures write targets on the host's thread; update eases the view towards them on the GL thread.
 #pragma once

@@ -16,13 +16,13 @@ FlatTouchParams& params(TouchController& controller) {
     return paramsOf<FlatTouchParams>(controller);
 }
 
-/// The whole picture does not move.
+/// The whole frame does not move.
 void turnView(FlatTouchParams& p, const DragTurn& turn) {
     if (p.mZoomTarget <= 1.0) return;
     const FlatTouchKind& kind = *p.mKind;
     const double half = p.mZoomTarget * 0.5;
-    turnTarget(p, p.mYAngleTarget, turn.yaw, half * kind.yawGrowth + kind.yawLimit);
-    turnTarget(p, p.mXAngleTarget, turn.pitch, half * kind.pitchGrowth + kind.pitchLimit);
+    turnTarget(p, p.mYAngleTarget, turn.yaw, half * kind.yawGrowth + kind.yawBase);
+    turnTarget(p, p.mXAngleTarget, turn.pitch, half * kind.pitchGrowth + kind.pitchBase);
 }
 
 void zoomTo(FlatTouchParams& p, double zoom) {

@@ -1,6 +1,6 @@
-// Touch on a flat picture: a pinch zooms, drags and flings move the picture while it is zoomed in.
+// Touch on a flat frame: a pinch zooms, drags and flings move the frame while it is zoomed in.
 //
-// The single views and two lenses in one picture share these gestures; they differ in the numbers of
+// The single views and two lenses in one frame share these gestures; they differ in the numbers of
 // FlatTouchKind.
 #pragma once
 
@@ -8,15 +8,15 @@
 
 namespace fovix {
 
-/// What one kind of flat picture differs in. Angles have the limit base + growth * zoom / 2, in degrees.
+/// What the flat kinds differ in. Angles have the limit base + growth * zoom / 2, in degrees.
 struct FlatTouchKind {
-    double pitchGrowth, pitchLimit;
-    double yawGrowth, yawLimit;
+    double pitchGrowth, pitchBase;
+    double yawGrowth, yawBase;
     double zoomStep;  ///< zoom per frame
     double zoomMax;   ///< largest zoom of a pinch, unless the host sets another
 };
 
-/// Up to this zoom the end of a gesture brings the whole picture back.
+/// Up to this zoom the view returns to the whole frame after a gesture.
 inline constexpr double kFlatSnapZoom = 3.0;
 
 struct FlatTouchParams : EasedViewParams {

@@ -47,7 +47,7 @@ inline double fingerDistance(float x1, float y1, float x2, float y2) {
     return std::min<double>(std::sqrt(dx * dx + dy * dy), kLargestFloat);
 }
 
-/// Above this zoom the view turns more slowly, so that the picture stays under the finger.
+/// Above this zoom the view turns more slowly, so that the frame stays under the finger.
 inline constexpr double kFullSpeedZoom = 2.0;
 
 /// A target after a drag by some degrees, within ±limit.

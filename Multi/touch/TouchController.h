@@ -8,8 +8,8 @@
 
 #include <memory>
 
+#include "base/Operations.h"
 #include "base/SharedLock.h"
-#include "model/FovixModel.h"
 #include "touch/ViewOwner.h"
 
 namespace fovix {
@@ -58,10 +58,10 @@ struct TouchControllerOperations {
     void (*startAutoCruise)(TouchController&, double speed) = nullptr;
     /// Optional. Fovix_StopAutoCruise, all: the view stays where it is.
     void (*stopAutoCruise)(TouchController&) = nullptr;
-    /// Optional. Fovix_DisplayRect, current: a rectangle to show, in pixels of a picture of width x height.
+    /// Optional. Fovix_DisplayRect, current: a rectangle to show, in pixels of a frame of width x height.
     void (*displayRect)(TouchController&, int left, int top, int right, int bottom, int width,
                         int height) = nullptr;
-    /// Optional. Fovix_DisplayTarget, current: a point to show, in pixels of a picture of width x height.
+    /// Optional. Fovix_DisplayTarget, current: a point to show, in pixels of a frame of width x height.
     void (*displayTarget)(TouchController&, int targetX, int targetY, int width, int height) = nullptr;
     /// Optional. Fovix_GetPTZFor180VR, current: stores angles, a third value and the zoom factor; null is
     /// skipped.
@@ -99,9 +99,9 @@ struct TouchController {
     std::unique_ptr<ControllerParams> params;
     TouchControllerOperations operations;
 
-    // The operations, as callers use them. Optional ones return false if the kind does not support them.
+    // The operations, as callers use them. Optional commands return whether the kind has the operation.
     bool setPTZ(double pan, double tilt, double zoom, double roll) {
-        return callIfFilled(operations.setPTZ, pan, tilt, zoom, roll);
+        return call(operations.setPTZ, pan, tilt, zoom, roll);
     }
     void onTouchDown(float x, float y) { operations.onTouchDown(*this, x, y); }
     void onTouchUp(float x, float y) { operations.onTouchUp(*this, x, y); }
@@ -113,48 +113,48 @@ struct TouchController {
     void onTouchFling(float velocityX, float velocityY) {
         operations.onTouchFling(*this, velocityX, velocityY);
     }
-    bool onAccelerometer(float x, float y) { return callIfFilled(operations.onAccelerometer, x, y); }
-    bool onOrientation(float a, float b, float c) { return callIfFilled(operations.onOrientation, a, b, c); }
+    bool onAccelerometer(float x, float y) { return call(operations.onAccelerometer, x, y); }
+    bool onOrientation(float a, float b, float c) { return call(operations.onOrientation, a, b, c); }
     void update() { operations.update(*this); }
-    bool autoAdjust() { return callIfFilled(operations.autoAdjust); }
-    bool setDrawMode(int mode) { return callIfFilled(operations.setDrawMode, mode); }
-    bool setCameraMount(int mount) { return callIfFilled(operations.setCameraMount, mount); }
-    bool setShape(int shape) { return callIfFilled(operations.setShape, shape); }
-    bool startAutoCruise(double speed) { return callIfFilled(operations.startAutoCruise, speed); }
-    bool stopAutoCruise() { return callIfFilled(operations.stopAutoCruise); }
+    bool autoAdjust() { return call(operations.autoAdjust); }
+    bool setDrawMode(int mode) { return call(operations.setDrawMode, mode); }
+    bool setCameraMount(int mount) { return call(operations.setCameraMount, mount); }
+    bool setShape(int shape) { return call(operations.setShape, shape); }
+    bool startAutoCruise(double speed) { return call(operations.startAutoCruise, speed); }
+    bool stopAutoCruise() { return call(operations.stopAutoCruise); }
     bool displayRect(int left, int top, int right, int bottom, int width, int height) {
-        return callIfFilled(operations.displayRect, left, top, right, bottom, width, height);
+        return call(operations.displayRect, left, top, right, bottom, width, height);
     }
     bool displayTarget(int targetX, int targetY, int width, int height) {
-        return callIfFilled(operations.displayTarget, targetX, targetY, width, height);
+        return call(operations.displayTarget, targetX, targetY, width, height);
     }
     bool getPTZFor180VR(double* xAngle, double* yAngle, double* third, double* zoom) {
-        return callIfFilled(operations.getPTZFor180VR, xAngle, yAngle, third, zoom);
+        return call(operations.getPTZFor180VR, xAngle, yAngle, third, zoom);
     }
     bool setPTZFor180VR(double xAngle, double yAngle, double zAngle, double zoom) {
-        return callIfFilled(operations.setPTZFor180VR, xAngle, yAngle, zAngle, zoom);
+        return call(operations.setPTZFor180VR, xAngle, yAngle, zAngle, zoom);
     }
     bool getViewOffset(double* first, double* second) {
-        return callIfFilled(operations.getViewOffset, first, second);
+        return call(operations.getViewOffset, first, second);
     }
     bool setRotateZoom(double xAngle, double yAngle, double zAngle, double zoom) {
-        return callIfFilled(operations.setRotateZoom, xAngle, yAngle, zAngle, zoom);
+        return call(operations.setRotateZoom, xAngle, yAngle, zAngle, zoom);
     }
-    float getRelativeXOffset() {
-        return operations.getRelativeXOffset ? operations.getRelativeXOffset(*this) : 0.0f;
+    float getRelativeXOffset(float absent) {
+        return operations.getRelativeXOffset ? operations.getRelativeXOffset(*this) : absent;
     }
     bool setLogicZoom(double min, double max, double div, double zoom) {
-        return callIfFilled(operations.setLogicZoom, min, max, div, zoom);
+        return call(operations.setLogicZoom, min, max, div, zoom);
     }
-    bool setTwoLensesDrawMode(int mode) { return callIfFilled(operations.setTwoLensesDrawMode, mode); }
-    bool setTwoLensesScreen(int screen) { return callIfFilled(operations.setTwoLensesScreen, screen); }
+    bool setTwoLensesDrawMode(int mode) { return call(operations.setTwoLensesDrawMode, mode); }
+    bool setTwoLensesScreen(int screen) { return call(operations.setTwoLensesScreen, screen); }
 
     /// True if touches on an overview can aim it.
     bool canBeAimed() const { return operations.setPTZ && operations.autoAdjust; }
 
   private:
-    template <class... Arguments>
-    bool callIfFilled(void (*operation)(TouchController&, Arguments...), Arguments... arguments) {
+    template <class... Parameters, class... Arguments>
+    bool call(void (*operation)(TouchController&, Parameters...), Arguments... arguments) {
         if (operation) operation(*this, arguments...);
         return operation != nullptr;
     }

@@ -9,8 +9,8 @@
 #include "Fovix.h"
 #include "base/Diagnostics.h"
 #include "base/Easing.h"
+#include "touch/FrameTarget.h"
 #include "touch/Gestures.h"
-#include "touch/PictureTarget.h"
 
 namespace fovix {
 
@@ -19,10 +19,10 @@ namespace {
 constexpr int kDisc = FOVIX_180_DISC, kStretch = FOVIX_180_STRETCH, kCylinder = FOVIX_180_CYLINDER,
               kCurved = FOVIX_180_CURVED;
 constexpr double kPitchLimit = 14.0, kYawLimit = 30.0;  ///< degrees at zoom 1
-constexpr double kPitchGrowth = 1.4, kYawGrowth = 3.0;  ///< more per zoom of the stretched picture
+constexpr double kPitchGrowth = 1.4, kYawGrowth = 3.0;  ///< more per zoom while stretched
 constexpr double kClosestZoom = 20.0;                   ///< the largest zoom of a pinch
 constexpr double kCurvedZoom = 10.0;                    ///< the curved screen's normal zoom, and its smallest
-constexpr double kStretchedSnapZoom = 2.0;              ///< up to here the whole stretched picture comes back
+constexpr double kStretchedSnapZoom = 2.0;  ///< up to here the stretched view returns to the whole frame
 
 // How far the curved screen may be turned either way, degrees: at its normal zoom, and more at the closest.
 constexpr double kCurvedReach = 40.0, kCurvedReachGrowth = 20.0;
@@ -42,7 +42,7 @@ VR180TouchParams& params(TouchController& controller) {
 
 // Targets
 
-/// The more the stretched picture is enlarged, the further it can be moved.
+/// The more the stretched frame is enlarged, the further it can be moved.
 double grownLimit(const VR180TouchParams& p, double limit, double growth) {
     return p.mDrawMode == kStretch && p.mZoomTarget > 1.0 ? limit + growth * p.mZoomTarget : limit;
 }
@@ -289,7 +289,7 @@ void setShape(TouchController& controller, int shape) {
     const auto hasShape = [=](const ShapeView& view) { return view.shape == shape; };
     const auto* view = std::find_if(std::begin(kShapeViews), std::end(kShapeViews), hasShape);
     if (view == std::end(kShapeViews)) return;
-    // The cylinder may have several turns, which must not unwind on a flat picture.
+    // The cylinder may have several turns, which must not unwind on the disc or the stretched frame.
     const bool isUnrolled =
         p.mDrawMode == kCylinder && (view->drawMode == kDisc || view->drawMode == kStretch);
     p.mDrawMode = view->drawMode;
@@ -298,21 +298,21 @@ void setShape(TouchController& controller, int shape) {
     for (const ScreenView& screen : kScreenViews) {
         if (screen.shape != shape || screen.screen != controller.screenIndex) continue;
         setTargets(p, screen.xAngle, screen.yAngle, 0.0, screen.zoom);
-        p.mZoom = 1.0;  // every screen zooms in from the whole picture
+        p.mZoom = 1.0;  // every screen zooms in from the whole frame
         levelNow(p);
     }
 }
 
-// Targets in the picture and views from the host
+// Targets in the frame and views from the host
 
-/// A limit in proportion to a distance from the centre of the picture; 0 in a picture without size.
+/// A limit in proportion to a distance from the centre of the frame; 0 in a frame without size.
 double shareOf(double limit, double distance, double half) {
     return half != 0.0 ? limit * distance / half : 0.0;
 }
 
 void displayTarget(TouchController& controller, int targetX, int targetY, int width, int height) {
     VR180TouchParams& p = params(controller);
-    const PictureTarget target = locateTarget(targetX, targetY, width, height);
+    const FrameTarget target = locateTarget(targetX, targetY, width, height);
     if (p.mDrawMode != kCurved) return;
     const double limit = curvedLimit(p.mZoomTarget);
     printLine("xMax : %f, yMax : %f \n", limit, limit);

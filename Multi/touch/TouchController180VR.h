@@ -16,7 +16,7 @@ namespace fovix {
 
 /// Sensors and auto-adjust make the view glide, like a fling.
 struct VR180TouchParams : EasedViewParams, DeviceOrientation {
-    Cell<int> mDrawMode = 0;  ///< 0 disc, 1 stretched picture, 2 cylinder, 3 curved screen; as in the model
+    Cell<int> mDrawMode = 0;  ///< 0 disc, 1 stretched, 2 cylinder, 3 curved screen; as in the model
     std::unique_ptr<BounceAnimator> mXAngleBounce, mYAngleBounce;  ///< back to the edge; under the lock only
     Cell<int> mCruising = 0;
     Cell<double> mCruiseStep = 0.0;  ///< degrees of yaw per frame

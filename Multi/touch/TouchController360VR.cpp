@@ -8,8 +8,8 @@
 #include "base/Angles.h"
 #include "base/Diagnostics.h"
 #include "base/Numbers.h"
+#include "touch/FrameTarget.h"
 #include "touch/Gestures.h"
-#include "touch/PictureTarget.h"
 #include "touch/TouchLimits360VR.h"
 #include "touch/TouchMotion360VR.h"
 #include "touch/TouchPinch360VR.h"
@@ -118,7 +118,8 @@ void onTouchFling(TouchController& controller, float velocityX, float velocityY)
     p.mPanVelocity = std::make_unique<GlideAnimator>(-velocityX / kFlingPart * perPixel, 0.0, frames);
 }
 
-/// True if the end of a gesture moves the view of this screen to the rim of the picture or to the close view.
+/// True if the end of a gesture moves the view of this screen to the rim of the hemisphere or to the close
+/// view.
 bool settles(const VR360TouchParams& p, int screen) {
     if (p.mMount == FOVIX_MOUNT_WALL) return p.mShape == FOVIX_SHAPE_OVERVIEW_FIVE;
     if (!isOnCeiling(p)) return false;
@@ -205,13 +206,13 @@ void stopAutoCruise(TouchController& controller) {
     p.mCruiseStep = 0.0;
 }
 
-// Targets in the fisheye picture
+// Targets in the frame
 
 double length(double x, double y) {
     return std::sqrt(x * x + y * y);
 }
 
-/// Pans and tilts towards a point of the picture: its angle in degrees, counterclockwise from the right, its
+/// Pans and tilts towards a point of the frame: its angle in degrees, counterclockwise from the right, its
 /// distance from the centre and that of the corner. The pan does not take the shorter way.
 void glideTo(TouchController& controller, double angle, double distance, double halfDiagonal) {
     VR360TouchParams& p = paramsOf360(controller);
@@ -233,7 +234,7 @@ void glideTo(TouchController& controller, double angle, double distance, double 
 
 void displayTarget(TouchController& controller, int targetX, int targetY, int width, int height) {
     const VR360TouchParams& p = paramsOf360(controller);
-    const PictureTarget target = locateTarget(targetX, targetY, width, height);
+    const FrameTarget target = locateTarget(targetX, targetY, width, height);
     // 0 - dy, not -dy: straight left is always 180 degrees, never -180.
     const double angle = toDegrees(std::atan2(0.0 - target.dy, target.dx));
     const double distance = length(target.dx, target.dy), halfDiagonal = length(target.cx, target.cy);

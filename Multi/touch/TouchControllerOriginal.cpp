@@ -9,9 +9,9 @@ namespace fovix {
 namespace {
 
 constexpr FlatTouchKind kKind = {.pitchGrowth = 4.0,
-                                 .pitchLimit = 60.0,
+                                 .pitchBase = 60.0,
                                  .yawGrowth = 7.0,
-                                 .yawLimit = 70.0,
+                                 .yawBase = 70.0,
                                  .zoomStep = kZoomStep,
                                  .zoomMax = 20.0};
 

@@ -1,4 +1,4 @@
-// Touch for the single views: the plain fisheye picture and the Korvel picture.
+// Touch for the single views: the plain frame and the Korvel lens.
 #pragma once
 
 #include "touch/FlatTouch.h"

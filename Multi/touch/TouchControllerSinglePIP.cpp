@@ -4,14 +4,13 @@
 #include <cmath>
 #include <cstdint>
 #include <functional>
-#include <limits>
 #include <utility>
 
 #include "base/Diagnostics.h"
 #include "base/Numbers.h"
 #include "model/FovixModelSinglePIP.h"
+#include "touch/FrameTarget.h"
 #include "touch/Gestures.h"
-#include "touch/PictureTarget.h"
 
 namespace fovix {
 
@@ -19,22 +18,19 @@ namespace {
 
 constexpr int kViewGlideFrames = 500;
 
-/// Limits of the offsets, model units.
-constexpr double kOffsetAtOne = 0.715f, kOffsetGrowth = 0.16500002145767212;
-constexpr ZoomCurve kLimitX = {0.0, kOffsetAtOne, kOffsetAtOne + kOffsetGrowth, kInsetLargestZoom};
+/// Limits of the offsets, model units: at its limit the main view ends at the frame's left or right edge.
+constexpr ZoomCurve kLimitX = {0.0, kSinglePipDistance, 0.88f, kInsetLargestZoom};
 constexpr ZoomCurve kLimitY = {0.0, 0.0, 0.15f, kInsetLargestZoom};
 
-/// Share of the range that a drag over the whole surface moves. The vertical range is small: there drags
-/// count three times.
+/// Share of the range that a drag over the whole surface moves. Along the small vertical range it counts
+/// three times.
 constexpr ZoomCurve kDragSpeed = {1.0, 0.5, 0.2, kInsetLargestZoom};
 constexpr double kVerticalSpeed = 3.0;
 
-/// The touchable inset reaches from these parts of a square surface, in quarters, to its right and lower
-/// edge.
+/// The inset takes touches from these quarters of a square surface to its right and lower edge.
 constexpr int kInsetLeft = 1, kInsetTop = 3, kQuarters = 4;
 
-/// The part of the surface's width between which a touch in the inset reaches from one end of the range to
-/// the other.
+/// Parts of the surface's width: touches in the inset between them reach the whole range.
 constexpr float kInsetStart = 0.45f, kInsetEnd = 0.85f;
 
 /// Views that a host sets are clamped to this, so that products with a surface size or a drag stay finite.
@@ -49,7 +45,7 @@ double within(double value, double limit) {
     return clampTo(value, std::abs(limit));
 }
 
-/// An offset as a share of its range, twice its limit, halved. An empty range has only its middle.
+/// Half the share of its range that an offset takes; an empty range has only its middle.
 double relativeOffset(double offset, double limit) {
     return limit == 0.0 ? 0.0 : offset / (2.0 * limit) * 0.5;
 }
@@ -248,9 +244,9 @@ void stopAutoCruise(TouchController& controller) {
     p.mCruiseStep = 0.0;
 }
 
-/// Scales a position from a picture to the surface; pixels, truncated toward zero.
-int onSurface(int surfaceSize, int place, int pictureSize) {
-    return saturateToInt(std::int64_t{surfaceSize} * place / pictureSize);
+/// Scales a position from a frame to the surface; pixels, truncated toward zero.
+int onSurface(int surfaceSize, int place, int frameSize) {
+    return saturateToInt(std::int64_t{surfaceSize} * place / frameSize);
 }
 
 void displayRect(TouchController& controller, int left, int top, int right, int bottom, int width,
@@ -286,11 +282,10 @@ void setRotateZoom(TouchController& controller, double xOffset, double yOffset, 
 }
 
 float getRelativeXOffset(TouchController& controller) {
-    constexpr double kLargest = std::numeric_limits<float>::max();
     const SinglePIPTouchParams& p = params(controller);
     const double limit = std::abs(offsetLimitX(p.mZoom));
     if (limit == 0.0) return 0.0f;
-    return static_cast<float>(within(p.mCurOffsetX / limit, kLargest));
+    return toFloat(p.mCurOffsetX / limit);
 }
 
 constexpr TouchControllerOperations kOperations = {

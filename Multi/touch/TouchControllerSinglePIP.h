@@ -1,5 +1,5 @@
-// Touch for the picture with an overview inset: drags move the main view, touches in the inset aim it, a
-// pinch zooms, a rectangle of the picture can be zoomed onto, and a cruise sweeps from side to side.
+// Touch for the frame with an overview inset: drags move the main view, touches in the inset aim it, a
+// pinch zooms, a rectangle of the frame can be zoomed onto, and a cruise sweeps from side to side.
 //
 // The controller keeps its own view and pushes it to the owner when it changes, not in every frame.
 #pragma once
@@ -36,7 +36,7 @@ struct SinglePIPTouchParams : ControllerParams {
     Cell<int> mDrawMode = 3;                 ///< 0: no inset
 };
 
-/// How far the main view may move from the middle at a zoom, in model units. Below a zoom of 0.25, which only
+/// How far the main view may move from the centre at a zoom, in model units. Below a zoom of 0.25, which only
 /// a host can set, the horizontal limit is negative; its absolute value holds.
 double offsetLimitX(double zoom);
 double offsetLimitY(double zoom);
@@ -44,7 +44,7 @@ double offsetLimitY(double zoom);
 /// Share of the range that a drag over the whole surface moves: 1 at zoom 0.25, 0.5 at 1, 0.2 at 5.
 double dragSpeed(double zoom);
 
-/// The point of the surface's width that a touch in the inset stands for.
+/// The horizontal surface position that a touch in the inset selects.
 float insetToSurface(float x, int surfaceWidth);
 
 /// Zoom that shows a rectangle of this height, in surface pixels: 5 up to a quarter of the surface, 3 for

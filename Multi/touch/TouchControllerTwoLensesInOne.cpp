@@ -8,13 +8,13 @@ namespace fovix {
 namespace {
 
 constexpr FlatTouchKind kKind = {.pitchGrowth = 5.0,
-                                 .pitchLimit = 75.0,
+                                 .pitchBase = 75.0,
                                  .yawGrowth = 12.0,
-                                 .yawLimit = 120.0,
+                                 .yawBase = 120.0,
                                  .zoomStep = 0.18,
                                  .zoomMax = 10.0};
 
-/// Zooming in changes the lens this early, so that the pan has settled when the other picture appears.
+/// Zooming in changes the lens this early, so that the pan has settled when the other half appears.
 constexpr double kZoomAhead = 0.5;
 
 TwoLensesTouchParams& params(TouchController& controller) {

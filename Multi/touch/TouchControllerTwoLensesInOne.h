@@ -1,4 +1,4 @@
-// Touch for two lenses in one picture: zooming in far enough changes to the other lens and recentres the pan.
+// Touch for two lenses in one frame: zooming in far enough changes to the other lens and recentres the pan.
 #pragma once
 
 #include "touch/FlatTouch.h"

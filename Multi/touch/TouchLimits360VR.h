@@ -24,7 +24,7 @@ std::optional<View360VR> touchScreenView(int shape, int screen);
 /// The nearest view within the limits; the roll is free. A pan beyond kMostTurn loses its whole turns.
 View360VR touchLimitedView(const View360VR& view, int mount, int shape);
 
-/// How far a view with this zoom may tilt once a gesture is over: to the rim of the picture.
+/// How far a view with this zoom may tilt once a gesture is over: to the rim of the hemisphere.
 double touchMaxTilt(int mount, double zoom);
 
 }  // namespace fovix

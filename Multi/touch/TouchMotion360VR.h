@@ -16,7 +16,7 @@ void stopMotion(TouchController& controller);
 void zoomInTransition(TouchController& controller);
 void zoomOutTransition(TouchController& controller);
 
-/// Starts a bounce to the rim of the picture if the view is tilted beyond it.
+/// Starts a bounce to the rim of the hemisphere if the view is tilted beyond it.
 void tiltBounceBack(TouchController& controller);
 
 /// One rendered frame of everything that runs.

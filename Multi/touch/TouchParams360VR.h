@@ -40,7 +40,7 @@ struct VR360TouchParams : ControllerParams, DeviceOrientation {
 
     // Animators are used under the lock only.
     std::unique_ptr<GlideAnimator> mPanGlide, mTiltGlide, mZoomGlide;  ///< to a target or another zoom
-    std::unique_ptr<BounceAnimator> mTiltBounce;                       ///< back to the rim of the picture
+    std::unique_ptr<BounceAnimator> mTiltBounce;                       ///< back to the rim of the hemisphere
     std::unique_ptr<GlideAnimator> mTiltVelocity, mPanVelocity;  ///< a fling: degrees per frame, running out
     Cell<double> mSpinVelocity = 0.0;                            ///< degrees per frame that a fling left
     Cell<double> mFlingFactor = 1.0;                             ///< how much of a fling stays as spin

@@ -30,8 +30,8 @@ double fingerRatio(double distance, double before) {
 
 /// Field of view after a pinch; positive and finite for any ratio, until the next frame limits it.
 double pinchedZoom(double zoomAtDown, double ratio) {
-    constexpr double kSmallest = 1e-6, kLargest = 1e6;
-    return ratio > 0.0 ? std::clamp(zoomAtDown / ratio, kSmallest, kLargest) : kLargest;
+    constexpr double kNarrowest = 1e-6, kWidest = 1e6;
+    return ratio > 0.0 ? std::clamp(zoomAtDown / ratio, kNarrowest, kWidest) : kWidest;
 }
 
 /// Direction of the line from the first finger to the second, degrees.

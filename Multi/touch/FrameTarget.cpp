@@ -1,4 +1,4 @@
-#include "touch/PictureTarget.h"
+#include "touch/FrameTarget.h"
 
 #include <cstdint>
 
@@ -6,7 +6,7 @@
 
 namespace fovix {
 
-PictureTarget locateTarget(int targetX, int targetY, int width, int height) {
+FrameTarget locateTarget(int targetX, int targetY, int width, int height) {
     const double x = targetX, y = targetY, cx = width / 2, cy = height / 2;
     printLine("rect center(%f, %f)\n", x, y);
     printLine("image center(%f, %f)\n", cx, cy);
