@@ -122,4 +122,17 @@ testing::AssertionResult looksLike(const Image& actual, const Image& expected, i
            << writeForTest(shown, "difference");
 }
 
+testing::AssertionResult isAsStored(const std::string& file, const Image& actual) {
+    const Image stored = std::filesystem::exists(file) ? readPng(file) : Image();
+    const bool hasItsSize = stored.width == actual.width && stored.height == actual.height;
+    const Difference exact = hasItsSize ? differenceOf(actual, stored, 0) : Difference{-1, -1};
+    if (exact.pixels == 0) return testing::AssertionSuccess();
+    std::printf("%s: %d pixels differ, by up to %d levels\n", file.c_str(), exact.pixels, exact.largest);
+    const testing::AssertionResult result = looksLike(actual, stored, kTolerance, 0.001);
+    if (!std::getenv("FOVIX_UPDATE")) return result;
+    std::printf("stored again: %s%s\n", file.c_str(), result.message());
+    writePng(file, actual);
+    return testing::AssertionSuccess();
+}
+
 }  // namespace fovix_test

@@ -68,4 +68,8 @@ Difference differenceOf(const Image& actual, const Image& expected, int toleranc
 testing::AssertionResult looksLike(const Image& actual, const Image& expected, int tolerance = kTolerance,
                                    double shareOfOthers = 0.0);
 
+/// Looks like the stored picture: exactly, or but for a thousandth of the pixels. With FOVIX_UPDATE in the
+/// environment a picture that differs is stored instead; both print how much differs.
+testing::AssertionResult isAsStored(const std::string& file, const Image& actual);
+
 }  // namespace fovix_test

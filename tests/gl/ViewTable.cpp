@@ -156,17 +156,7 @@ void setUp(VRHANDLE handle, const ViewRow& row, const std::function<void()>& dra
 }
 
 testing::AssertionResult isAsStored(const ViewRow& row, const Image& actual) {
-    const std::string file = std::string(FOVIX_STORED_PICTURES "/") + row.name + ".png";
-    const Image stored = std::filesystem::exists(file) ? readPng(file) : Image();
-    const bool hasItsSize = stored.width == actual.width && stored.height == actual.height;
-    const Difference exact = hasItsSize ? differenceOf(actual, stored, 0) : Difference{-1, -1};
-    if (exact.pixels == 0) return testing::AssertionSuccess();
-    std::printf("%s: %d pixels differ, by up to %d levels\n", row.name, exact.pixels, exact.largest);
-    const testing::AssertionResult result = looksLike(actual, stored, kTolerance, 0.001);
-    if (!std::getenv("FOVIX_UPDATE")) return result;
-    std::printf("stored again: %s%s\n", file.c_str(), result.message());
-    writePng(file, actual);
-    return testing::AssertionSuccess();
+    return isAsStored(std::string(FOVIX_STORED_PICTURES "/") + row.name + ".png", actual);
 }
 
 }  // namespace fovix_test

@@ -30,8 +30,7 @@ const std::vector<ViewRow>& viewRows();
 /// Brings a prepared handle into the state that a row shows with its next frame.
 void setUp(VRHANDLE handle, const ViewRow& row, const std::function<void()>& drawFrame);
 
-/// Looks like the stored picture: exactly, or but for a thousandth of the pixels. With FOVIX_UPDATE in the
-/// environment a picture that differs is stored instead; both print how much differs.
+/// Looks like the picture of the row.
 testing::AssertionResult isAsStored(const ViewRow& row, const Image& actual);
 
 }  // namespace fovix_test

@@ -50,20 +50,6 @@ TEST(FovixRender, NumbersFramesAndAdvancesTheVideo) {
             .expectQuadrants(false, 3, std::min(frame, 2));
 }
 
-TEST(FovixRender, PassesTheLensOn) {
-    writeMedia(fileInTest("in.mkv"), "ffv1", AV_PIX_FMT_YUV420P, 64, 64, 1);
-    // Half as high as it is wide: the flat view leaves the upper quarter of the surface.
-    for (const auto& [lens, isFlat] :
-         {std::pair{"32,32,30,64,64", false}, std::pair{"32,16,16,64,32", true}}) {
-        const ProgramRun run =
-            runFovixRender(std::string("in.mkv --size 64x64 --background 0000ff --lens ") + lens);
-        EXPECT_EQ(run.status, 0) << run.errors;
-        const Rgb image = fromLimitedRange(kQuadrants[0]), background{0, 0, 255};
-        expectColour(Drawn("fovix.png").at(16, 12), isFlat ? background : image, 4, "above");
-        expectColour(Drawn("fovix.png").at(16, 24), image, 4, "in the flattened image");
-    }
-}
-
 TEST(FovixRender, KeepsDiagnosticsAwayFromItsOwnOutput) {
     writeMedia(fileInTest("in.mkv"), "ffv1", AV_PIX_FMT_YUV420P, 16, 16, 1);
     const ProgramRun quiet = runFovixRender("in.mkv --size 16x16 -o a.png");

@@ -15,6 +15,7 @@ using namespace fovix_host;
 
 namespace {
 
+constexpr auto kLimited = AVCOL_RANGE_MPEG, kFull = AVCOL_RANGE_JPEG, kUnknown = AVCOL_RANGE_UNSPECIFIED;
 constexpr int kRgba = 1, kPlanar = 3, kPairsUFirst = 9, kPairsVFirst = 10;
 
 std::uint8_t sample(int plane, int row, int byte) {
@@ -121,28 +122,48 @@ TEST(FramePacker, ReadsFramesThatAreStoredBottomUp) {
         EXPECT_EQ(packed.data[row * 20 + 2], sample(0, 3 - row, 2)) << "row " << row;
 }
 
-TEST(FramePacker, ConvertsOtherFormatsAndRanges) {
-    struct Conversion {
+// Colours of other formats and ranges, and of frames that are too large: 60 pixels are the most here.
+TEST(FramePacker, ConvertsAndScales) {
+    struct Case {
         AVPixelFormat format;
         AVColorRange range;
-        bool full;
+        int width, height, packedFormat, newWidth, newHeight;
     };
-    constexpr auto kLimited = AVCOL_RANGE_MPEG, kFull = AVCOL_RANGE_JPEG, kUnknown = AVCOL_RANGE_UNSPECIFIED;
-    for (const auto& [format, range, isFull] :
-         {Conversion{AV_PIX_FMT_YUVJ420P, kUnknown, true}, Conversion{AV_PIX_FMT_YUV420P, kFull, true},
-          Conversion{AV_PIX_FMT_YUVJ422P, kFull, true}, Conversion{AV_PIX_FMT_YUVJ444P, kFull, true},
-          Conversion{AV_PIX_FMT_YUV422P, kUnknown, false}, Conversion{AV_PIX_FMT_YUV444P, kLimited, false},
-          Conversion{AV_PIX_FMT_YUV420P10, kLimited, false}, Conversion{AV_PIX_FMT_YUV411P, kLimited, false}})
-        for (const auto& [width, height] : {std::pair{64, 48}, std::pair{61, 45}}) {
-            SCOPED_TRACE(testing::Message() << "format " << format << " range " << range << " " << width);
-            const FrameOwner frame = quadrantFrame(format, width, height);
-            frame->color_range = range;
-            FramePacker packer;
-            const PackedFrame packed = packer.pack(*frame);
-            EXPECT_EQ(packed.pixelFormat, kRgba);
-            ASSERT_EQ(packed.size, width * height * 4);
-            expectQuadrants(packed, isFull, 2);
-        }
+    for (const Case& test : {
+             Case{AV_PIX_FMT_YUVJ420P, kUnknown, 60, 48, kRgba, 60, 48},
+             Case{AV_PIX_FMT_YUV420P, kFull, 59, 45, kRgba, 59, 45},
+             Case{AV_PIX_FMT_YUVJ422P, kFull, 59, 45, kRgba, 59, 45},
+             Case{AV_PIX_FMT_YUVJ444P, kFull, 59, 45, kRgba, 59, 45},
+             Case{AV_PIX_FMT_YUV422P, kUnknown, 59, 45, kRgba, 59, 45},
+             Case{AV_PIX_FMT_YUV444P, kLimited, 59, 45, kRgba, 59, 45},
+             Case{AV_PIX_FMT_YUV420P10, kLimited, 59, 45, kRgba, 59, 45},
+             Case{AV_PIX_FMT_YUV411P, kLimited, 59, 45, kRgba, 59, 45},
+             Case{AV_PIX_FMT_YUV420P, kUnknown, 60, 45, kPlanar, 60, 45},
+             Case{AV_PIX_FMT_YUV420P, kUnknown, 120, 90, kPlanar, 60, 44},
+             Case{AV_PIX_FMT_YUV420P, kUnknown, 90, 122, kPlanar, 44, 60},
+             Case{AV_PIX_FMT_NV12, kUnknown, 120, 75, kPairsUFirst, 60, 36},
+             Case{AV_PIX_FMT_YUVJ422P, kUnknown, 61, 61, kRgba, 60, 60},
+             Case{AV_PIX_FMT_YUV420P, kUnknown, 900, 2, kPlanar, 60, 2},
+             Case{AV_PIX_FMT_YUV444P, kUnknown, 1, 90, kRgba, 1, 60},
+             // One pixel wide or high there is no chroma in the library's layout, but still a colour to show.
+             Case{AV_PIX_FMT_YUV420P, kUnknown, 1, 8, kRgba, 1, 8},
+         }) {
+        SCOPED_TRACE(testing::Message()
+                     << test.format << " " << test.range << " " << test.width << "x" << test.height);
+        const FrameOwner frame = quadrantFrame(test.format, test.width, test.height);
+        frame->color_range = test.range;
+        FramePacker all(PackedFormats::kAll, 60), toRgba(PackedFormats::kRgba, 60);
+        const PackedFrame packed = all.pack(*frame), rgba = toRgba.pack(*frame);
+        EXPECT_EQ(packed.pixelFormat, test.packedFormat);
+        EXPECT_EQ(packed.width, test.newWidth);
+        EXPECT_EQ(packed.height, test.newHeight);
+        ASSERT_EQ(rgba.size, test.newWidth * test.newHeight * 4);
+        const bool isFull =
+            test.range == kFull || test.format == AV_PIX_FMT_YUVJ420P || test.format == AV_PIX_FMT_YUVJ422P;
+        if (test.width > 20 && test.height > 20) expectQuadrants(rgba, isFull, 2);
+        const Rgb first{rgba.data[0], rgba.data[1], rgba.data[2]};
+        if (test.width == 1) expectColour(first, fromLimitedRange(kQuadrants[1]), 2, "first");
+    }
 }
 
 struct Shade {
@@ -152,7 +173,6 @@ struct Shade {
 };
 
 TEST(FramePacker, ConvertsGreyPalettesAndColours) {
-    constexpr auto kLimited = AVCOL_RANGE_MPEG, kFull = AVCOL_RANGE_JPEG, kUnknown = AVCOL_RANGE_UNSPECIFIED;
     for (const Shade& shade :
          {Shade{AV_PIX_FMT_GRAY8, kUnknown, 100, kRgba, 100}, Shade{AV_PIX_FMT_GRAY8, kFull, 200, kRgba, 200},
           Shade{AV_PIX_FMT_GRAY8, kLimited, 100, kPlanar, 100},
@@ -182,29 +202,6 @@ TEST(FramePacker, ConvertsGreyPalettesAndColours) {
     }
 }
 
-TEST(FramePacker, ScalesFramesThatAreTooLargeDown) {
-    struct Scaled {
-        AVPixelFormat format;
-        int width, height, newWidth, newHeight, packedFormat;
-    };
-    for (const Scaled& s : {Scaled{AV_PIX_FMT_YUV420P, 64, 48, 32, 24, kPlanar},
-                            Scaled{AV_PIX_FMT_YUV420P, 45, 61, 22, 32, kPlanar},
-                            Scaled{AV_PIX_FMT_NV12, 64, 40, 32, 20, kPairsUFirst},
-                            Scaled{AV_PIX_FMT_YUVJ422P, 33, 33, 32, 32, kRgba},
-                            Scaled{AV_PIX_FMT_YUV420P, 32, 31, 32, 31, kPlanar},
-                            Scaled{AV_PIX_FMT_YUV420P, 900, 2, 32, 2, kPlanar},
-                            Scaled{AV_PIX_FMT_YUV444P, 1, 90, 1, 32, kRgba}}) {
-        SCOPED_TRACE(testing::Message() << s.format << " " << s.width << "x" << s.height);
-        const FrameOwner frame = quadrantFrame(s.format, s.width, s.height);
-        const PackedFrame packed = FramePacker(PackedFormats::kAll, 32).pack(*frame);
-        EXPECT_EQ(packed.pixelFormat, s.packedFormat);
-        EXPECT_EQ(packed.width, s.newWidth);
-        EXPECT_EQ(packed.height, s.newHeight);
-        FramePacker toRgba(PackedFormats::kRgba, 32);
-        if (s.width > 20 && s.height > 20) expectQuadrants(toRgba.pack(*frame), s.packedFormat == kRgba, 2);
-    }
-}
-
 TEST(FramePacker, UsesTheMatrixOfTheFrame) {
     const FrameOwner frame = quadrantFrame(AV_PIX_FMT_YUV444P, 32, 32);
     frame->colorspace = AVCOL_SPC_BT709;
@@ -214,16 +211,6 @@ TEST(FramePacker, UsesTheMatrixOfTheFrame) {
     EXPECT_NEAR(packed.data[0], 1.1644 * 65 + 1.7927 * 72, 2);
     EXPECT_NEAR(packed.data[1], 1.1644 * 65 - 0.2132 * -38 - 0.5329 * 72, 2);
     EXPECT_EQ(packed.data[2], 0);
-}
-
-// One pixel wide or high there is no chroma in the library's layout, but still a colour to show.
-TEST(FramePacker, KeepsTheColourOfFramesOnePixelWide) {
-    const FrameOwner frame = quadrantFrame(AV_PIX_FMT_YUV420P, 1, 8);
-    FramePacker packer;
-    const PackedFrame packed = packer.pack(*frame);
-    ASSERT_EQ(packed.pixelFormat, kRgba);
-    expectColour({packed.data[0], packed.data[1], packed.data[2]}, fromLimitedRange(kQuadrants[1]), 2,
-                 "first");
 }
 
 TEST(FramePacker, RefusesWhatTheLibraryCannotTake) {
