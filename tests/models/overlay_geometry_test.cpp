@@ -6,6 +6,11 @@
 #include <climits>
 #include <cmath>
 #include <numeric>
+#include <optional>
+
+#include "Fovix.h"
+#include "view/Layouts360VR.h"
+#include "view/Screens180VR.h"
 
 using namespace fovix;
 
@@ -19,29 +24,25 @@ void expectQuad(const QuadLoop& q, double cx, double cy, double width, double he
     for (int i = 0; i < 4; ++i) EXPECT_NEAR(sides[i], expected[i], 2e-6) << "side " << i;
 }
 
-TEST(ScreenFrames, LieAThousandthInsideTheirScreens) {
-    // Middle and size of each screen in sixths of the surface, from its lower left corner.
-    const struct {
-        int shape, screen;
-        double x, y, width, height;
-    } cases[] = {{7, 0, 1.5, 4.5, 3, 3}, {7, 1, 4.5, 4.5, 3, 3}, {7, 2, 1.5, 1.5, 3, 3},
-                 {7, 3, 4.5, 1.5, 3, 3}, {8, 1, 5, 5, 2, 2},     {8, 2, 5, 3, 2, 2},
-                 {8, 3, 5, 1, 2, 2},     {8, 4, 3, 1, 2, 2},     {8, 5, 1, 1, 2, 2},
-                 {9, 0, 1.5, 4, 3, 4},   {9, 1, 4.5, 4, 3, 4},   {10, 0, 3, 4, 6, 4},
-                 {10, 1, 1.5, 1, 3, 2},  {10, 2, 4.5, 1, 3, 2}};
-    int found = 0;
-    for (int k = 0; k < 13 * 8; ++k) found += screenOutline(k / 8 - 1, k % 8 - 1).has_value();
-    EXPECT_EQ(found, 14);
-    for (const auto& c : cases) {
-        SCOPED_TRACE(testing::Message() << "shape " << c.shape << " screen " << c.screen);
-        const QuadLoop frame = screenOutline(c.shape, c.screen).value();
-        expectQuad(frame, c.x / 3 - 1, c.y / 3 - 1, c.width / 3 - 0.002, c.height / 3 - 0.002);
+TEST(ScreenOutlines, AreAThousandthInsideTheirScreens) {
+    int outlines = 0;
+    for (int k = 0; k < 13 * 8; ++k) {
+        const int shape = k / 8 - 1, screen = k % 8 - 1;
+        SCOPED_TRACE(testing::Message() << "shape " << shape << " screen " << screen);
+        const std::optional<QuadLoop> outline = screenOutline(shape, screen);
+        if (!outline) continue;
+        ++outlines;
+        const auto index = static_cast<std::size_t>(screen);
+        const SurfaceRect rect = shape == FOVIX_SHAPE_LARGE_AND_TWO
+                                     ? layout180VR(shape, 6000, 6000).screens.at(index).viewport
+                                     : layout360VR(shape, 6000, 6000).screens.at(index);
+        expectQuad(*outline, (rect.x + rect.width / 2.0) / 3000 - 1, (rect.y + rect.height / 2.0) / 3000 - 1,
+                   rect.width / 3000.0 - 0.002, rect.height / 3000.0 - 0.002);
     }
+    EXPECT_EQ(outlines, 14);
 }
 
-TEST(Indicators, TruncatePanAndHoldTheMarkerInTheInset) {
-    expectQuad(buildViewRect(1.0f, 180.9, 50, 5), -1, -0.7666667, 0.525, 0.56);
-    expectQuad(buildViewRect(2.0f, -800.5, 25, 40), 100.0 / 180 - 1, -0.8416667, 0.375, 0.8);
+TEST(Indicators, HoldTheMarkerInTheInset) {
     const struct {
         double offsetX, zoom, shift, cx, cy, width, height;
     } pipFrames[] = {{1.43, 1, 9, 1.16, -0.7, 0.34, 0.34},

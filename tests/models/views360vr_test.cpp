@@ -90,31 +90,6 @@ TEST(Views360VR, TheGlidingViewReplacesEveryScreensOwn) {
     }
 }
 
-TEST(Views360VR, LimitsAndDefaultsFollowMountAndShape) {
-    const double far = 1000.0;  // where there is no limit
-    const struct {
-        int mount, shape;
-        View360VR lowest, highest, start;
-    } rows[] = {
-        {0, 2, view(-far, -100, 90, 0), view(far, -60, 90, 0), view(90, -75, 90)},
-        {0, 3, view(-far, -45, 90, -far), view(far, 45, 90, far), view(90, 0, 90)},
-        {0, 4, view(-far, -10, 90, -far), view(far, 10, 90, far), view(90, 0, 90)},
-        {0, 5, view(-far, 0, 5, -far), view(far, 90, 90, far), view(0, 33, 90)},
-        {1, 0, view(15, 15, 5, -far), view(165, 165, 90, far), view(90, 90, 90)},
-        {1, 2, view(-far, -100, 90, 0), view(far, -60, 90, 0), view(90, -75, 90)},
-        {2, 0, view(0, 0, 5, -far), view(180, 180, 90, far), view(90, 90, 90)},
-    };
-    const auto isSame = [](const View360VR& a, const View360VR& b) {
-        return a.mPan == b.mPan && a.mTilt == b.mTilt && a.mZoom == b.mZoom && a.mRoll == b.mRoll;
-    };
-    for (const auto& [mount, shape, lowest, highest, start] : rows) {
-        SCOPED_TRACE(testing::Message() << mount << ", " << shape);
-        EXPECT_TRUE(isSame(limitedView(view(-far, -far, -far, -far), mount, shape), lowest));
-        EXPECT_TRUE(isSame(limitedView(view(far, far, far, far), mount, shape), highest));
-        EXPECT_TRUE(isSame(defaultView(view(11, 33, 44, 55, 66), mount, shape), start));
-    }
-}
-
 TEST(Layouts360VR, TouchesFindTheScreensOfOddSizes) {
     constexpr int kMost = std::numeric_limits<int>::max();
     const std::array<int, 5> touches[] = {
