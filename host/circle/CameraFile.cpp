@@ -12,8 +12,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view kRight =
-    "it wants 'lens = CX,CY,RADIUS,W,H', for example 'lens = 960,960,940,1920,1920'";
+constexpr std::string_view kExpectedLine =
+    "expected 'lens = CX,CY,RADIUS,W,H', such as 'lens = 960,960,940,1920,1920'";
 
 fs::path folderIn(const char* variable) {
     const char* value = std::getenv(variable);
@@ -24,8 +24,7 @@ fs::path folderIn(const char* variable) {
 fs::path configurationFolder() {
     if (const fs::path folder = folderIn("XDG_CONFIG_HOME"); !folder.empty()) return folder;
     if (const fs::path home = folderIn("HOME"); !home.empty()) return home / ".config";
-    throw std::runtime_error(
-        "no folder for camera files; set HOME or XDG_CONFIG_HOME to the path of a folder from / on");
+    throw std::runtime_error("no folder for camera files; set HOME or XDG_CONFIG_HOME to an absolute path");
 }
 
 std::string_view trimmed(std::string_view text) {
@@ -50,11 +49,11 @@ std::optional<LensCircle> CameraFile::read() const {
     std::error_code ignored;
     if (!fs::exists(_path, ignored)) return std::nullopt;
     const auto fail = [&](const std::string& why) {
-        throw std::runtime_error("'" + _path.string() + "' " + why + std::string(kRight));
+        throw std::runtime_error("'" + _path.string() + "' " + why + std::string(kExpectedLine));
     };
     std::ifstream file(_path);
     if (!fs::is_regular_file(_path, ignored) || !file)
-        throw std::runtime_error("'" + _path.string() + "' cannot be read; it should be a text file");
+        throw std::runtime_error("'" + _path.string() + "' cannot be read; expected a text file");
     std::optional<LensCircle> lens;
     int number = 0;
     for (std::string text; std::getline(file, text);) {
@@ -64,11 +63,11 @@ std::optional<LensCircle> CameraFile::read() const {
         const std::size_t equals = line.find('=');
         const bool isLens = equals != line.npos && trimmed(line.substr(0, equals)) == "lens";
         const auto value = isLens ? lensIn(trimmed(line.substr(equals + 1))) : std::nullopt;
-        if (!value) fail("has a wrong line " + std::to_string(number) + "; ");
+        if (!value) fail("has an invalid line " + std::to_string(number) + "; ");
         if (lens) fail("has a second lens in line " + std::to_string(number) + "; ");
         lens = value;
     }
-    if (!lens) fail("has no line with the lens; ");
+    if (!lens) fail("has no lens; ");
     return lens;
 }
 
@@ -76,11 +75,11 @@ void CameraFile::keep(const LensCircle& lens) const {
     std::error_code problem;
     fs::create_directories(_path.parent_path(), problem);
     if (problem)
-        throw std::runtime_error("cannot make the folder '" + _path.parent_path().string() +
+        throw std::runtime_error("cannot create the folder '" + _path.parent_path().string() +
                                  "': " + problem.message());
     const std::string text = "# Camera " + _name +
-                             ": centre x, centre y and radius of its lens circle in pixels, width and "
-                             "height of the image they refer to.\nlens = " +
+                             ": centre x, centre y and radius of its lens circle in pixels, and the width "
+                             "and height of the image they refer to.\nlens = " +
                              textOf(lens) + "\n";
     OutputFile file(_path.string());
     file.write(text.data(), text.size());

@@ -11,7 +11,7 @@
 
 namespace fovix_host {
 
-constexpr std::string_view kCameraNameWanted = "up to 100 letters, digits, dots, dashes and underscores";
+constexpr std::string_view kExpectedCameraName = "up to 100 letters, digits, dots, dashes and underscores";
 bool isCameraName(std::string_view name);
 
 class CameraFile {

@@ -13,7 +13,7 @@ std::string kept(const LensRequest& request, const LensCircle& lens) {
     if (request.camera.empty()) return {};
     const CameraFile file(request.camera);
     file.keep(lens);
-    return "kept in '" + file.path().string() + "'";
+    return "saved in '" + file.path().string() + "'";
 }
 
 }  // namespace
@@ -35,10 +35,10 @@ LensChoice lensAfterSearch(const LensRequest& request, const std::optional<Found
     if (!found || !found->isSure())
         return {std::nullopt, "no lens circle found" +
                                   (found ? " (confidence " + found->percent() + ")" : "") +
-                                  ", so one in the middle of the picture is assumed; --lens sets it"};
+                                  ", assuming a centred one; --lens sets it"};
     const std::string where = kept(request, found->circle);
-    return {found->circle, "lens circle " + textOf(found->circle) + " found, confidence " + found->percent() +
-                               (where.empty() ? "" : ", and " + where) + "; --lens sets another"};
+    return {found->circle, "lens circle " + textOf(found->circle) + " found (confidence " + found->percent() +
+                               ")" + (where.empty() ? "" : " and " + where) + "; --lens overrides it"};
 }
 
 std::string misfitOf(const LensCircle& lens, int width, int height) {
@@ -47,9 +47,8 @@ std::string misfitOf(const LensCircle& lens, int width, int height) {
     const double down = static_cast<double>(height) / lens.imageHeight;
     if (std::max(across, down) <= kSameAs * std::min(across, down)) return {};
     const std::string size = std::to_string(width) + "," + std::to_string(height);
-    return "lens circle " + textOf(lens) + " is that of an image with other proportions than the picture's " +
-           std::to_string(width) + "x" + std::to_string(height) + "; --lens CX,CY,RADIUS," + size +
-           " would be right";
+    return "lens circle " + textOf(lens) + " refers to an image with another aspect ratio than the " +
+           std::to_string(width) + "x" + std::to_string(height) + " frame; use --lens CX,CY,RADIUS," + size;
 }
 
 }  // namespace fovix_host

@@ -9,10 +9,11 @@
 
 namespace fovix_host {
 
-// What lensIn takes, for sentences that refuse something else.
-constexpr std::string_view kLensWanted =
-    "five whole numbers above 0 with commas between: centre x, centre y and radius of the lens circle, width "
-    "and height of the image they refer to";
+// What lensIn() accepts, for error messages.
+constexpr std::string_view kExpectedLens =
+    "five whole numbers above 0, separated by commas (centre x, centre y and radius of the lens circle, "
+    "width "
+    "and height of the image they refer to)";
 
 std::optional<LensCircle> lensIn(std::string_view text);
 std::string textOf(const LensCircle& lens);

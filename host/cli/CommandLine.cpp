@@ -55,7 +55,7 @@ void CommandLine::addText(const char* names, const char* placeholder, const char
     _app->add_option(names, text, meaning)
         ->type_name(placeholder)
         ->check([this, names, placeholder](const std::string& value) {
-            if (value.empty()) refuseCommandLine(std::string(names) + " lacks its value, " + placeholder);
+            if (value.empty()) refuseCommandLine(std::string(names) + " needs a value, " + placeholder);
             return std::string();
         });
 }
@@ -91,8 +91,8 @@ void CommandLine::refuseArguments(const std::string& why) const {
     const auto tells = [&](const char* words) { return why.find(words) != why.npos; };
     if (tells("flag override")) refuseCommandLine("--" + why.substr(0, why.find(' ')) + " takes no value");
     const std::string name = why.substr(0, why.find(':'));
-    if (tells("received")) refuseCommandLine(name + " is given twice");
-    refuseCommandLine(name + " lacks its value, " + _app->get_option(name)->get_type_name());
+    if (tells("received")) refuseCommandLine(name + " is given more than once");
+    refuseCommandLine(name + " needs a value, " + _app->get_option(name)->get_type_name());
 }
 
 void CommandLine::parse(int argc, const char* const* argv) {
@@ -103,7 +103,7 @@ void CommandLine::parse(int argc, const char* const* argv) {
     } catch (const CLI::CallForVersion& version) {
         throw TextWanted{std::string(version.what()) + "\n"};
     } catch (const CLI::ExtrasError&) {
-        refuseCommandLine("'" + _app->remaining().front() + "' is not understood");
+        refuseCommandLine("unknown option '" + _app->remaining().front() + "'");
     } catch (const CLI::ArgumentMismatch& error) {
         refuseArguments(error.what());
     } catch (const CLI::ParseError& error) {

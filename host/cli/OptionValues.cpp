@@ -5,9 +5,9 @@
 
 namespace fovix_host {
 
-void refuse(std::string_view option, std::string_view value, std::string_view wanted) {
-    throw UsageError(std::string(option) + " cannot be '" + std::string(value) + "'; it wants " +
-                     std::string(wanted));
+void refuse(std::string_view option, std::string_view value, std::string_view expected) {
+    throw UsageError(std::string(option) + ": expected " + std::string(expected) + ", got '" +
+                     std::string(value) + "'");
 }
 
 SurfaceSize parseSize(const std::string& text) {
@@ -15,30 +15,30 @@ SurfaceSize parseSize(const std::string& text) {
     const auto size = numbersIn<int>(text, 'x');
     if (!size || size->size() != 2 || *std::min_element(size->begin(), size->end()) < 1 ||
         *std::max_element(size->begin(), size->end()) > kMost)
-        refuse("--size", text, "WIDTHxHEIGHT in pixels, each from 1 to 65535, for example 1280x720");
+        refuse("--size", text, "WIDTHxHEIGHT in pixels, each from 1 to 65535 (such as 1280x720)");
     return {size->front(), size->back()};
 }
 
 unsigned int parseBackground(const std::string& text) {
     const auto colour = numberIn<unsigned int>(text, 16);
     if (!colour || text.size() != 6)
-        refuse("--background", text, "six hexadecimal digits RRGGBB, for example 202830");
+        refuse("--background", text, "six hexadecimal digits RRGGBB (such as 202830)");
     return *colour;
 }
 
 double parseTime(std::string_view option, const std::string& text) {
-    constexpr const char* kWanted = "a time in seconds or as [H:]M:S, for example 90, 1:30 or 0:01:30.5";
+    constexpr const char* kExpected = "a time in seconds or as [H:]M:S (such as 90, 1:30 or 0:01:30.5)";
     constexpr double kMost = 1e7;
     const auto parts = numbersIn<double>(text, ':');
-    if (!parts || parts->size() > 3) refuse(option, text, kWanted);
+    if (!parts || parts->size() > 3) refuse(option, text, kExpected);
     double seconds = 0;
     for (std::size_t i = 0; i < parts->size(); ++i) {
         const double part = (*parts)[i];
         const bool isWhole = part == std::floor(part) || i + 1 == parts->size();
-        if (!isWhole || std::signbit(part) || (i > 0 && part >= 60)) refuse(option, text, kWanted);
+        if (!isWhole || std::signbit(part) || (i > 0 && part >= 60)) refuse(option, text, kExpected);
         seconds = seconds * 60 + part;
     }
-    if (seconds > kMost) refuse(option, text, kWanted);
+    if (seconds > kMost) refuse(option, text, kExpected);
     return seconds;
 }
 

@@ -12,7 +12,8 @@
 
 namespace fovix_host {
 
-[[noreturn]] void refuse(std::string_view option, std::string_view value, std::string_view wanted);
+// Throws UsageError: "OPTION: expected EXPECTED, got 'VALUE'".
+[[noreturn]] void refuse(std::string_view option, std::string_view value, std::string_view expected);
 
 // The whole text as a number, or nothing.
 template <typename Number, typename... Base>

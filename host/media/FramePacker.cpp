@@ -35,13 +35,13 @@ bool liesInOneBlock(const AVFrame& frame) {
 }
 
 void checkSize(const AVFrame& frame) {
-    const std::string size = std::to_string(frame.width) + " x " + std::to_string(frame.height);
+    const std::string size = std::to_string(frame.width) + "x" + std::to_string(frame.height);
     if (frame.width <= 0 || frame.height <= 0 || !frame.data[0])
-        throw std::runtime_error("the picture of " + size + " pixels is empty");
+        throw std::runtime_error("the " + size + " frame is empty");
     // The library reserves 4 bytes per pixel and a little more, and counts them in an int.
     constexpr std::int64_t kMost = (INT_MAX - 1024) / 4;
     if (std::int64_t{frame.width} * frame.height > kMost)
-        throw std::runtime_error("the picture of " + size + " pixels is too large");
+        throw std::runtime_error("the " + size + " frame is too large");
 }
 
 // At least two where there were two, and even: planes with a chroma sample for two pixels end there.

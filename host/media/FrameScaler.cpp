@@ -47,14 +47,14 @@ void FrameScaler::scale(const AVFrame& from, AVFrame& to) {
                                        to.height, toFormat, kQuality, nullptr, nullptr, nullptr));
     if (!_scaler) {
         const char* name = av_get_pix_fmt_name(fromFormat);
-        throw std::runtime_error(std::string("pictures in the pixel format '") + (name ? name : "unknown") +
+        throw std::runtime_error(std::string("frames in pixel format '") + (name ? name : "unknown") +
                                  "' cannot be converted");
     }
     constexpr int kUnit = 1 << 16;  // contrast and saturation 1.0
     sws_setColorspaceDetails(_scaler.get(), sws_getCoefficients(from.colorspace), isFullRange(from) ? 1 : 0,
                              sws_getCoefficients(to.colorspace), isFullRange(to) ? 1 : 0, 0, kUnit, kUnit);
     if (sws_scale(_scaler.get(), from.data, from.linesize, 0, from.height, to.data, to.linesize) != to.height)
-        throw std::runtime_error("the picture cannot be converted");
+        throw std::runtime_error("the frame cannot be converted");
 }
 
 }  // namespace fovix_host

@@ -25,7 +25,7 @@ class MediaSource final : public FrameSource {
         _first = nullptr;
         if (!frame) {
             if (_reader->isLost())
-                notify("broke off after " + std::to_string(_reader->framesRead()) + " pictures");
+                notify("broke off after " + std::to_string(_reader->framesRead()) + " frames");
             return std::nullopt;
         }
         if (!_begin) _begin = _reader->seconds();
@@ -64,16 +64,16 @@ class MediaSource final : public FrameSource {
     [[noreturn]] void refuseStart() const {
         char end[32];
         std::snprintf(end, sizeof end, "%.3f", _reader->seconds());
-        throw std::runtime_error("--start is beyond the end of '" + _reader->input() +
-                                 "'; its last picture is due at " + end + " seconds");
+        throw std::runtime_error("--start is past the end of '" + _reader->input() +
+                                 "'; its last frame is at " + end + " seconds");
     }
 
     PackedFrame packed(const AVFrame& frame) {
         try {
             const PackedFrame picture = _packer.pack(frame);
             if (picture.width != frame.width && !std::exchange(_saidScaled, true))
-                notify("has pictures of " + sizeText(frame.width, frame.height) +
-                       ", larger than the textures of this GL; they are scaled down to " +
+                notify("has frames of " + sizeText(frame.width, frame.height) +
+                       ", larger than the maximum texture size; they are scaled down to " +
                        sizeText(picture.width, picture.height));
             return picture;
         } catch (const std::runtime_error& problem) {

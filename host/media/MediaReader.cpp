@@ -92,7 +92,7 @@ void MediaReader::failOpening(const std::string& what, int code) const {
 
 void MediaReader::openInput() {
     std::error_code ignored;
-    if (std::filesystem::is_directory(_input, ignored)) fail("is a directory, not a picture or video", 0);
+    if (std::filesystem::is_directory(_input, ignored)) fail("is a directory, not an image or video", 0);
 
     _isFile = std::filesystem::is_regular_file(_input, ignored);
 
@@ -105,10 +105,10 @@ void MediaReader::openInput() {
     const Address address = addressOf(_input);
     const int opened = avformat_open_input(&format, address.name.c_str(), address.format, &options);
     av_dict_free(&options);
-    if (opened == AVERROR_INVALIDDATA) fail("is not a picture or video in a known format", 0);
+    if (opened == AVERROR_INVALIDDATA) fail("is not an image or video in a known format", 0);
     if (opened < 0) failOpening("cannot be opened", opened);
     _format.reset(format);
-    if (isTextDrawn(*format)) fail("is not a picture or video in a known format", 0);
+    if (isTextDrawn(*format)) fail("is not an image or video in a known format", 0);
 
     const int probed = avformat_find_stream_info(format, nullptr);
     if (probed < 0) failOpening("cannot be read", probed);
@@ -117,8 +117,8 @@ void MediaReader::openInput() {
 void MediaReader::openDecoder() {
     const AVCodec* decoder = nullptr;
     _stream = av_find_best_stream(_format.get(), AVMEDIA_TYPE_VIDEO, -1, -1, &decoder, 0);
-    if (_stream == AVERROR_DECODER_NOT_FOUND) fail("holds a video that no decoder here can read", 0);
-    if (_stream < 0) fail("holds no picture or video", 0);
+    if (_stream == AVERROR_DECODER_NOT_FOUND) fail("contains a video for which no decoder is installed", 0);
+    if (_stream < 0) fail("contains no image or video", 0);
 
     _codec.reset(avcodec_alloc_context3(decoder));
     if (!_codec) throw std::bad_alloc();
@@ -232,7 +232,7 @@ const AVFrame* MediaReader::next() {
             return nullptr;
         }
     }
-    if (_framesRead == 0 && _notBefore == 0) fail("holds no picture that can be decoded", _lastError);
+    if (_framesRead == 0 && _notBefore == 0) fail("contains no frame that can be decoded", _lastError);
     return nullptr;
 }
 

@@ -16,7 +16,7 @@ FrameOwner rgbFrame(const RgbaImage& image) {
     frame->format = AV_PIX_FMT_RGB24;
     frame->width = image.width;
     frame->height = image.height;
-    must(av_frame_get_buffer(frame.get(), 0), "no memory for the PNG picture");
+    must(av_frame_get_buffer(frame.get(), 0), "out of memory for the PNG image");
     for (int y = 0; y < image.height; ++y) {
         const std::uint8_t* from = image.at(0, y);
         std::uint8_t* to = frame->data[0] + static_cast<std::ptrdiff_t>(y) * frame->linesize[0];
@@ -27,7 +27,7 @@ FrameOwner rgbFrame(const RgbaImage& image) {
 
 PacketOwner encode(const RgbaImage& image) {
     const AVCodec* encoder = avcodec_find_encoder(AV_CODEC_ID_PNG);
-    if (!encoder) throw std::runtime_error("this build of FFmpeg has no PNG encoder");
+    if (!encoder) throw std::runtime_error("this FFmpeg has no PNG encoder");
     CodecOwner codec(avcodec_alloc_context3(encoder));
     PacketOwner packet(av_packet_alloc());
     if (!codec || !packet) throw std::bad_alloc();
@@ -36,10 +36,10 @@ PacketOwner encode(const RgbaImage& image) {
     codec->pix_fmt = AV_PIX_FMT_RGB24;
     codec->time_base = {1, 25};
     codec->thread_count = 1;
-    must(avcodec_open2(codec.get(), encoder, nullptr), "the PNG encoder cannot start");
-    must(avcodec_send_frame(codec.get(), rgbFrame(image).get()), "the picture cannot be encoded");
-    must(avcodec_send_frame(codec.get(), nullptr), "the picture cannot be encoded");
-    must(avcodec_receive_packet(codec.get(), packet.get()), "the picture cannot be encoded");
+    must(avcodec_open2(codec.get(), encoder, nullptr), "cannot start the PNG encoder");
+    must(avcodec_send_frame(codec.get(), rgbFrame(image).get()), "cannot encode the PNG image");
+    must(avcodec_send_frame(codec.get(), nullptr), "cannot encode the PNG image");
+    must(avcodec_receive_packet(codec.get(), packet.get()), "cannot encode the PNG image");
     return packet;
 }
 

@@ -58,7 +58,7 @@ VideoWriter::VideoWriter(const std::string& file, const VideoSettings& settings)
     if (!_packet) throw std::bad_alloc();
     if (!_file.isSeekable())
         throw std::runtime_error("cannot write '" + file +
-                                 "': a video wants a file, not a pipe; -o - gives raw RGBA for pipes");
+                                 "': a video needs a file, not a pipe; -o - writes raw RGBA to a pipe");
     openMuxer();
     openEncoder();
     AVStream* stream = avformat_new_stream(_muxer.get(), nullptr);
@@ -75,8 +75,8 @@ VideoWriter::VideoWriter(const std::string& file, const VideoSettings& settings)
 void VideoWriter::openMuxer() {
     AVFormatContext* muxer = nullptr;
     if (avformat_alloc_output_context2(&muxer, nullptr, nullptr, _file.name().c_str()) < 0)
-        throw std::runtime_error("no video format is known for '" + _file.name() +
-                                 "'; its name may end in .mp4 or .mkv");
+        throw std::runtime_error("cannot write '" + _file.name() +
+                                 "': unknown video format; use a name ending in .mp4 or .mkv");
     _muxer.reset(muxer);
     constexpr int kBufferSize = 1 << 16;
     auto* buffer = static_cast<unsigned char*>(av_malloc(kBufferSize));
@@ -95,9 +95,9 @@ void VideoWriter::openEncoder() {
     void* next = nullptr;
     while (const AVCodec* codec = av_codec_iterate(&next))
         if (codec->id == wanted && av_codec_is_encoder(codec) && tryEncoder(*codec)) return;
-    throw std::runtime_error("'" + _file.name() + "' cannot be written: the FFmpeg here has no " +
+    throw std::runtime_error("cannot write '" + _file.name() + "': this FFmpeg has no " +
                              (isH264 ? "H.264 encoder (such as libx264)" : "FFV1 encoder") +
-                             " for pictures of " + sizeText(_settings.width, _settings.height));
+                             " for frames of " + sizeText(_settings.width, _settings.height));
 }
 
 bool VideoWriter::tryEncoder(const AVCodec& encoder) {

@@ -16,40 +16,40 @@ namespace {
 SampleScene::Camera parseCamera(const std::string& text) {
     if (text.empty() || text == "ceiling") return SampleScene::Camera::kCeiling;
     if (text == "wall") return SampleScene::Camera::kWall;
-    refuse("--sample", text, "ceiling or wall, and no input besides");
+    refuse("--sample", text, "ceiling or wall (and no other input)");
 }
 
 LensCircle parseLens(const std::string& text) {
     const auto lens = lensIn(text);
-    if (!lens) refuse("--lens", text, kLensWanted);
+    if (!lens) refuse("--lens", text, kExpectedLens);
     const auto isBeyond = [&](int center, int length) {
         return center >= std::int64_t{lens->radius} + length;
     };
     if (isBeyond(lens->xCenter, lens->imageWidth) || isBeyond(lens->yCenter, lens->imageHeight))
-        refuse("--lens", text, "a circle that lies in its image, at least in part");
+        refuse("--lens", text, "a circle that overlaps its image");
     return *lens;
 }
 
 std::string parseCameraName(const std::string& text) {
-    if (!isCameraName(text)) refuse("--camera", text, kCameraNameWanted);
+    if (!isCameraName(text)) refuse("--camera", text, kExpectedCameraName);
     return text;
 }
 
 void checkNames(const std::vector<std::string>& inputs) {
     if (std::find(inputs.begin(), inputs.end(), "") != inputs.end())
-        throw UsageError("an input has an empty name; give a picture or video");
+        throw UsageError("an input has an empty name");
     if (std::count(inputs.begin(), inputs.end(), "-") > 1)
-        throw UsageError("standard input can be read once; give - only once");
+        throw UsageError("standard input can be read only once; give - once");
 }
 
 // A lens circle is kept of cameras that show one.
 void checkCamera(const InputOptions& options, const ViewOptions& view) {
     if (options.camera.empty()) return;
-    if (options.sample) throw UsageError("--camera does not go with --sample, which knows its lens");
+    if (options.sample) throw UsageError("--camera does not apply to --sample, whose lens is known");
     if (view.takesSeveralInputs() || view.type == FOVIX_TYPE_TWO_LENSES)
-        throw UsageError("--camera does not fit --type " + viewTypeName(view.type) +
-                         "; it goes with types that show one lens");
-    if (options.inputs.empty()) throw UsageError("--camera wants a picture or video of that camera");
+        throw UsageError("--camera does not apply to --type " + viewTypeName(view.type) +
+                         "; use it with a type that shows one lens");
+    if (options.inputs.empty()) throw UsageError("--camera needs an input from that camera");
 }
 
 }  // namespace
@@ -57,15 +57,15 @@ void checkCamera(const InputOptions& options, const ViewOptions& view) {
 void describeInputOptions(CommandLine& line, InputOptions& options) {
     line.addInputs(options.inputs);
     line.addText(
-        "--sample", "[=ceiling|wall]", "draw a car park instead, seen from there",
+        "--sample", "[=ceiling|wall]", "use a synthetic car park as input",
         [&](const std::string& value) {
             options.sample = parseCamera(value);
             options.samplesDiffer = value.empty();
         },
         CommandLine::Value::kOptional);
-    line.addText("--lens", "CX,CY,RADIUS,W,H", "lens circle and the size of its image [found]",
+    line.addText("--lens", "CX,CY,RADIUS,W,H", "lens circle, and size of its image [detected]",
                  [&](const std::string& value) { options.lens = parseLens(value); });
-    line.addText("--camera", "NAME", "keep the lens for next time, by this name",
+    line.addText("--camera", "NAME", "load or store the lens circle under this name",
                  [&](const std::string& value) { options.camera = parseCameraName(value); });
 }
 
@@ -73,7 +73,7 @@ void checkInputOptions(const InputOptions& options, const ViewOptions& view) {
     const auto& inputs = options.inputs;
     checkNames(inputs);
     if (options.sample && !inputs.empty())
-        throw UsageError("--sample makes the input itself; give either " + quotedName(inputs.front()) +
+        throw UsageError("--sample generates its own input; give either " + quotedName(inputs.front()) +
                          " or --sample");
     const int count = static_cast<int>(inputs.size());
     const int most = view.grid ? view.grid->rows * view.grid->columns : kMaxInputs;
@@ -81,12 +81,11 @@ void checkInputOptions(const InputOptions& options, const ViewOptions& view) {
         throw UsageError(quotedName(inputs[1]) + " is one input too many for --type " +
                          viewTypeName(view.type) + "; grid and lenses take several");
     if (count > most)
-        throw UsageError(std::to_string(count) + " inputs are too many; there is room for " +
+        throw UsageError(std::to_string(count) + " inputs are too many; the maximum is " +
                          std::to_string(most));
     if (count > 0 && view.lensShown.value_or(0) >= count)
-        throw UsageError(
-            "--show-lens cannot be " + std::to_string(*view.lensShown) +
-            (count == 1 ? "; the only input is 0" : "; the inputs are 0 to " + std::to_string(count - 1)));
+        refuse("--show-lens", std::to_string(*view.lensShown),
+               count == 1 ? "0, the only input" : "an input from 0 to " + std::to_string(count - 1));
     checkCamera(options, view);
 }
 

@@ -41,13 +41,13 @@ void checkFit(const ViewTexts& texts, int type) {
         if (!fit.given || std::find(fit.types.begin(), fit.types.end(), type) != fit.types.end()) continue;
         std::string right = "--type " + viewTypeName(fit.types.front());
         if (fit.types.size() > 1) right += " or " + viewTypeName(fit.types.back());
-        throw UsageError(std::string(fit.option) + " does not fit --type " + viewTypeName(type) +
-                         "; it goes with " + right);
+        throw UsageError(std::string(fit.option) + " does not apply to --type " + viewTypeName(type) +
+                         "; use it with " + right);
     }
     if (any(texts.shape) && any(texts.drawMode))
-        throw UsageError("--shape and --draw-mode both choose the projection of type 180; give one of them");
+        throw UsageError("--shape and --draw-mode both select the projection of type 180; give only one");
     if (!texts.rotateZoom.empty() && type == FOVIX_TYPE_360VR)
-        throw UsageError("--rotate-zoom does not fit --type 360; --ptz sets the views of that type");
+        throw UsageError("--rotate-zoom does not apply to --type 360; use --ptz");
 }
 
 template <typename Table>
@@ -56,7 +56,7 @@ std::optional<int> parseCode(std::string_view option, std::string_view text, con
     const auto number = numberIn<int>(text);
     for (const auto& row : table)
         if (row.name == text || row.code == number) return row.code;
-    refuse(option, text, "a number of --list or one of " + namesIn(table));
+    refuse(option, text, "a number from --list or one of " + namesIn(table));
 }
 
 const NamedShape& shapeRow(const ViewOptions& view) {
@@ -73,9 +73,9 @@ void checkMount(const ViewOptions& view) {
     for (const NamedShape& shape : shapesOf360())
         if (shape.mounts.find(mount) != std::string_view::npos)
             fitting.append(fitting.empty() ? "" : ", ").append(shape.name);
-    throw UsageError("--shape " + std::string(shapeRow(view).name) + " does not fit --mount " +
-                     std::string(cameraMounts()[static_cast<std::size_t>(*view.mount)].name) + "; that has " +
-                     fitting);
+    throw UsageError("--shape " + std::string(shapeRow(view).name) + " is not available with --mount " +
+                     std::string(cameraMounts()[static_cast<std::size_t>(*view.mount)].name) +
+                     "; choose from " + fitting);
 }
 
 // SCREEN:a,b,c[,d]; the zoom is the last number that is needed.
@@ -88,8 +88,7 @@ ViewOptions::ScreenView parseView(const char* option, const std::string& text, s
     if (!screen || !numbers || numbers->size() < least || numbers->size() > 4) refuse(option, text, wanted);
     if (*screen < 0 || *screen >= screens)
         refuse(option, text,
-               screens == 1 ? "screen 0, the only one here"
-                            : "a screen from 0 to " + std::to_string(screens - 1));
+               screens == 1 ? "screen 0, the only one" : "a screen from 0 to " + std::to_string(screens - 1));
     if ((*numbers)[least - 1] <= 0) refuse(option, text, "a zoom above 0");
     ViewOptions::ScreenView view{*screen, {}};
     std::copy(numbers->begin(), numbers->end(), view.values.begin());
@@ -102,7 +101,7 @@ std::vector<ViewOptions::ScreenView> parseViews(const char* option, const std::v
     for (const std::string& text : texts) {
         const auto view = parseView(option, text, least, wanted, screens);
         for (const auto& before : views)
-            if (before.screen == view.screen) refuse(option, text, "another screen each time it is given");
+            if (before.screen == view.screen) refuse(option, text, "a different screen each time");
         views.push_back(view);
     }
     return views;
@@ -113,20 +112,20 @@ void parseTwoLenses(const std::string& text, ViewOptions& view) {
     view.twoLensesMode = parseCode("--two-lenses", text.substr(0, comma), twoLensesModes());
     if (comma == text.npos) return;
     if (view.twoLensesMode != FOVIX_TWO_LENSES_BOTH)
-        refuse("--two-lenses", text, "a screen only with the mode both, for example both,first");
+        refuse("--two-lenses", text, "a screen only with the mode both (such as both,first)");
     view.twoLensesScreen =
         parseCode("the screen of --two-lenses", text.substr(comma + 1), twoLensesScreens());
-    if (!view.twoLensesScreen) refuse("--two-lenses", text, "one of both, first and second after the comma");
+    if (!view.twoLensesScreen) refuse("--two-lenses", text, "both, first or second after the comma");
 }
 
 ViewOptions::LogicZoom parseLogicZoom(const std::string& text) {
     const auto numbers = numbersIn<double>(text);
     if (!numbers || numbers->size() != 4 || *std::min_element(numbers->begin(), numbers->end()) <= 0.0 ||
         numbers->at(0) > numbers->at(1))
-        refuse("--logic-zoom", text,
-               "four numbers above 0: lowest and highest zoom, in this order, the zoom from which the lower "
-               "picture is "
-               "shown, and the zoom to show");
+        refuse(
+            "--logic-zoom", text,
+            "four numbers above 0 (minimum and maximum zoom, the threshold at which the lower lens is shown, "
+            "and the zoom)");
     const auto& n = *numbers;
     return {n[0], n[1], n[2], n[3]};
 }
@@ -136,7 +135,7 @@ ViewOptions::Grid parseGrid(const std::string& text) {
     if (!numbers || numbers->size() != 2 || numbers->front() < 1 || numbers->back() < 1 ||
         numbers->front() > kMaxInputs || numbers->back() > kMaxInputs ||
         numbers->front() * numbers->back() > kMaxInputs)
-        refuse("--grid", text, "ROWSxCOLUMNS with at most 36 cells, for example 2x3");
+        refuse("--grid", text, "ROWSxCOLUMNS with at most 36 cells (such as 2x3)");
     return {numbers->front(), numbers->back()};
 }
 
@@ -159,10 +158,10 @@ void describeViewOptions(CommandLine& line, ViewTexts& texts, ViewOptionSet set)
                  set == ViewOptionSet::kAll ? "360, 180, original, korvel, grid, ... [original]"
                                             : "360, 180, original, korvel, grid, ... [360]",
                  texts.type);
-    line.addText("--mount", "MOUNT", "360: ceiling, wall, wall-inverted, floor", texts.mount);
+    line.addText("--mount", "MOUNT", "360: ceiling, wall, wall-inverted or floor", texts.mount);
     line.addText("--shape", "SHAPE", "360, 180: layout, such as four-screens", texts.shape);
     line.addText("--draw-mode", "MODE", "180: projection; pip: plain or inset", texts.drawMode);
-    line.addText("--two-lenses", "MODE[,SCREEN]", "by-zoom, both, upper, lower", texts.twoLenses);
+    line.addText("--two-lenses", "MODE[,SCREEN]", "by-zoom, both, upper or lower", texts.twoLenses);
     line.addText("--logic-zoom", "MIN,MAX,DIV,Z", "two lenses: limits, threshold and zoom", texts.logicZoom);
     if (set == ViewOptionSet::kAll) {
         line.addTexts("--ptz", "VIEW", "360: SCREEN:PAN,TILT,ZOOM[,ROLL]; repeatable", texts.ptz);
@@ -170,8 +169,8 @@ void describeViewOptions(CommandLine& line, ViewTexts& texts, ViewOptionSet set)
                       texts.rotateZoom);
         line.addTexts("--select", "X,Y", "360: tap this pixel of the surface; repeatable", texts.select);
     }
-    line.addText("--grid", "RxC", "rows and columns of the grid [as few as do]", texts.grid);
-    line.addText("--show-lens", "N", "lenses: the input to show, from 0 on [0]", texts.showLens);
+    line.addText("--grid", "ROWSxCOLUMNS", "size of the grid [smallest that fits]", texts.grid);
+    line.addText("--show-lens", "N", "lenses: the input to show, counted from 0 [0]", texts.showLens);
 }
 
 ViewOptions readViewOptions(const ViewTexts& texts) {
@@ -190,10 +189,9 @@ ViewOptions readViewOptions(const ViewTexts& texts) {
     for (const std::string& text : texts.select) view.select.push_back(parsePoint(text));
     const bool hasScreens = is180 || view.type == FOVIX_TYPE_360VR;
     const int screens = hasScreens ? shapeRow(view).screens : 1;
-    view.ptz =
-        parseViews("--ptz", texts.ptz, 3, "SCREEN:PAN,TILT,ZOOM[,ROLL], for example 0:90,45,40", screens);
-    view.rotateZoom = parseViews("--rotate-zoom", texts.rotateZoom, 4,
-                                 "SCREEN:X,Y,Z,ZOOM, for example 0:0,30,0,2", screens);
+    view.ptz = parseViews("--ptz", texts.ptz, 3, "SCREEN:PAN,TILT,ZOOM[,ROLL] (such as 0:90,45,40)", screens);
+    view.rotateZoom =
+        parseViews("--rotate-zoom", texts.rotateZoom, 4, "SCREEN:X,Y,Z,ZOOM (such as 0:0,30,0,2)", screens);
     return view;
 }
 

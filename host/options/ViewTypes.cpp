@@ -10,14 +10,14 @@ namespace {
 
 constexpr NamedCode kTypeTable[] = {
     {"360", FOVIX_TYPE_360VR, "panorama of a camera on ceiling, wall or floor, with one to six screens"},
-    {"180", FOVIX_TYPE_180VR, "half the surroundings, as disc, flat, cylinder or curved screen"},
-    {"original", FOVIX_TYPE_ORIGINAL, "the camera's picture as it comes"},
-    {"fisheye", FOVIX_TYPE_ORIGINAL, "the same"},
-    {"korvel", FOVIX_TYPE_KORVEL, "the straightened picture of the Korvel lens"},
-    {"grid", FOVIX_TYPE_MULTI_IMAGE, "up to 36 pictures of the same proportions side by side"},
-    {"lenses", FOVIX_TYPE_MULTI_LENS, "one of up to 36 pictures, chosen with --show-lens"},
-    {"pip", FOVIX_TYPE_SINGLE_PIP, "wide picture, zoomed; with an inset of the whole on a square surface"},
-    {"two-lenses", FOVIX_TYPE_TWO_LENSES, "a camera with two pictures in one, one above the other"},
+    {"180", FOVIX_TYPE_180VR, "half view as disc, stretched flat, cylinder or curved screen"},
+    {"original", FOVIX_TYPE_ORIGINAL, "the camera's image, unchanged"},
+    {"fisheye", FOVIX_TYPE_ORIGINAL, "another name for original"},
+    {"korvel", FOVIX_TYPE_KORVEL, "the straightened image of the Korvel lens"},
+    {"grid", FOVIX_TYPE_MULTI_IMAGE, "up to 36 inputs of the same aspect ratio side by side"},
+    {"lenses", FOVIX_TYPE_MULTI_LENS, "one of up to 36 inputs, selected with --show-lens"},
+    {"pip", FOVIX_TYPE_SINGLE_PIP, "part of a wide image; on a square surface, with an inset of the whole"},
+    {"two-lenses", FOVIX_TYPE_TWO_LENSES, "a camera with two lenses, one image above the other"},
 };
 
 constexpr NamedCode kMountTable[] = {
@@ -32,10 +32,8 @@ constexpr NamedShape kShape360Table[] = {
     {{"dome", FOVIX_SHAPE_DOME, "the hemisphere as a dome"}, 1, "0"},
     {{"bowl", FOVIX_SHAPE_BOWL, "the hemisphere as a bowl"}, 1, "01"},
     {{"cylinder", FOVIX_SHAPE_CYLINDER, "a cylinder, seen from outside"}, 1, "0"},
-    {{"cylinder-inside", FOVIX_SHAPE_CYLINDER_INSIDE, "a cylinder, seen from inside and so mirrored"},
-     1,
-     "0"},
-    {{"strip", FOVIX_SHAPE_STRIP, "all the way round, unrolled"}, 1, "01"},
+    {{"cylinder-inside", FOVIX_SHAPE_CYLINDER_INSIDE, "a cylinder, seen from inside (mirrored)"}, 1, "0"},
+    {{"strip", FOVIX_SHAPE_STRIP, "all 360 degrees, unrolled"}, 1, "01"},
     {{"two-strips", FOVIX_SHAPE_TWO_STRIPS, "two strips, half a turn apart"}, 1, "01"},
     {{"four-screens", FOVIX_SHAPE_FOUR_SCREENS, "two by two pan-tilt-zoom screens"}, 4, "0"},
     {{"overview-five", FOVIX_SHAPE_OVERVIEW_FIVE, "overview (screen 0) and five screens"}, 6, "01"},
@@ -44,7 +42,7 @@ constexpr NamedShape kShape360Table[] = {
 
 constexpr NamedShape kShape180Table[] = {
     {{"disc", FOVIX_SHAPE_SINGLE, "the lens disc"}},
-    {{"cylinder", FOVIX_SHAPE_CYLINDER, "round a full cylinder, mirrored"}},
+    {{"cylinder", FOVIX_SHAPE_CYLINDER, "around a full cylinder (mirrored)"}},
     {{"stretch", FOVIX_SHAPE_STRIP, "stretched flat"}},
     {{"four-screens", FOVIX_SHAPE_FOUR_SCREENS, "two by two screens"}, 4},
     {{"large-and-two", FOVIX_SHAPE_LARGE_AND_TWO, "a large screen above two small ones"}, 3},
@@ -53,7 +51,7 @@ constexpr NamedShape kShape180Table[] = {
 constexpr NamedCode kDrawMode180Table[] = {
     {"disc", FOVIX_180_DISC, "the lens disc"},
     {"stretch", FOVIX_180_STRETCH, "stretched flat"},
-    {"cylinder", FOVIX_180_CYLINDER, "round a full cylinder, mirrored"},
+    {"cylinder", FOVIX_180_CYLINDER, "around a full cylinder (mirrored)"},
     {"curved", FOVIX_180_CURVED, "on a shallow curved screen"},
 };
 
@@ -63,16 +61,16 @@ constexpr NamedCode kInsetTable[] = {
 };
 
 constexpr NamedCode kTwoLensesTable[] = {
-    {"by-zoom", FOVIX_TWO_LENSES_BY_ZOOM, "upper picture, and the lower one from a zoom threshold on"},
+    {"by-zoom", FOVIX_TWO_LENSES_BY_ZOOM, "the upper image; at and above a zoom threshold, the lower one"},
     {"both", FOVIX_TWO_LENSES_BOTH, "side by side, or the one screen named after a comma"},
-    {"upper", FOVIX_TWO_LENSES_UPPER, "the upper picture alone"},
-    {"lower", FOVIX_TWO_LENSES_LOWER, "the lower picture alone"},
+    {"upper", FOVIX_TWO_LENSES_UPPER, "only the upper image"},
+    {"lower", FOVIX_TWO_LENSES_LOWER, "only the lower image"},
 };
 
 constexpr NamedCode kTwoLensesScreenTable[] = {
-    {"both", FOVIX_TWO_LENSES_SCREEN_BOTH, "both pictures"},
-    {"first", FOVIX_TWO_LENSES_SCREEN_FIRST, "the upper picture fills a wide surface"},
-    {"second", FOVIX_TWO_LENSES_SCREEN_SECOND, "the lower picture fills a wide surface"},
+    {"both", FOVIX_TWO_LENSES_SCREEN_BOTH, "both images"},
+    {"first", FOVIX_TWO_LENSES_SCREEN_FIRST, "the upper image fills a wide surface"},
+    {"second", FOVIX_TWO_LENSES_SCREEN_SECOND, "the lower image fills a wide surface"},
 };
 
 template <typename Table>
@@ -118,7 +116,7 @@ std::string viewTypeName(int type) {
 
 std::string namesToList() {
     std::ostringstream text;
-    list(text, "Display types (--type); any other number shows the picture as it comes", kTypeTable);
+    list(text, "Display types (--type); any other number shows the camera's image, unchanged", kTypeTable);
     list(text, "Camera mounts (--mount, type 360)", kMountTable);
     list(text, "Shapes of type 360 (--shape)", kShape360Table);
     list(text, "Shapes of type 180 (--shape)", kShape180Table);

@@ -87,14 +87,14 @@ std::unique_ptr<Feed> PlayerLoop::openFeed() {
 }
 
 bool PlayerLoop::open() {
-    if (std::exchange(_isLost, false)) retryAfter(_name + (_stalled ? " sends nothing" : " is lost"));
+    if (std::exchange(_isLost, false)) retryAfter(_name + (_stalled ? " sends no data" : " disconnected"));
     while (!_control.isEnding()) {
         try {
             _feed = openFeed();
             begin();
             return true;
         } catch (const InputUnreachable& problem) {
-            retryAfter(_stalled ? _name + " sends nothing" : problem.what());
+            retryAfter(_stalled ? _name + " sends no data" : problem.what());
         } catch (const std::runtime_error& problem) {
             if (!_isStream || !(_everShown || _stalled)) throw;
             retryAfter(problem.what());
@@ -116,12 +116,11 @@ void PlayerLoop::begin() {
     if (from <= 0) return;
     if (!std::exchange(_goesOn, true) && _feed->isSeekable()) {
         _lostAt = -1;
-        return say(_name + " cannot be sought, so that it begins anew");
+        return say("cannot seek in " + _name + "; starting over");
     }
     if (!_everShown && from >= _feed->duration().value_or(0))
-        say(_name + (_feed->isSeekable()
-                         ? " ends before the start that is asked for; its last picture is shown"
-                         : " has no times, so that it begins where it is"));
+        say(_name + (_feed->isSeekable() ? " ends before the start position; showing its last frame"
+                                         : " has no timestamps; starting at its current position"));
     if (_feed->isSeekable()) seek(from);
 }
 
@@ -130,7 +129,7 @@ void PlayerLoop::retryAfter(const std::string& problem) {
     _feed.reset();
     _retryWait = std::clamp(2 * _retryWait, 1.0, kLongestRetryWait);
     _control.update([](PlayerStatus& status) { status.state = PlayerState::kReconnecting; });
-    say(problem + "; trying again in " + std::to_string(std::lround(_retryWait)) + " s");
+    say(problem + "; retrying in " + std::to_string(std::lround(_retryWait)) + " s");
     _control.sleep(_retryWait);
 }
 
@@ -167,7 +166,7 @@ void PlayerLoop::seek(double seconds) {
     if (lookFrom(target))
         _sought = target;
     else
-        say(_name + " cannot be sought");
+        say("cannot seek in " + _name);
 }
 
 bool PlayerLoop::lookFrom(double seconds) {
@@ -219,7 +218,7 @@ void PlayerLoop::show() {
     _pace->shown(_control.now());
     _callbacks.show(picture);
     _control.countShown(picture, _time);
-    if (_retryWait > 0) say(_name + (_everShown ? " is back" : " is there now"));
+    if (_retryWait > 0) say(_name + (_everShown ? " is back" : " is available now"));
     _retryWait = 0;
     _everShown = true;
     _owed = false;
@@ -244,7 +243,7 @@ bool PlayerLoop::atEnd() {
         _backing = std::max(2 * _backing, 0.5);
         if (lookFrom(std::max(*_sought - _backing, 0.0))) return true;
     }
-    if (!_everShown) throw std::runtime_error(_problem.empty() ? _name + " holds no picture" : _problem);
+    if (!_everShown) throw std::runtime_error(_problem.empty() ? _name + " contains no frame" : _problem);
     if (_settings.loop && _anyDecoded) {
         beginAnew();
     } else if (_paused) {

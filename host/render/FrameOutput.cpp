@@ -43,8 +43,8 @@ class PngFiles final : public FrameOutput {
         std::error_code ignored;
         if (number && *number > 0 && (frames == 0 || *number <= frames) &&
             std::filesystem::equivalent(input, numbered(*number), ignored))
-            throw UsageError("-o " + _name + " would replace the input '" + input +
-                             "'; give the output another name");
+            throw UsageError("-o " + _name + " would overwrite the input '" + input +
+                             "'; choose another name for the output");
     }
 
     std::string _name;

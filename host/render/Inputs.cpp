@@ -20,7 +20,7 @@ Inputs::Inputs(const RenderOptions& options, const MediaOptions& demands)
     for (std::size_t i = 0; i < _sources.size(); ++i) {
         _pictures.push_back(_sources[i]->next());
         if (!_pictures.back())
-            throw std::runtime_error("'" + options.input.inputs.at(i) + "' holds no picture");
+            throw std::runtime_error("'" + options.input.inputs.at(i) + "' contains no frame");
     }
     if (!_pictures.empty()) {
         _width = _pictures.front()->width;
@@ -36,8 +36,8 @@ void Inputs::open(MediaOptions demands) {
     demands.formats = view.takesSeveralInputs() ? PackedFormats::kRgba : PackedFormats::kAll;
     for (const std::string& input : _options.input.inputs) _sources.push_back(openMedia(input, demands));
     if (_options.start && motion() == Motion::kStill)
-        throw UsageError("--start goes with a video, and " + quotedName(_options.input.inputs.front()) +
-                         " is a single picture");
+        throw UsageError("--start needs a video; " + quotedName(_options.input.inputs.front()) +
+                         " is a single image");
     for (auto& sample : openSamples(_options.input, view)) _sources.push_back(std::move(sample));
 }
 
@@ -107,9 +107,9 @@ bool Inputs::advance(int framesDrawn, int framesLeft) {
 
 void Inputs::sayEnded(std::size_t slot, int framesDrawn, int framesLeft) const {
     if (!_notify) return;
-    const std::string rest = framesLeft > 0 ? " for the other " + std::to_string(framesLeft) + " frames" : "";
+    const std::string rest = framesLeft > 0 ? " for the remaining " + std::to_string(framesLeft) : "";
     _notify(quotedName(_options.input.inputs[slot]) + " ends after " + std::to_string(framesDrawn) +
-            " pictures; the last one stays" + rest);
+            " frames; its last frame is repeated" + rest);
 }
 
 Motion Inputs::motion() const {

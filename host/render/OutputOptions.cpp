@@ -24,8 +24,7 @@ OutputKind parseKind(const std::string& name) {
     if (name == "-") return OutputKind::kPipe;
     if (ending == ".png") return OutputKind::kPictures;
     if (ending != ".mp4" && ending != ".mkv")
-        refuse("--output", name,
-               "a name that ends in .png, .mp4 or .mkv, or - for raw RGBA on standard output");
+        refuse("--output", name, "a name ending in .png, .mp4 or .mkv, or - for raw RGBA on standard output");
     return OutputKind::kVideo;
 }
 
@@ -36,8 +35,7 @@ VideoCodec parseCodec(const std::string& text) {
 
 int parseQuality(const std::string& text) {
     const auto quality = numberIn<int>(text);
-    if (!quality || *quality < 0 || *quality > 51)
-        refuse("--quality", text, "a number from 0, the best, to 51");
+    if (!quality || *quality < 0 || *quality > 51) refuse("--quality", text, "a number from 0 (best) to 51");
     return *quality;
 }
 
@@ -51,16 +49,16 @@ double parseFrameRate(const std::string& text) {
 }  // namespace
 
 void describeOutputOptions(CommandLine& line, OutputOptions& options) {
-    line.addText("-o,--output", "FILE", ".png [fovix.png], .mp4, .mkv, or - for raw RGBA",
+    line.addText("-o,--output", "FILE", ".png, .mp4, .mkv, or - for raw RGBA [fovix.png]",
                  [&](const std::string& value) {
                      options.kind = parseKind(value);
                      options.name = value;
                  });
-    line.addText("--codec", "h264|ffv1", "video: ffv1 is lossless, in .mkv only [h264]",
+    line.addText("--codec", "h264|ffv1", "video: ffv1 is lossless and needs .mkv [h264]",
                  [&](const std::string& value) { options.codec = parseCodec(value); });
-    line.addText("--quality", "N", "video in h264: from 0, the best, to 51 [20]",
+    line.addText("--quality", "N", "h264 video: from 0 (best) to 51 [20]",
                  [&](const std::string& value) { options.quality = parseQuality(value); });
-    line.addText("--fps", "N", "video: frames per second [as the input]",
+    line.addText("--fps", "N", "video: frames per second [those of the input]",
                  [&](const std::string& value) { options.frameRate = parseFrameRate(value); });
 }
 
@@ -70,19 +68,19 @@ void checkOutputOptions(const OutputOptions& options, int width, int height) {
                                             std::pair{"--quality", options.quality.has_value()},
                                             std::pair{"--fps", options.frameRate.has_value()}})
             if (given)
-                throw UsageError(std::string(option) + " does not fit -o " + options.name +
-                                 "; it goes with a video, .mp4 or .mkv");
+                throw UsageError(std::string(option) + " does not apply to -o " + options.name +
+                                 "; use it with a video (.mp4 or .mkv)");
         return;
     }
     if (options.codec == VideoCodec::kFfv1) {
         if (endingOf(options.name) == ".mp4")
-            throw UsageError("--codec ffv1 does not fit -o " + options.name + "; it goes with .mkv");
+            throw UsageError("--codec ffv1 does not apply to -o " + options.name + "; use it with .mkv");
         if (options.quality)
-            throw UsageError("--quality does not fit --codec ffv1, which loses nothing; it goes with h264");
+            throw UsageError("--quality does not apply to --codec ffv1, which is lossless; use it with h264");
     } else if (width % 2 != 0 || height % 2 != 0) {
-        throw UsageError("--size " + sizeText(width, height) +
-                         " does not fit H.264 video; even numbers do, as " +
-                         sizeText(width + width % 2, height + height % 2) + ", or --codec ffv1 in .mkv");
+        throw UsageError("H.264 video cannot have a --size of " + sizeText(width, height) +
+                         "; use even numbers (" + sizeText(width + width % 2, height + height % 2) +
+                         "), or --codec ffv1 with .mkv");
     }
 }
 

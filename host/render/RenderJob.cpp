@@ -38,7 +38,7 @@ std::string nameOf(const InputOptions& input) {
 
 std::string nothingWritten(int every, int frames) {
     return "--every " + std::to_string(every) + " writes none of " + std::to_string(frames) +
-           (frames == 1 ? " frame" : " frames") + "; a smaller number or last does";
+           (frames == 1 ? " frame" : " frames") + "; use a smaller number, or last";
 }
 
 Extent knownExtent(const RenderOptions& options, const Script& script, const Inputs& inputs) {
@@ -56,8 +56,8 @@ Extent knownExtent(const RenderOptions& options, const Script& script, const Inp
         extent.frames = script.lastFrame();
     } else if (inputs.motion() != Motion::kEnds) {
         throw UsageError(nameOf(options.input) +
-                         (inputs.motion() == Motion::kStill ? " is a single picture" : " has no end") +
-                         "; say with --frames or --duration how much of it to draw");
+                         (inputs.motion() == Motion::kStill ? " is a single image" : " has no end") +
+                         "; set the length with --frames or --duration");
     }
     return extent;
 }
@@ -105,10 +105,10 @@ bool listsMuch(const RenderOptions& options) {
 }
 
 void describe(Reporter& reporter, const GlContext& gl, const Inputs& inputs) {
-    reporter.detail("drawing with " + gl.description());
+    reporter.detail("rendering with " + gl.description());
     if (inputs.count() == 0) return;
     const auto& picture = inputs.firstPicture();
-    reporter.detail("pictures of " + sizeText(picture->width, picture->height) + " in format " +
+    reporter.detail("frames of " + sizeText(picture->width, picture->height) + " in format " +
                     std::to_string(picture->pixelFormat));
 }
 
@@ -186,7 +186,7 @@ class RenderJob {
         const std::string count = std::to_string(written) + (written == 1 ? " frame" : " frames");
         const bool isVideo = _options.output.kind == OutputKind::kVideo && written > 0;
         _reporter.notice(stopText() + "; " +
-                         (isVideo ? "'" + _options.output.name + "' holds " + count : "wrote " + count));
+                         (isVideo ? "'" + _options.output.name + "' contains " + count : "wrote " + count));
     }
 
     const RenderOptions& _options;

@@ -31,7 +31,7 @@ int run(const fovix_host::RenderOptions& options) {
     const bool isPipe = options.output.kind == OutputKind::kPipe;
     if (isPipe && isatty(STDOUT_FILENO))
         throw UsageError(
-            "standard output is a terminal; send the raw pictures of -o - into a pipe or a file");
+            "standard output is a terminal; redirect the raw frames of -o - to a pipe or a file");
     // Without a reader, or at a limit of the file size, writing shall fail instead.
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);

@@ -25,7 +25,7 @@ class View {
     void create(Creator creator) {
         if (_live) release();
         creator(&_handle);
-        if (!_handle) throw std::runtime_error("no memory for a view");
+        if (!_handle) throw std::runtime_error("out of memory for a view");
         _live = true;
     }
 

@@ -29,7 +29,7 @@ struct GlContext::Handles {
 namespace {
 
 constexpr const char* kInstallHint =
-    "; install a GL driver, on Debian the packages libegl1 and libgl1-mesa-dri (software rendering is "
+    "; install a GL driver (on Debian the packages libegl1 and libgl1-mesa-dri; software rendering is "
     "enough)";
 
 bool hasSurfacelessPlatform() {
@@ -73,28 +73,27 @@ EGLConfig chooseConfig(EGLDisplay display) {
     EGLint found = 0;
     if (!eglBindAPI(EGL_OPENGL_API) || !eglChooseConfig(display, kWanted, &config, 1, &found) || found < 1)
         throw std::runtime_error(
-            std::string("no OpenGL: the driver draws no off-screen surfaces with 8 bits per colour") +
+            std::string("no OpenGL: the driver has no off-screen surfaces with 8 bits per colour") +
             kInstallHint);
     return config;
 }
 
-[[noreturn]] void failSize(int width, int height, int mostWidth, int mostHeight) {
-    throw std::runtime_error("a surface of " + std::to_string(width) + "x" + std::to_string(height) +
-                             " pixels is more than this GL draws; the largest is " +
-                             std::to_string(mostWidth) + "x" + std::to_string(mostHeight));
+[[noreturn]] void failSize(int width, int height, int maxWidth, int maxHeight) {
+    throw std::runtime_error("cannot create a " + sizeText(width, height) +
+                             " surface; the maximum of this OpenGL is " + sizeText(maxWidth, maxHeight));
 }
 
 EGLSurface makeSurface(EGLDisplay display, EGLConfig config, int width, int height) {
-    EGLint mostWidth = 0;
-    EGLint mostHeight = 0;
-    eglGetConfigAttrib(display, config, EGL_MAX_PBUFFER_WIDTH, &mostWidth);
-    eglGetConfigAttrib(display, config, EGL_MAX_PBUFFER_HEIGHT, &mostHeight);
-    if (width > mostWidth || height > mostHeight) failSize(width, height, mostWidth, mostHeight);
+    EGLint maxWidth = 0;
+    EGLint maxHeight = 0;
+    eglGetConfigAttrib(display, config, EGL_MAX_PBUFFER_WIDTH, &maxWidth);
+    eglGetConfigAttrib(display, config, EGL_MAX_PBUFFER_HEIGHT, &maxHeight);
+    if (width > maxWidth || height > maxHeight) failSize(width, height, maxWidth, maxHeight);
     const EGLint size[] = {EGL_WIDTH, width, EGL_HEIGHT, height, EGL_NONE};
     const EGLSurface surface = eglCreatePbufferSurface(display, config, size);
     if (surface == EGL_NO_SURFACE)
-        throw std::runtime_error("the GL cannot make a surface of " + std::to_string(width) + "x" +
-                                 std::to_string(height) + " pixels; a smaller one may work");
+        throw std::runtime_error("cannot create a " + sizeText(width, height) +
+                                 " surface; try a smaller one");
     return surface;
 }
 
@@ -109,11 +108,11 @@ GlContext::GlContext(int width, int height)
     _egl->context = eglCreateContext(_egl->display, config, EGL_NO_CONTEXT, nullptr);
     if (_egl->context == EGL_NO_CONTEXT ||
         !eglMakeCurrent(_egl->display, _egl->surface, _egl->surface, _egl->context))
-        throw std::runtime_error(std::string("no OpenGL: the driver makes no desktop GL context") +
+        throw std::runtime_error(std::string("no OpenGL: the driver has no desktop GL context") +
                                  kInstallHint);
-    GLint most[2] = {0, 0};
-    glGetIntegerv(GL_MAX_VIEWPORT_DIMS, most);
-    if (width > most[0] || height > most[1]) failSize(width, height, most[0], most[1]);
+    GLint maxSize[2] = {0, 0};
+    glGetIntegerv(GL_MAX_VIEWPORT_DIMS, maxSize);
+    if (width > maxSize[0] || height > maxSize[1]) failSize(width, height, maxSize[0], maxSize[1]);
 }
 
 GlContext::~GlContext() = default;

@@ -49,7 +49,7 @@ Viewer::Viewer(const ViewerOptions& options, OwnOutput& out)
         _options, Playback::Host{_view.handle(), _window.maxTextureSize(), wakeEventLoop});
     _shown.reset();
     if (_options.sensors && !openAccelerometers()) {
-        warn("no accelerometer is found; --sensors has nothing to steer by");
+        warn("no accelerometer found; --sensors has no effect");
         say("no accelerometer");
     }
 }
@@ -169,8 +169,8 @@ void Viewer::performOnPlayback(const Key& key) {
         return say(_playback->isPaused() ? "paused" : "playing");
     }
     if (key.action == Action::kStep) return _playback->step();
-    if (!_playback->seekBy(key.amount)) return say("no other place to go to here");
-    say(key.amount < 0 ? std::to_string(-key.amount) + " s back" : std::to_string(key.amount) + " s on");
+    if (!_playback->seekBy(key.amount)) return say("cannot seek");
+    say((key.amount < 0 ? "" : "+") + std::to_string(key.amount) + " s");
 }
 
 void Viewer::leave() {
@@ -240,7 +240,7 @@ void Viewer::updateNumbers() {
     if (!_numbersShown) return _overlay.setNumbers("");
     const PlayerStatus status = _playback->status();
     char text[160];
-    std::snprintf(text, sizeof text, "%dx%d   %.1f pictures/s   %ld dropped   %.0f frames/s   %.1f s",
+    std::snprintf(text, sizeof text, "%dx%d   %.1f frames/s   %ld dropped   %.0f rendered/s   %.1f s",
                   status.width, status.height, status.framesPerSecond, _playback->dropped(), framesPerSecond,
                   status.position);
     _overlay.setNumbers(text);

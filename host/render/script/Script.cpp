@@ -39,7 +39,7 @@ struct Span {
 int parseFrame(std::string_view text) {
     const auto frame = numberIn<int>(text);
     if (!frame || *frame < 1 || *frame > kMaxFrames)
-        throw LineError{"a line begins with a frame from 1 to 1000000 or a range such as 10..30, not '" +
+        throw LineError{"expected a frame from 1 to 1000000 or a range such as 10..30, got '" +
                         std::string(text) + "'"};
     return *frame;
 }
@@ -93,7 +93,7 @@ std::optional<double> numberOf(const ScriptParameter& parameter, std::string_vie
     }
 }
 
-std::string wantedFor(const ScriptParameter& parameter) {
+std::string expectedFor(const ScriptParameter& parameter) {
     if (const LabelNames* names = namesOf(parameter)) return "a number or one of " + names->names();
     if (parameter.kind == ScriptKind::kWhole) return "a whole number";
     if (parameter.kind == ScriptKind::kColour) return "hexadecimal digits RRGGBB";
@@ -105,10 +105,10 @@ ScriptWord parseWord(const ScriptLine& line, const ScriptParameter& parameter, c
     const Span span(text);
     const auto from = numberOf(parameter, span.from), to = numberOf(parameter, span.to);
     if (!from || !to)
-        throw LineError{parameter.label + " of " + std::string(line.verb->name) + " cannot be '" + text +
-                        "'; it wants " + wantedFor(parameter)};
+        throw LineError{parameter.label + " of " + std::string(line.verb->name) + ": expected " +
+                        expectedFor(parameter) + ", got '" + text + "'"};
     if (span.from.data() != span.to.data() && line.firstFrame == line.lastFrame)
-        throw LineError{"the range '" + text + "' wants a range of frames too, such as 10..30"};
+        throw LineError{"the range '" + text + "' needs a range of frames, such as 10..30"};
     return {*from, *to, {}};
 }
 
@@ -125,10 +125,11 @@ ScriptLine parseLine(const std::vector<std::string>& words, int number) {
     const Span frames(words[0]);
     line.firstFrame = parseFrame(frames.from);
     line.lastFrame = parseFrame(frames.to);
-    if (line.lastFrame < line.firstFrame) throw LineError{"the range of frames '" + words[0] + "' goes back"};
+    if (line.lastFrame < line.firstFrame)
+        throw LineError{"the range of frames '" + words[0] + "' is reversed"};
     if (words.size() < 2) throw LineError{"frame " + words[0] + " has no verb"};
     line.verb = scriptVerb(words[1]);
-    if (!line.verb) throw LineError{"'" + words[1] + "' is not a verb; fovix-render --list-verbs lists them"};
+    if (!line.verb) throw LineError{"unknown verb '" + words[1] + "'; fovix-render --list-verbs lists them"};
 
     const auto& parameters = line.verb->parameters;
     if (words.size() != parameters.size() + 2)
@@ -141,7 +142,7 @@ ScriptLine parseLine(const std::vector<std::string>& words, int number) {
 
 void checkOrder(const std::vector<ScriptLine>& lines, const ScriptLine& next) {
     if (!lines.empty() && next.firstFrame < lines.back().firstFrame)
-        throw LineError{"frame " + std::to_string(next.firstFrame) + " cannot come after frame " +
+        throw LineError{"frame " + std::to_string(next.firstFrame) + " cannot follow frame " +
                         std::to_string(lines.back().firstFrame)};
 }
 
@@ -184,8 +185,7 @@ Script readScript(const std::string& file) {
         }
     }
     if (!text.eof())
-        throw UsageError(file + ":" + std::to_string(number) +
-                         ": this is not a line of a script; it is too long");
+        throw UsageError(file + ":" + std::to_string(number) + ": the line is too long for a script");
     return script;
 }
 

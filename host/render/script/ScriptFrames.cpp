@@ -62,7 +62,7 @@ PackedFrame ScriptFrames::next(const std::string& name) {
         if (const auto picture = source->next()) return *picture;
     source = open(name, _demands);
     if (const auto picture = source->next()) return *picture;
-    throw std::runtime_error("'" + name + "' holds no picture");
+    throw std::runtime_error("'" + name + "' contains no frame");
 }
 
 PackedFrame ScriptFrames::next(const std::string& name, int pixelFormat) {

@@ -47,12 +47,11 @@ ScriptVerb labelled(ScriptVerb verb, const std::vector<ScriptKind>& kinds) {
     std::istringstream words{std::string(verb.labels)};
     for (const ScriptKind kind : kinds) {
         std::string label;
-        if (!(words >> label))
-            throw std::logic_error(std::string(verb.name) + " has parameters without a label");
+        if (!(words >> label)) throw std::logic_error(std::string(verb.name) + " has too few labels");
         verb.parameters.push_back({label, kind});
     }
     if (std::string rest; words >> rest)
-        throw std::logic_error(std::string(verb.name) + " has labels to spare");
+        throw std::logic_error(std::string(verb.name) + " has too many labels");
     return verb;
 }
 
@@ -145,14 +144,14 @@ std::vector<ScriptVerb> makeVerbs() {
 #undef STAND_IN
 
 constexpr std::string_view kScriptForm =
-    "A script has one call a line: FRAME VERB ARGUMENTS. Frames count from 1 and never\n"
-    "go back; the calls of a frame are made before it is drawn. '#' begins a comment.\n"
-    "FRAME may be FIRST..LAST, to make the call before each of these frames; its numbers\n"
-    "may then be FROM..TO, to go evenly from one to the other. Words with blanks stand\n"
-    "in double quotes. FILE is a picture or video, or sample, sample=wall or\n"
-    "sample=two-lenses; each call hands in its next picture. X and Y are surface pixels.\n"
-    "TYPE, MOUNT, SHAPE, MODE, LENSES and LENS may be names, see --list. What a verb reads\n"
-    "becomes a line of output. The verbs and what they call:\n";
+    "Each line of a script is one call: FRAME VERB ARGUMENTS. Frames count from 1 and\n"
+    "must not decrease; a call is made before its frame is rendered. '#' starts a\n"
+    "comment. If FRAME is a range FIRST..LAST, the call is made before each of these\n"
+    "frames, and a number given as FROM..TO changes evenly over the range. Put words\n"
+    "that contain blanks in double quotes. FILE is an image or video, or sample,\n"
+    "sample=wall or sample=two-lenses; each call submits its next frame. X and Y are\n"
+    "surface pixels. TYPE, MOUNT, SHAPE, MODE, LENSES and LENS may be names (--list\n"
+    "prints them). Values that a call returns are printed. Verbs and their functions:\n";
 
 }  // namespace
 

@@ -56,7 +56,7 @@ void LibraryCalls::lookAt(SurfacePosition at) {
 
 void LibraryCalls::lookAtTarget(SurfacePosition at) {
     const PickedSpots picked = pick({at});
-    if (picked.spots.empty()) return _say("no picture there");
+    if (picked.spots.empty()) return _say("no image there");
     // Only the curved screen looks at targets; a view that is no nearer than this shows another one.
     if (type() == FOVIX_TYPE_180VR && zoom() < kCurvedZoom / 2)
         Fovix_SetPTZFor180VR(_view, 0, 0, 0, kCurvedZoom);
@@ -116,7 +116,7 @@ void LibraryCalls::magnifyInset(SurfacePosition at) {
     const auto [width, height] = picked.picture;
     if (width < 1) return;
     if (zoom() > kWholeFrame) return Fovix_DisplayRect(_view, 0, 0, width, height, width, height);
-    if (picked.spots.empty()) return _say("no picture there");
+    if (picked.spots.empty()) return _say("no image there");
     const int x = rounded(picked.spots.front().x), y = rounded(picked.spots.front().y);
     const int halfWidth = std::max(width / 6, 1), halfHeight = std::max(height / 6, 1);
     Fovix_DisplayRect(_view, x - halfWidth, y - halfHeight, x + halfWidth, y + halfHeight, width, height);
@@ -126,7 +126,7 @@ void LibraryCalls::magnifyInset(SurfacePosition at) {
 void LibraryCalls::magnifyFlat(SurfacePosition at) {
     const SurfacePosition middle{static_cast<float>(_scale.width) / 2, static_cast<float>(_scale.height) / 2};
     const bool isWhole = zoom() <= kWholeFrame;
-    if (isWhole && pick({at}).spots.empty()) return _say("no picture there");
+    if (isWhole && pick({at}).spots.empty()) return _say("no image there");
     const float closer = type() == FOVIX_TYPE_TWO_LENSES ? 8.0f : 14.0f;
     constexpr float kFarther = 1e-3f;
     touchDown(at);
@@ -143,7 +143,7 @@ void LibraryCalls::magnifyFlat(SurfacePosition at) {
 void LibraryCalls::showRectangle(SurfacePosition from, SurfacePosition to) {
     const int current = type();
     if (current != FOVIX_TYPE_360VR && current != FOVIX_TYPE_180VR && current != FOVIX_TYPE_SINGLE_PIP)
-        return _say("rectangles are for 360, 180 and pip");
+        return _say("rectangles need type 360, 180 or pip");
     // A rectangle of the surface has no straight edges in the picture: what its points span is shown.
     std::vector<SurfacePosition> points;
     constexpr int kParts = 4;
@@ -153,7 +153,7 @@ void LibraryCalls::showRectangle(SurfacePosition from, SurfacePosition to) {
         points.push_back({from.x + (to.x - from.x) * x, from.y + (to.y - from.y) * y});
     }
     const PickedSpots picked = pick(points);
-    if (picked.spots.empty()) return _say("no picture there");
+    if (picked.spots.empty()) return _say("no image there");
     const auto byX = [](const FrameSpot& a, const FrameSpot& b) { return a.x < b.x; };
     const auto byY = [](const FrameSpot& a, const FrameSpot& b) { return a.y < b.y; };
     const auto [left, right] = std::minmax_element(picked.spots.begin(), picked.spots.end(), byX);

@@ -13,23 +13,23 @@ SurfaceSize parseWindowSize(const std::string& text) {
     constexpr int kMost = 16384;  // of SDL
     const SurfaceSize size = parseSize(text);
     if (std::max(size.width, size.height) > kMost)
-        refuse("--size", text, "a window that SDL can open, of at most 16384x16384 pixels");
+        refuse("--size", text, "a window of at most 16384x16384 pixels");
     return size;
 }
 
 void describeViewer(CommandLine& line, ViewerOptions& options) {
-    line.addText("--size", "WxH", "size of the window [1280x720]",
+    line.addText("--size", "WxH", "size of the window in pixels [1280x720]",
                  [&](const std::string& value) { options.window = parseWindowSize(value); });
-    line.addText("--background", "RRGGBB", "colour around the picture [000000]",
+    line.addText("--background", "RRGGBB", "colour around the image [000000]",
                  [&](const std::string& value) { options.background = parseBackground(value); });
-    line.addText("--start", "TIME", "begin there in a video; seconds or [H:]M:S",
+    line.addText("--start", "TIME", "start position in a video; seconds or [H:]M:S",
                  [&](const std::string& value) { options.start = parseTime("--start", value); });
-    line.addFlag("--full-screen", "without a window's frame", options.fullScreen);
-    line.addFlag("--loop", "play videos again and again", options.loop);
+    line.addFlag("--full-screen", "start in full-screen mode", options.fullScreen);
+    line.addFlag("--loop", "repeat videos", options.loop);
     line.addFlag("--keep-open", "stay open at the end of a video", options.keepOpen);
     line.addFlag("--sensors", "steer by tilting the device", options.sensors);
     line.addList("--list", "list types, mounts, shapes and draw modes", namesToList);
-    line.addFlag("--verbose", "show the library's diagnostics (standard error)", options.verbose);
+    line.addFlag("--verbose", "print the library's diagnostics to standard error", options.verbose);
 }
 
 // People come to look round; several inputs are there to be seen side by side.
@@ -45,9 +45,8 @@ void chooseType(ViewTexts& texts, const InputOptions& input) {
 ViewerOptions parseViewerOptions(int argc, const char* const* argv) {
     ViewerOptions options;
     ViewTexts texts;
-    CommandLine line("fovix-view",
-                     "Shows fisheye pictures, videos, streams and cameras as views to look round in.",
-                     "Keys: ? shows them all; q quits.\n"
+    CommandLine line("fovix-view", "Interactive viewer for fisheye images, videos, streams and cameras.",
+                     "Press ? for the list of keys, q to quit.\n"
                      "Examples:\n"
                      "  fovix-view --sample\n"
                      "  fovix-view rtsp://camera/live --mount wall\n"
@@ -61,10 +60,10 @@ ViewerOptions parseViewerOptions(int argc, const char* const* argv) {
     if (onWall && texts.type == "360" && texts.mount.empty() && texts.shape.empty()) texts.mount = "wall";
     options.view = readViewOptions(texts);
     if (options.input.inputs.empty() && !options.input.sample)
-        throw UsageError("no input; give a picture, video, stream or device, or --sample");
+        throw UsageError("no input; name an image, video, stream or device, or use --sample");
     checkInputOptions(options.input, options.view);
     if (options.start > 0 && options.input.sample)
-        throw UsageError("--start goes with a video as input; the sample has one beginning");
+        throw UsageError("--start needs a video as input; the sample has a fixed start");
     return options;
 }
 

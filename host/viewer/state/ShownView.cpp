@@ -147,7 +147,7 @@ std::string ShownView::words() const {
 
 std::string ShownView::cruiseWords() const {
     char words[64];
-    std::snprintf(words, sizeof words, "cruise %s at %.1f", _cruising ? "on" : "off", _cruiseSpeed);
+    std::snprintf(words, sizeof words, "cruise %s, speed %.1f", _cruising ? "on" : "off", _cruiseSpeed);
     return words;
 }
 

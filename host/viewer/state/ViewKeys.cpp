@@ -32,11 +32,11 @@ std::optional<ViewOptions> choiceOf(const Key& key, const ViewOptions& view, int
 std::string changeView(ShownView& shown, const Key& key) {
     if (const auto choice = choiceOf(key, shown.options(), shown.pictures())) {
         const bool changes = shown.change(*choice) || key.action == Action::kSetType;
-        return shown.words() + (changes ? "" : " has no other choice here");
+        return shown.words() + (changes ? "" : ": no other choice");
     }
     switch (key.action) {
         case Action::kCruise:
-            return shown.toggleCruise() ? shown.cruiseWords() : "no cruise in this view";
+            return shown.toggleCruise() ? shown.cruiseWords() : "this view cannot cruise";
         case Action::kCruiseSpeed:
             shown.changeCruiseSpeed(key.amount);
             return shown.cruiseWords();

@@ -53,9 +53,10 @@ Window::Library::Library() {
     SDL_SetHint(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0");
     SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0");
     if (SDL_Init(SDL_INIT_VIDEO) != 0)
-        fail("no window: there is no display to open it on",
-             "start it where an X server or a Wayland compositor runs, with DISPLAY or WAYLAND_DISPLAY set; "
-             "fovix-render needs neither");
+        fail("no window: no display is available",
+             "start an X server or a Wayland compositor and set DISPLAY or WAYLAND_DISPLAY; fovix-render "
+             "needs "
+             "neither");
 }
 
 Window::Library::~Library() {
@@ -69,9 +70,9 @@ Window::Window(const std::string& title, SurfaceSize size, bool fullScreen) {
     const int middle = static_cast<int>(SDL_WINDOWPOS_CENTERED);
     _window.reset(SDL_CreateWindow(title.c_str(), middle, middle, size.width, size.height, flags));
     constexpr const char* kDriverHint =
-        "install a GL driver, on Debian the packages libgl1-mesa-dri and libglx-mesa0 (software rendering is "
+        "install a GL driver (on Debian the packages libgl1-mesa-dri and libglx-mesa0; software rendering is "
         "enough)";
-    if (!_window) fail("no window with OpenGL can be opened here", kDriverHint);
+    if (!_window) fail("no window: OpenGL is not available", kDriverHint);
     _context = SDL_GL_CreateContext(_window.get());
     if (!_context) fail("no OpenGL 2.1 context of the compatibility profile", kDriverHint);
     SDL_GL_SetSwapInterval(1);
