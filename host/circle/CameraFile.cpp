@@ -18,7 +18,7 @@ constexpr std::string_view kExpectedLine =
 fs::path folderIn(const char* variable) {
     const char* value = std::getenv(variable);
     const fs::path folder = value ? value : "";
-    return folder.is_absolute() ? folder : fs::path();  // relative ones are to be ignored
+    return folder.is_absolute() ? folder : fs::path();  // XDG says to ignore relative paths
 }
 
 fs::path configurationFolder() {
@@ -38,8 +38,8 @@ std::string_view trimmed(std::string_view text) {
 
 bool isCameraName(std::string_view name) {
     constexpr std::string_view kAllowed = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789.-_";
-    constexpr std::size_t kLongest = 100;
-    return !name.empty() && name.size() <= kLongest && name.find_first_not_of(kAllowed) == name.npos;
+    constexpr std::size_t kMaxLength = 100;  // leaves room for the ending within the limits of file systems
+    return !name.empty() && name.size() <= kMaxLength && name.find_first_not_of(kAllowed) == name.npos;
 }
 
 CameraFile::CameraFile(const std::string& name)
@@ -71,7 +71,7 @@ std::optional<LensCircle> CameraFile::read() const {
     return lens;
 }
 
-void CameraFile::keep(const LensCircle& lens) const {
+void CameraFile::save(const LensCircle& lens) const {
     std::error_code problem;
     fs::create_directories(_path.parent_path(), problem);
     if (problem)
@@ -83,7 +83,7 @@ void CameraFile::keep(const LensCircle& lens) const {
                              textOf(lens) + "\n";
     OutputFile file(_path.string());
     file.write(text.data(), text.size());
-    file.keep();
+    file.publish();
 }
 
 }  // namespace fovix_host

@@ -1,5 +1,5 @@
-// What is known of a camera from one run to the next, in a small text file of its own that people can read
-// and change: fovix/cameras/NAME.conf in the user's configuration folder.
+// Stores the lens circle of a camera between runs, in a small text file that users can edit:
+// fovix/cameras/NAME.conf in their configuration folder.
 #pragma once
 
 #include <filesystem>
@@ -16,17 +16,17 @@ bool isCameraName(std::string_view name);
 
 class CameraFile {
   public:
-    // Throws std::runtime_error where the user has no configuration folder.
+    // Throws std::runtime_error if the user has no configuration folder.
     explicit CameraFile(const std::string& name);
 
     const std::filesystem::path& path() const { return _path; }
 
-    // Nothing where there is no such file yet. Throws std::runtime_error with a sentence that names the file
-    // and the line that is wrong.
+    // Returns nullopt if the file does not exist. Throws std::runtime_error with a message that names the
+    // file and the invalid line.
     std::optional<LensCircle> read() const;
 
-    // Replaces the file as a whole or, where it throws, not at all.
-    void keep(const LensCircle& lens) const;
+    // Replaces the file atomically. Throws std::runtime_error and leaves the old file if that fails.
+    void save(const LensCircle& lens) const;
 
   private:
     std::string _name;

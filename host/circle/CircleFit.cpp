@@ -8,10 +8,12 @@
 namespace fovix_host {
 namespace {
 
+constexpr double kSingular = 1e-9;  // determinants below this belong to points on a line
+
 std::optional<Circle> circleThrough(EdgePoint a, EdgePoint b, EdgePoint c) {
     const double bx = b.x - a.x, by = b.y - a.y, cx = c.x - a.x, cy = c.y - a.y;
     const double turn = 2.0 * (bx * cy - by * cx);
-    if (std::abs(turn) < 1e-9) return std::nullopt;
+    if (std::abs(turn) < kSingular) return std::nullopt;
     const double b2 = bx * bx + by * by, c2 = cx * cx + cy * cy;
     const double x = (cy * b2 - by * c2) / turn, y = (bx * c2 - cx * b2) / turn;
     return Circle{a.x + x, a.y + y, std::hypot(x, y)};
@@ -24,11 +26,11 @@ double score(const std::vector<EdgePoint>& points, const Circle& circle, double 
         near += std::abs(away) <= reach;
         beyond += away > reach;
     }
-    return near - 0.5 * beyond;
+    constexpr double kPenalty = 0.5;  // some light in the surround is usual
+    return near - kPenalty * beyond;
 }
 
-// How points move off a circle when its centre and its radius change: a system of equations for the change
-// that brings them closest.
+// The normal equations of one Gauss-Newton step for centre and radius.
 class Adjustment {
   public:
     void add(const Circle& circle, EdgePoint point, double weight) {
@@ -42,10 +44,10 @@ class Adjustment {
         _squares += weight * away * away;
     }
 
-    // By Cramer's rule.
+    // The step, by Cramer's rule.
     std::optional<Circle> change() const {
         const double whole = determinant(_sums);
-        if (!(std::abs(whole) > 1e-9)) return std::nullopt;
+        if (!(std::abs(whole) > kSingular)) return std::nullopt;
         std::array<double, 3> solution{};
         for (std::size_t column = 0; column < 3; ++column) {
             auto replaced = _sums;
@@ -55,10 +57,10 @@ class Adjustment {
         return Circle{solution[0], solution[1], solution[2]};
     }
 
-    // The change, in pixels, that goes with points being off as far as they are.
+    // Standard error of the step in pixels.
     std::optional<double> uncertainty() const {
         const double whole = determinant(_sums);
-        if (!(std::abs(whole) > 1e-9)) return std::nullopt;
+        if (!(std::abs(whole) > kSingular)) return std::nullopt;
         double trace = 0;  // of the inverse
         for (std::size_t i = 0; i < 3; ++i) {
             const std::size_t j = (i + 1) % 3, k = (i + 2) % 3;
@@ -83,7 +85,7 @@ class Adjustment {
 }  // namespace
 
 bool CircleLimits::allow(const Circle& circle) const {
-    return circle.radius >= leastRadius && circle.radius <= mostRadius && circle.x > 0 && circle.x < width &&
+    return circle.radius >= minRadius && circle.radius <= maxRadius && circle.x > 0 && circle.x < width &&
            circle.y > 0 && circle.y < height;
 }
 
@@ -93,7 +95,7 @@ double outside(const Circle& circle, EdgePoint point) {
 }
 
 std::optional<Circle> fitted(const std::vector<EdgePoint>& points, Circle circle, double reach) {
-    constexpr int kRounds = 8;
+    constexpr int kRounds = 8;  // more than a fit from a good start needs
     for (int round = 0; round < kRounds; ++round) {
         Adjustment adjustment;
         for (const EdgePoint& point : points) {
@@ -118,7 +120,7 @@ double doubtIn(const Circle& circle, const std::vector<EdgePoint>& points) {
 std::optional<Circle> agreedCircle(const std::vector<EdgePoint>& points, const CircleLimits& limits,
                                    double tolerance) {
     if (points.size() < 3) return std::nullopt;
-    constexpr int kTrials = 2000;
+    constexpr int kTrials = 2000;  // three points of a circle that holds a sixth of them: 99.99 %
     std::minstd_rand chance(1);
     const auto any = [&] { return points[chance() % points.size()]; };
     std::optional<Circle> best;

@@ -1,4 +1,4 @@
-// Circles through edge points, most of which may belong to something else.
+// Fits circles to edge points, most of which may be outliers.
 #pragma once
 
 #include <optional>
@@ -14,27 +14,27 @@ struct Circle {
     double x = 0, y = 0, radius = 0;
 };
 
-// How far outside the circle the point lies; below 0 inside.
+// Distance of the point from the circle; negative inside.
 double outside(const Circle& circle, EdgePoint point);
 
-// The circle that comes closest to the points near the start, each counting less the farther it lies from
-// the circle, and none from `reach` on. Nothing where they do not determine one.
+// Robust least-squares fit. A point's weight falls with its distance from the circle and is 0 at `reach` and
+// beyond. Returns nullopt if the points do not determine a circle.
 std::optional<Circle> fitted(const std::vector<EdgePoint>& points, Circle start, double reach);
 
-// How far the centre or the radius may be off, as a share of the radius, when the points are as far from the
-// true circle as they are from this one. Large where they lie on a short arc; at most 1.
+// Standard error of centre and radius as a share of the radius, estimated from the points' distances. Large
+// for a short arc; at most 1.
 double doubtIn(const Circle& circle, const std::vector<EdgePoint>& points);
 
-// Which circles are looked for.
+// The circles to consider.
 struct CircleLimits {
-    double leastRadius = 0, mostRadius = 0;
-    double width = 0, height = 0;  // of the picture, in which the centre lies
+    double minRadius = 0, maxRadius = 0;
+    double width = 0, height = 0;  // of the image, which contains the centre
 
     bool allow(const Circle& circle) const;
 };
 
-// The circle that most points agree on within a share of its radius. Points outside speak against it (light
-// in the dark surround), points inside do not (the scene). Always the same one for the same points.
+// The circle that most points agree on, within a tolerance given as a share of its radius. Points outside
+// count against it (light in the dark surround), points inside do not (the scene). Deterministic.
 std::optional<Circle> agreedCircle(const std::vector<EdgePoint>& points, const CircleLimits& limits,
                                    double tolerance);
 

@@ -8,7 +8,7 @@
 namespace fovix_host {
 namespace {
 
-constexpr std::size_t kBefore = 3, kAfter = 4;  // samples that make a rise
+constexpr std::size_t kBefore = 3, kAfter = 4;  // samples whose means are compared for a rise
 
 float medianOf(std::vector<float>& values) {
     const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
@@ -24,7 +24,7 @@ float riseAt(std::span<const float> line, std::size_t place) {
     return meanOf(line.subspan(place, kAfter)) - meanOf(line.subspan(place - kBefore, kBefore));
 }
 
-// The place between two samples where the line passes the level half way up the rise.
+// Where the line crosses the level half-way up the rise.
 double halfWay(std::span<const float> line, std::size_t place) {
     const float level =
         (meanOf(line.subspan(place, kAfter)) + meanOf(line.subspan(place - kBefore, kBefore))) / 2.0f;
@@ -38,7 +38,7 @@ double halfWay(std::span<const float> line, std::size_t place) {
 }  // namespace
 
 Surround surroundOf(const GreyImage& image) {
-    const int side = std::max(4, std::min(image.width, image.height) / 25);
+    const int side = std::max(4, std::min(image.width, image.height) / 25);  // of a corner
     std::vector<float> dark;
     float darkest = 256.0f;
     for (const int left : {0, image.width - side})
@@ -47,17 +47,18 @@ Surround surroundOf(const GreyImage& image) {
             for (int y = top; y < top + side; ++y)
                 corner.insert(corner.end(), image.row(y) + left, image.row(y) + left + side);
             const float level = medianOf(corner);
-            constexpr float kAlike = 10.0f;
-            if (level > darkest + kAlike) continue;
-            if (level < darkest - kAlike) dark.clear();
+            constexpr float kSimilar = 10.0f;  // difference between corners that are equally dark
+            if (level > darkest + kSimilar) continue;
+            if (level < darkest - kSimilar) dark.clear();
             darkest = std::min(darkest, level);
             dark.insert(dark.end(), corner.begin(), corner.end());
         }
     const float level = medianOf(dark);
     for (float& value : dark) value = std::abs(value - level);
-    constexpr float kDeviations = 1.4826f;  // median distance of a normal distribution
-    const float noise = kDeviations * medianOf(dark);
-    return {level, std::max(5.0f, 2.7f * noise)};
+    constexpr float kDeviationPerMedian = 1.4826f;  // of a normal distribution
+    const float noise = kDeviationPerMedian * medianOf(dark);
+    constexpr float kMinStep = 5.0f, kStepPerNoise = 2.7f;
+    return {level, std::max(kMinStep, kStepPerNoise * noise)};
 }
 
 bool beginsDark(std::span<const float> line, const Surround& surround) {
@@ -69,7 +70,7 @@ std::optional<double> firstRise(std::span<const float> line, const Surround& sur
         float rise = riseAt(line, place);
         if (rise < surround.step || meanOf(line.subspan(place, kAfter)) < surround.level + surround.step)
             continue;
-        // The window feels the edge coming; it is where the rise is steepest.
+        // The window responds early; the edge is at the steepest rise.
         for (; place + kAfter < line.size(); ++place) {
             const float next = riseAt(line, place + 1);
             if (next <= rise) break;
@@ -106,8 +107,9 @@ std::vector<EdgePoint> scanFromBorder(const GreyImage& image, const Surround& su
 std::vector<DirectionScan> scanAround(const GreyImage& image, const Surround& surround, const Circle& circle,
                                       double share) {
     constexpr int kDirections = 360;
-    constexpr double kMargin = 4.0;  // the rise and a little surround
-    const int reach = static_cast<int>(std::ceil(std::max(share * circle.radius, 12.0)));
+    constexpr double kMargin = 4.0;     // room outside the circle for the rise and some surround
+    constexpr double kMinReach = 12.0;  // enough samples for a rise, also around small circles
+    const int reach = static_cast<int>(std::ceil(std::max(share * circle.radius, kMinReach)));
     std::vector<DirectionScan> scans;
     std::vector<float> line;
     for (int direction = 0; direction < kDirections; ++direction) {
@@ -116,13 +118,13 @@ std::vector<DirectionScan> scanAround(const GreyImage& image, const Surround& su
         const auto on = [&](double radius) {
             return EdgePoint{circle.x + radius * dx, circle.y + radius * dy};
         };
-        const auto inPicture = [&](EdgePoint point) {
+        const auto isInside = [&](EdgePoint point) {
             return point.x >= 0 && point.y >= 0 && point.x <= image.width && point.y <= image.height;
         };
-        if (!inPicture(on(circle.radius + kMargin))) continue;
+        if (!isInside(on(circle.radius + kMargin))) continue;
         line.clear();
         double first = circle.radius + reach;
-        while (!inPicture(on(first))) first -= 1.0;
+        while (!isInside(on(first))) first -= 1.0;
         for (double radius = first; radius > circle.radius - reach; radius -= 1.0) {
             const EdgePoint point = on(radius - 0.5);
             line.push_back(image.at(point.x, point.y));

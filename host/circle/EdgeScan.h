@@ -1,5 +1,5 @@
-// Where the dark surround of a lens circle ends: along rows and columns from the picture's border inwards,
-// and along the directions of a circle that is nearly known.
+// Finds where the dark surround of a lens circle ends: along rows and columns from the image's border
+// inwards, and along the radii of an approximate circle.
 #pragma once
 
 #include <algorithm>
@@ -14,33 +14,33 @@ namespace fovix_host {
 
 struct Surround {
     float level = 0;  // brightness
-    float step = 0;   // smallest rise that its noise does not make
+    float step = 0;   // smallest rise that is not noise
 
-    // Also in the lens's glare, which makes the surround a little brighter.
+    // Tolerates the lens's glare, which brightens the surround a little.
     bool isDark(float brightness) const { return brightness <= level + std::max(20.0f, 1.5f * step); }
 };
 
-// From the corners of the picture, as far as they are about as dark as the darkest.
+// Measured in the corners of the image that are about as dark as the darkest one.
 Surround surroundOf(const GreyImage& image);
 
-// Whether a line of samples begins in the surround.
+// Returns true if a line of samples begins in the surround.
 bool beginsDark(std::span<const float> line, const Surround& surround);
 
-// Position of the first rise from the surround in a line of samples, in samples from its start; sample n
-// lies at n + 0.5.
+// Position of the first rise from the surround, in samples from the start of the line; the centre of sample n
+// is at n + 0.5.
 std::optional<double> firstRise(std::span<const float> line, const Surround& surround);
 
-// The first rise of every row and column that begins dark, from both of its ends.
+// The first rises of all rows and columns that begin dark, from both ends.
 std::vector<EdgePoint> scanFromBorder(const GreyImage& image, const Surround& surround);
 
 struct DirectionScan {
     int direction;                  // degrees
     bool beginsLit = false;         // there is light outside the circle
-    std::optional<EdgePoint> edge;  // nothing there, and where the scene is dark
+    std::optional<EdgePoint> edge;  // nullopt if it begins lit, or if the scene is dark
 };
 
-// The first rise on the way to the centre from a share of the radius outside the circle to the same inside,
-// in those of 360 directions where the circle lies in the picture.
+// Scans 360 radii inwards, from a share of the radius outside the circle to the same share inside, and
+// returns the first rises. Skips directions in which the circle is outside the image.
 std::vector<DirectionScan> scanAround(const GreyImage& image, const Surround& surround, const Circle& circle,
                                       double share);
 

@@ -1,5 +1,5 @@
-// Which lens circle a view shows: the one given, the one kept for the camera, or the one found in its
-// pictures. Says which in a line for the user, and keeps what is to be kept.
+// Chooses the lens circle of a view: the given one, the one stored for the camera, or the one found in its
+// frames. Reports the choice and saves it if requested.
 #pragma once
 
 #include <optional>
@@ -11,23 +11,23 @@ namespace fovix_host {
 
 struct LensRequest {
     std::optional<LensCircle> given;
-    std::string camera;  // its name; empty without
+    std::string camera;  // name to load and save under; empty without
 };
 
 struct LensChoice {
-    std::optional<LensCircle> lens;  // nothing: the library's own, in the middle of the picture
-    std::string remark;              // may be empty
+    std::optional<LensCircle> lens;  // nullopt: the library's centred circle
+    std::string message;             // for the user; may be empty
 };
 
-// Without looking at pictures; nothing where they must be looked at. Throws std::runtime_error where the
-// camera's file cannot be read or written.
-std::optional<LensChoice> lensAtHand(const LensRequest& request);
+// The choice without a search; nullopt if frames must be searched. Throws std::runtime_error if the camera's
+// file cannot be read or written.
+std::optional<LensChoice> lensWithoutSearch(const LensRequest& request);
 
-// After looking at them. Throws as above.
+// The choice after a search. Throws like lensWithoutSearch().
 LensChoice lensAfterSearch(const LensRequest& request, const std::optional<FoundLens>& found);
 
-// What is wrong with this circle for pictures of that size; empty where nothing is. The circle of an image of
-// other proportions is no circle in them.
+// Returns a warning if the circle's image and frames of this size have different aspect ratios, in which case
+// the circle would be distorted; else an empty string.
 std::string misfitOf(const LensCircle& lens, int width, int height);
 
 }  // namespace fovix_host

@@ -1,4 +1,4 @@
-// Where a lens shows its circle in the camera's image, in the order of Fovix_SetFecParams.
+// Position of the lens circle within the camera's full-size image, in the order of Fovix_SetFecParams().
 #pragma once
 
 namespace fovix_host {

@@ -12,26 +12,26 @@ std::string FoundLens::percent() const {
     return std::to_string(static_cast<int>(100.0 * confidence)) + " %";
 }
 
-std::string FoundLens::inWords() const {
+std::string FoundLens::description() const {
     return "confidence " + percent() + ": the scene begins within " + std::to_string(tolerance) +
            (tolerance == 1 ? " pixel" : " pixels") + " of the circle in " + std::to_string(agreeing) +
            " of " + std::to_string(visible) + " directions";
 }
 
-void LensFinder::startWith(const LumaView& picture) {
-    // Edges are found to a fraction of a pixel, so that this many are enough.
-    constexpr int kMostPixels = 1024;
-    _width = picture.width;
-    _height = picture.height;
-    _factor = (std::max(_width, _height) + kMostPixels - 1) / kMostPixels;
-    _pictures = 0;
+void LensFinder::restartWith(const LumaView& frame) {
+    // Edges are located to a fraction of a pixel, so this resolution is sufficient.
+    constexpr int kMaxSide = 1024;
+    _width = frame.width;
+    _height = frame.height;
+    _factor = (std::max(_width, _height) + kMaxSide - 1) / kMaxSide;
+    _frames = 0;
 }
 
-void LensFinder::add(const LumaView& picture) {
-    if (picture.width < 1 || picture.height < 1) return;
-    if (picture.width != _width || picture.height != _height) startWith(picture);
-    GreyImage small = reduced(picture, _factor);
-    if (++_pictures == 1) {
+void LensFinder::add(const LumaView& frame) {
+    if (frame.width < 1 || frame.height < 1) return;
+    if (frame.width != _width || frame.height != _height) restartWith(frame);
+    GreyImage small = reduced(frame, _factor);
+    if (++_frames == 1) {
         _second = GreyImage(small.width, small.height);
         _brightest = std::move(small);
         return;
@@ -45,10 +45,10 @@ void LensFinder::add(const LumaView& picture) {
 }
 
 std::optional<FoundLens> LensFinder::result() const {
-    constexpr int kEnoughToDropOne = 3;
-    const auto found = searchCircle(_pictures < kEnoughToDropOne ? _brightest : _second);
-    constexpr double kWorthAWord = 0.1;
-    if (!found || found->confidence < kWorthAWord) return std::nullopt;
+    constexpr int kMinFramesForSecond = 3;
+    const auto found = searchCircle(_frames < kMinFramesForSecond ? _brightest : _second);
+    constexpr double kMinReported = 0.1;  // a lower confidence is not even worth mentioning
+    if (!found || found->confidence < kMinReported) return std::nullopt;
     const auto pixels = [this](double length) { return static_cast<int>(std::lround(length * _factor)); };
     const Circle& circle = found->circle;
     const LensCircle lens{std::max(pixels(circle.x), 1), std::max(pixels(circle.y), 1), pixels(circle.radius),

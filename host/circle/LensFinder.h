@@ -1,5 +1,5 @@
-// Finds the lens circle in the pictures of a camera, handed in one by one. Several pictures from different
-// moments are better than one: light that passes by shows more of the circle's edge.
+// Finds the lens circle in a camera's frames, which are added one by one. Several frames from different
+// moments show more of the circle's edge than one.
 #pragma once
 
 #include <optional>
@@ -14,34 +14,35 @@ struct FoundLens {
     LensCircle circle;
     double confidence = 0;  // from 0 to 1
     int agreeing = 0;       // directions in which the scene begins within the tolerance of the circle
-    int visible = 0;        // directions in which the circle lies in the picture, of 360
+    int visible = 0;        // directions, of 360, in which the circle is inside the image
     int tolerance = 0;      // pixels
 
-    // Below this the circle is a guess that nobody should see a view with.
-    bool isSure() const { return confidence >= 0.6; }
+    // Minimum confidence for using the circle; it separates right from wrong circles in the test images.
+    static constexpr double kMinConfidence = 0.6;
+    bool isSure() const { return confidence >= kMinConfidence; }
     // "93 %"
     std::string percent() const;
     // "confidence 93 %: the scene begins within 9 pixels of the circle in 340 of 360 directions"
-    std::string inWords() const;
+    std::string description() const;
 };
 
 class LensFinder {
   public:
-    // Keeps a reduced picture only. One of another size than those before starts anew.
-    void add(const LumaView& picture);
+    // A frame of a different size discards the previous ones.
+    void add(const LumaView& frame);
 
-    // The best circle so far; nothing where there is none to see.
+    // Best circle so far, if any.
     std::optional<FoundLens> result() const;
 
-    int pictures() const { return _pictures; }
+    int frames() const { return _frames; }
 
   private:
-    void startWith(const LumaView& picture);
+    void restartWith(const LumaView& frame);
 
     int _width = 0, _height = 0;
     int _factor = 1;
-    int _pictures = 0;
-    // Pixel by pixel. The second brightest does without a flash, or a picture from a damaged video.
+    int _frames = 0;
+    // Per pixel, over all frames. The second brightest ignores a single flash or damaged frame.
     GreyImage _brightest, _second;
 };
 

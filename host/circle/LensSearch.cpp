@@ -15,12 +15,12 @@ std::vector<EdgePoint> edgesOf(const std::vector<DirectionScan>& scans) {
     return edges;
 }
 
-// Share of the pixels outside the circle, a little apart from it, that are as bright as the scene.
+// Share of the pixels clearly outside the circle that are as bright as the scene.
 double litShare(const GreyImage& image, const Surround& surround, const Circle& circle) {
-    constexpr double kApart = 1.04;
-    const double reach = circle.radius * kApart;
+    constexpr double kClearance = 1.04;  // of the radius: skips the blurred edge
+    const double reach = circle.radius * kClearance;
     int all = 0, lit = 0;
-    constexpr int kStride = 3;
+    constexpr int kStride = 3;  // a ninth of the pixels is enough for a share
     for (int y = 0; y < image.height; y += kStride)
         for (int x = 0; x < image.width; x += kStride) {
             const double dx = x + 0.5 - circle.x, dy = y + 0.5 - circle.y;
@@ -53,13 +53,14 @@ CircleEvidence evidenceFor(const Circle& circle, const GreyImage& image, const S
     return evidence;
 }
 
+// The constants are empirical: FoundLens::kMinConfidence has to separate right circles from wrong ones.
 double confidenceIn(const CircleEvidence& evidence) {
     if (evidence.agreeing == 0) return 0.0;
-    // Edges elsewhere speak against the circle; darkness, as of a scene at night, hardly.
+    // Edges elsewhere are evidence against the circle; darkness, as in a night scene, hardly is.
     const int elsewhere = evidence.light + evidence.within;
     const int dark = evidence.visible - evidence.agreeing - elsewhere;
     const double agreement = evidence.agreeing / (evidence.agreeing + elsewhere + 0.1 * dark);
-    // A short arc does not fix a circle, nor does a ragged one.
+    // Neither a short nor a ragged arc determines a circle.
     const double length = std::min(evidence.agreeing / 50.0, 1.0);
     const double certainty = std::clamp(1.5 - 35.0 * evidence.doubt, 0.0, 1.0);
     const double surround = std::clamp(1.1 - 3.0 * evidence.litSurround, 0.0, 1.0);
@@ -68,16 +69,19 @@ double confidenceIn(const CircleEvidence& evidence) {
 
 std::optional<SearchResult> searchCircle(const GreyImage& image, const Surround& surround) {
     const int shorter = std::min(image.width, image.height), longer = std::max(image.width, image.height);
+    // Diameters from half the shorter side to a circle that is cut off at all sides.
     const CircleLimits limits{0.25 * shorter, 0.75 * longer, double(image.width), double(image.height)};
-    constexpr double kRoughly = 0.01;
-    auto circle = agreedCircle(scanFromBorder(image, surround), limits, kRoughly);
-    for (const double window : {0.08, 0.04, 0.04}) {
+    constexpr double kConsensus = 0.01;  // of the radius
+    auto circle = agreedCircle(scanFromBorder(image, surround), limits, kConsensus);
+    // Refine it with edges from ever narrower windows around it, as shares of the radius.
+    constexpr double kNarrowest = 0.04;
+    for (const double window : {2 * kNarrowest, kNarrowest, kNarrowest}) {
         if (!circle || !limits.allow(*circle)) return std::nullopt;
         const auto edges = edgesOf(scanAround(image, surround, *circle, window));
         circle = fitted(edges, *circle, 1.5 * edgeTolerance(*circle));
     }
     if (!circle || !limits.allow(*circle)) return std::nullopt;
-    const auto scans = scanAround(image, surround, *circle, 0.04);
+    const auto scans = scanAround(image, surround, *circle, kNarrowest);
     const CircleEvidence evidence = evidenceFor(*circle, image, surround, scans);
     return SearchResult{*circle, evidence, confidenceIn(evidence)};
 }
@@ -91,18 +95,18 @@ double edgeTolerance(const Circle& circle) {
 
 std::optional<SearchResult> searchCircle(const GreyImage& image) {
     const int shorter = std::min(image.width, image.height);
-    constexpr int kLeastSide = 64;
-    if (shorter < kLeastSide) return std::nullopt;
+    constexpr int kMinSide = 64;  // smaller circles have too few edge points
+    if (shorter < kMinSide) return std::nullopt;
     Surround surround = surroundOf(image);
     std::optional<SearchResult> best;
-    // In the glare of a bright scene the edge is not the first rise, but one of the steep ones.
+    // In the glare of a bright scene the edge is not the first rise but a steeper one.
     for (const float steeper : {1.0f, 2.5f, 2.5f}) {
         surround.step *= steeper;
         const auto found = searchCircle(image, surround);
         if (!found || (best && best->confidence >= found->confidence)) continue;
         best = found;
-        constexpr double kBeyondDoubt = 0.9;
-        if (best->confidence > kBeyondDoubt) break;
+        constexpr double kCertain = 0.9;  // no need to try steeper edges
+        if (best->confidence > kCertain) break;
     }
     return best;
 }

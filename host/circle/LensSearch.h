@@ -1,4 +1,4 @@
-// Finds the circle that a fisheye lens draws in its picture, and says how sure that is.
+// Finds the lens circle in a greyscale image and rates the confidence.
 #pragma once
 
 #include <optional>
@@ -9,14 +9,14 @@
 
 namespace fovix_host {
 
-// What is seen in the directions in which the circle lies in the picture.
+// What the directions show in which the circle is inside the image, as counts of directions.
 struct CircleEvidence {
-    int visible = 0;         // such directions
+    int visible = 0;         // all of them
     int agreeing = 0;        // the scene begins at the circle, within the tolerance
-    int light = 0;           // there is light outside of it
-    int within = 0;          // the scene begins a little within it
-    double doubt = 1;        // how far off the agreeing directions may leave the circle, of its radius
-    double litSurround = 1;  // share of the picture well outside the circle that is bright
+    int light = 0;           // there is light outside the circle
+    int within = 0;          // the scene begins a little inside the circle
+    double doubt = 1;        // uncertainty of a circle fitted to the agreeing ones, as a share of the radius
+    double litSurround = 1;  // share of the image well outside the circle that is bright
 };
 
 struct SearchResult {
@@ -25,10 +25,10 @@ struct SearchResult {
     double confidence = 0;  // from 0 to 1
 };
 
-// How far from the circle the scene may begin in a direction that agrees.
+// How far from the circle an agreeing edge may be, in pixels.
 double edgeTolerance(const Circle& circle);
 
-// The best circle there is, or nothing where no edges agree on one.
+// Best circle, or nullopt without consensus.
 std::optional<SearchResult> searchCircle(const GreyImage& image);
 
 }  // namespace fovix_host

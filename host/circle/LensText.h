@@ -1,4 +1,4 @@
-// A lens circle as people write and read it: CX,CY,RADIUS,W,H.
+// Lens circles as text: CX,CY,RADIUS,W,H.
 #pragma once
 
 #include <optional>

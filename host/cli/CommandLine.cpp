@@ -11,16 +11,16 @@
 namespace fovix_host {
 namespace {
 
-// The inputs stand in the usage line already.
+// Omits the inputs, which the usage line shows already.
 struct BriefFormatter : CLI::Formatter {
     std::string make_positionals(const CLI::App*) const override { return {}; }
 };
 
 }  // namespace
 
-int print(const TextWanted& wanted, const char* program) {
-    if (std::fputs(wanted.text.c_str(), stdout) >= 0 && std::fflush(stdout) == 0) return 0;
-    // A reader that has seen enough needs no word.
+int print(const TextRequest& request, const char* program) {
+    if (std::fputs(request.text.c_str(), stdout) >= 0 && std::fflush(stdout) == 0) return 0;
+    // Ignore a closed pipe.
     if (errno != EPIPE)
         std::fprintf(stderr, "%s: cannot write to standard output: %s\n", program, std::strerror(errno));
     return 1;
@@ -33,7 +33,8 @@ CommandLine::CommandLine(const std::string& program, const std::string& purpose,
         ->description("show the version")
         ->disable_flag_override();
     _app->formatter(std::make_shared<BriefFormatter>());
-    _app->get_formatter()->column_width(31);
+    constexpr std::size_t kOptionColumns = 31;  // fits the longest option
+    _app->get_formatter()->column_width(kOptionColumns);
     _app->footer(examples);
 }
 
@@ -71,7 +72,7 @@ void CommandLine::addFlag(const char* name, const char* meaning, bool& flag) {
 
 void CommandLine::addList(const char* name, const char* meaning, std::string (*text)()) {
     _app->add_flag_callback(
-            name, [text] { throw TextWanted{text()}; }, meaning)
+            name, [text] { throw TextRequest{text()}; }, meaning)
         ->disable_flag_override();
 }
 
@@ -86,12 +87,12 @@ void CommandLine::refuseCommandLine(const std::string& why) const {
     throw UsageError(why + "; " + _program + " --help lists the options");
 }
 
-// The parser tells the cases apart only in its words.
+// CLI11 distinguishes these cases only by message text.
 void CommandLine::refuseArguments(const std::string& why) const {
-    const auto tells = [&](const char* words) { return why.find(words) != why.npos; };
-    if (tells("flag override")) refuseCommandLine("--" + why.substr(0, why.find(' ')) + " takes no value");
+    const auto mentions = [&](const char* words) { return why.find(words) != why.npos; };
+    if (mentions("flag override")) refuseCommandLine("--" + why.substr(0, why.find(' ')) + " takes no value");
     const std::string name = why.substr(0, why.find(':'));
-    if (tells("received")) refuseCommandLine(name + " is given more than once");
+    if (mentions("received")) refuseCommandLine(name + " is given more than once");
     refuseCommandLine(name + " needs a value, " + _app->get_option(name)->get_type_name());
 }
 
@@ -99,9 +100,9 @@ void CommandLine::parse(int argc, const char* const* argv) {
     try {
         _app->parse(argc, argv);
     } catch (const CLI::CallForHelp&) {
-        throw TextWanted{_app->help()};
+        throw TextRequest{_app->help()};
     } catch (const CLI::CallForVersion& version) {
-        throw TextWanted{std::string(version.what()) + "\n"};
+        throw TextRequest{std::string(version.what()) + "\n"};
     } catch (const CLI::ExtrasError&) {
         refuseCommandLine("unknown option '" + _app->remaining().front() + "'");
     } catch (const CLI::ArgumentMismatch& error) {

@@ -1,5 +1,5 @@
-// What the command lines of the programs have in common: how options are described, how the help looks, and
-// the sentence that a wrong option gets. The parser itself stays behind this class: it takes long to compile.
+// Command lines of both programs: option descriptions, help text and error messages. The parser is hidden in
+// the implementation because it is slow to compile.
 #pragma once
 
 #include <functional>
@@ -15,46 +15,46 @@ class App;
 
 namespace fovix_host {
 
-// What --help, --version and the lists ask for instead of the program's work.
-struct TextWanted {
+// Thrown by --help, --version and the lists: a text to print instead of running the program.
+struct TextRequest {
     std::string text;
 };
 
-// On standard output; the exit status of the program that does no more, with a sentence where it failed.
-int print(const TextWanted& wanted, const char* program);
+// Prints to standard output and returns the exit status of the program; reports failures to standard error.
+int print(const TextRequest& request, const char* program);
 
-// Variables that options are to fill outlive the parsing.
+// Variables that options fill must outlive parse().
 class CommandLine {
   public:
-    // Turns a text into a value, or refuses with a UsageError.
+    // Parses and stores a value; throws UsageError if it is invalid.
     using Take = std::function<void(const std::string&)>;
-    enum class Value { kNeeded, kOptional };  // an optional one is taken as "" where it lacks
+    enum class Value { kRequired, kOptional };  // an omitted optional value is read as ""
 
-    // The examples close the help.
+    // The examples are printed at the end of the help.
     CommandLine(const std::string& program, const std::string& purpose, const std::string& examples);
     ~CommandLine();
     CommandLine(const CommandLine&) = delete;
     CommandLine& operator=(const CommandLine&) = delete;
 
-    // Whatever is no option.
+    // Collects the arguments that are not options.
     void addInputs(std::vector<std::string>& inputs);
 
     void addText(const char* names, const char* placeholder, const char* meaning, Take take,
-                 Value value = Value::kNeeded);
-    // An option whose text is kept for later and must not be empty.
+                 Value value = Value::kRequired);
+    // An option whose value is stored unparsed and must not be empty.
     void addText(const char* names, const char* placeholder, const char* meaning, std::string& text);
-    // An option that may be given several times.
+    // An option that can be repeated.
     void addTexts(const char* name, const char* placeholder, const char* meaning,
                   std::vector<std::string>& texts);
 
     void addFlag(const char* name, const char* meaning, bool& flag);
-    // A flag that has the program print a text and end.
+    // A flag that prints a text and ends the program.
     void addList(const char* name, const char* meaning, std::string (*text)());
 
-    // Throws UsageError or TextWanted.
+    // Throws UsageError or TextRequest.
     void parse(int argc, const char* const* argv);
 
-    // The options that were given, by name.
+    // Names of the options that were given.
     std::vector<std::string> given() const;
 
   private:

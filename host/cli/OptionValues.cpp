@@ -11,10 +11,10 @@ void refuse(std::string_view option, std::string_view value, std::string_view ex
 }
 
 SurfaceSize parseSize(const std::string& text) {
-    constexpr int kMost = 65535;
+    constexpr int kMaxSide = 65535;  // a sanity limit; GL reports its own
     const auto size = numbersIn<int>(text, 'x');
     if (!size || size->size() != 2 || *std::min_element(size->begin(), size->end()) < 1 ||
-        *std::max_element(size->begin(), size->end()) > kMost)
+        *std::max_element(size->begin(), size->end()) > kMaxSide)
         refuse("--size", text, "WIDTHxHEIGHT in pixels, each from 1 to 65535 (such as 1280x720)");
     return {size->front(), size->back()};
 }
@@ -28,7 +28,7 @@ unsigned int parseBackground(const std::string& text) {
 
 double parseTime(std::string_view option, const std::string& text) {
     constexpr const char* kExpected = "a time in seconds or as [H:]M:S (such as 90, 1:30 or 0:01:30.5)";
-    constexpr double kMost = 1e7;
+    constexpr double kMaxSeconds = 1e7;  // four months; larger values are typing errors
     const auto parts = numbersIn<double>(text, ':');
     if (!parts || parts->size() > 3) refuse(option, text, kExpected);
     double seconds = 0;
@@ -38,7 +38,7 @@ double parseTime(std::string_view option, const std::string& text) {
         if (!isWhole || std::signbit(part) || (i > 0 && part >= 60)) refuse(option, text, kExpected);
         seconds = seconds * 60 + part;
     }
-    if (seconds > kMost) refuse(option, text, kExpected);
+    if (seconds > kMaxSeconds) refuse(option, text, kExpected);
     return seconds;
 }
 

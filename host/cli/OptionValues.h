@@ -1,4 +1,4 @@
-// How the texts of a command line become values, and the sentence that refuses those that cannot be meant.
+// Parses the values of options; the message for invalid ones.
 #pragma once
 
 #include <charconv>
@@ -15,7 +15,7 @@ namespace fovix_host {
 // Throws UsageError: "OPTION: expected EXPECTED, got 'VALUE'".
 [[noreturn]] void refuse(std::string_view option, std::string_view value, std::string_view expected);
 
-// The whole text as a number, or nothing.
+// The whole text as a finite number, or nullopt.
 template <typename Number, typename... Base>
 std::optional<Number> numberIn(std::string_view text, Base... base) {
     Number number{};
@@ -26,7 +26,7 @@ std::optional<Number> numberIn(std::string_view text, Base... base) {
     return number;
 }
 
-// The numbers of a text with separators between them, or nothing where a part is none.
+// Numbers with separators between them, or nullopt if any part is not a number.
 template <typename Number>
 std::optional<std::vector<Number>> numbersIn(std::string_view text, char separator = ',') {
     std::vector<Number> numbers;

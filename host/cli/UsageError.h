@@ -1,4 +1,4 @@
-// A command line that cannot be meant; what() is a sentence that says what would be right.
+// An invalid command line; what() explains what would be valid.
 #pragma once
 
 #include <stdexcept>

@@ -1,4 +1,4 @@
-// Brightness alone, as the search for the lens circle works on it: rows top to bottom, 0 to 255.
+// Greyscale images for the lens search: rows top to bottom, values 0 to 255.
 #pragma once
 
 #include <algorithm>
@@ -9,7 +9,7 @@
 
 namespace fovix_host {
 
-// The samples of somebody else's picture: a plane of luma, or red, green and blue beside each other.
+// A non-owning view of an image: a plane of luma, or RGBA pixels.
 struct LumaView {
     enum class Samples { kLuma, kRgba };
 
@@ -36,7 +36,7 @@ struct GreyImage {
         return pixels.data() + static_cast<std::size_t>(y) * static_cast<std::size_t>(width);
     }
 
-    // Between the middles of the pixels, which lie at halves; beyond the outermost ones, their values.
+    // Interpolates between pixel centres, which are at half-integer positions; clamps at the border.
     float at(double x, double y) const {
         x = std::clamp(x - 0.5, 0.0, width - 1.0);
         y = std::clamp(y - 0.5, 0.0, height - 1.0);
@@ -50,7 +50,7 @@ struct GreyImage {
     }
 };
 
-// Blocks of factor x factor pixels as their mean; an incomplete last row or column of blocks is left out.
-GreyImage reduced(const LumaView& picture, int factor);
+// Averages blocks of factor x factor pixels; incomplete blocks at the right and bottom are dropped.
+GreyImage reduced(const LumaView& image, int factor);
 
 }  // namespace fovix_host

@@ -1,4 +1,4 @@
-// A picture in memory as the host programs pass it around: 8-bit RGBA, rows top to bottom, no gaps.
+// An image in memory: 8-bit RGBA, rows top to bottom, tightly packed.
 #pragma once
 
 #include <cstddef>

@@ -50,7 +50,7 @@ void writePng(const std::string& file, const RgbaImage& image) {
     const PacketOwner packet = encode(image);
     OutputFile out(file);
     out.write(packet->data, static_cast<std::size_t>(packet->size));
-    out.keep();
+    out.publish();
 }
 
 }  // namespace fovix_host

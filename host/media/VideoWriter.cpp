@@ -149,7 +149,7 @@ void VideoWriter::finish() {
     check(av_write_trailer(_muxer.get()));
     avio_flush(_muxer->pb);
     check(_muxer->pb->error);
-    _file.keep();
+    _file.publish();
 }
 
 void VideoWriter::check(int result) {

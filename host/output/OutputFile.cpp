@@ -17,7 +17,7 @@
 namespace fovix_host {
 namespace {
 
-constexpr mode_t kReadableByAll = 0666;  // less what the umask takes
+constexpr mode_t kDefaultMode = 0666;  // reduced by the umask
 
 std::string pathOf(int descriptor) {
     return "/proc/self/fd/" + std::to_string(descriptor);
@@ -39,7 +39,8 @@ OutputFile::OutputFile(const std::string& name, Draft draft) : _name(name), _tar
     }
     if (exists && access(_target.c_str(), W_OK) != 0) fail();
     openDraft(draft);
-    if (exists) fchmod(_descriptor, there.st_mode & ~mode_t{S_IFMT});  // some file systems have no modes
+    if (exists)
+        fchmod(_descriptor, there.st_mode & ~mode_t{S_IFMT});  // may fail: some file systems lack modes
 }
 
 OutputFile::~OutputFile() {
@@ -58,8 +59,8 @@ void OutputFile::openDraft(Draft draft) {
 
 bool OutputFile::openUnnamed() {
     const char* folder = _folder.empty() ? "." : _folder.c_str();
-    _descriptor = open(folder, O_TMPFILE | O_RDWR | O_CLOEXEC, kReadableByAll);
-    // Without /proc it could not get its name.
+    _descriptor = open(folder, O_TMPFILE | O_RDWR | O_CLOEXEC, kDefaultMode);
+    // linkat() needs /proc to name the file later.
     if (_descriptor >= 0 && access(pathOf(_descriptor).c_str(), F_OK) == 0) return true;
     if (_descriptor >= 0) close(_descriptor);
     _descriptor = -1;
@@ -68,7 +69,7 @@ bool OutputFile::openUnnamed() {
 
 void OutputFile::openHidden() {
     const std::string name = freeName();
-    _descriptor = open(name.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, kReadableByAll);
+    _descriptor = open(name.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, kDefaultMode);
     if (_descriptor < 0) fail();
     _hidden = name;
 }
@@ -87,12 +88,12 @@ bool OutputFile::isSeekable() const {
 }
 
 std::int64_t OutputFile::seek(std::int64_t offset, int whence) {
-    const off_t place = lseek(_descriptor, offset, whence);
-    if (place < 0) fail();
-    return place;
+    const off_t position = lseek(_descriptor, offset, whence);
+    if (position < 0) fail();
+    return position;
 }
 
-// An unnamed file can only be linked to a name that is free; over another file it must be moved.
+// linkat() does not replace an existing file: link to a free name first, which publish() then renames.
 void OutputFile::link() {
     const std::string draft = pathOf(_descriptor);
     const auto linkTo = [&](const std::string& name) {
@@ -104,9 +105,9 @@ void OutputFile::link() {
     _hidden = name;
 }
 
-void OutputFile::keep() {
+void OutputFile::publish() {
     if (_isDraft && _hidden.empty()) link();
-    // Some file systems say only now that there is no room.
+    // Some file systems report a full disk only here.
     const int closed = close(_descriptor);
     _descriptor = -1;
     if (closed != 0) fail();

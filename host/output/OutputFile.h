@@ -1,6 +1,6 @@
-// A file that appears under its name when it is whole, and not at all before: it is written without a name in
-// the folder where it will be, so that nothing is left of it when the program is killed or the disk is full.
-// A file that had the name stays as it was until then.
+// A file that is published atomically when complete. Until then it is an unnamed file in the target folder,
+// so nothing is left behind if the program is killed or the disk is full, and an existing file stays as it
+// was.
 #pragma once
 
 #include <cstddef>
@@ -11,23 +11,22 @@ namespace fovix_host {
 
 class OutputFile {
   public:
-    // How it exists before it is whole; a file system without unnamed files gets a hidden one in any case.
+    // The form of the incomplete file; file systems without unnamed files always use a hidden one.
     enum class Draft { kUnnamed, kHidden };
 
-    // What exists and is no regular file, as a device, is written directly. All functions throw
-    // std::runtime_error with a sentence that names the file.
+    // A target that exists and is not a regular file, such as a device, is written directly. All functions
+    // throw std::runtime_error with a message that names the file.
     explicit OutputFile(const std::string& name, Draft draft = Draft::kUnnamed);
     ~OutputFile();
     OutputFile(const OutputFile&) = delete;
     OutputFile& operator=(const OutputFile&) = delete;
 
     void write(const void* bytes, std::size_t count);
-    // Whether one can go back in it, as not in a pipe.
     bool isSeekable() const;
-    // Where to write next, as lseek() takes it; the new place from the start.
+    // Like lseek(): returns the new position.
     std::int64_t seek(std::int64_t offset, int whence);
-    // Gives it its name.
-    void keep();
+    // Publishes the file under its name.
+    void publish();
 
     const std::string& name() const { return _name; }
 
@@ -40,9 +39,9 @@ class OutputFile {
     [[noreturn]] void fail() const;
 
     std::string _name;    // as given, for messages
-    std::string _target;  // where links lead
-    std::string _folder;  // of the target, with its slash
-    std::string _hidden;  // the name that the draft has; empty without
+    std::string _target;  // resolved path
+    std::string _folder;  // directory of the target, with trailing slash
+    std::string _hidden;  // name of the draft; empty if it has none
     int _descriptor = -1;
     bool _isDraft = false;
 };

@@ -14,7 +14,7 @@ namespace fovix_host {
 
 namespace {
 
-// Where standard error was closed, the next file opened would be taken for it and get its messages.
+// If standard error is closed, the next file opened would get its descriptor and receive the messages.
 void occupyStandardError() {
     if (fcntl(STDERR_FILENO, F_GETFD) >= 0) return;
     const int nowhere = open("/dev/null", O_WRONLY);
@@ -27,12 +27,12 @@ void occupyStandardError() {
 
 OwnOutput::OwnOutput(Diagnostics diagnostics, Lines lines) : _lines(lines) {
     std::fflush(stdout);
-    // Fails when standard output was closed: then lines go nowhere.
+    // Fails if standard output is closed; lines are then discarded.
     _own = fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
     occupyStandardError();
     if (diagnostics == Diagnostics::kToStandardError) {
         dup2(STDERR_FILENO, STDOUT_FILENO);
-        // Line by line, so that both kinds of messages come in their order.
+        // Line buffering keeps the library's and the program's messages in order.
         std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
         return;
     }

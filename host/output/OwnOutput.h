@@ -1,5 +1,5 @@
-// Keeps a program's own standard output apart from libfovix's diagnostics, which the library prints to
-// standard output too: from now on those go to standard error or nowhere.
+// Separates a program's own standard output from the diagnostics that libfovix prints to standard output:
+// these are redirected to standard error or discarded.
 #pragma once
 
 #include <cstddef>
@@ -10,8 +10,8 @@ namespace fovix_host {
 enum class Diagnostics { kHidden, kToStandardError };
 enum class Lines { kToStandardOutput, kToStandardError };
 
-// Thrown when whoever reads standard output has closed it: not worth a word to the user. Needs SIGPIPE
-// ignored.
+// Thrown when the reader of standard output has closed it; not an error for the user. Requires that SIGPIPE
+// is ignored.
 struct ReaderGone {};
 
 class OwnOutput {
@@ -22,8 +22,8 @@ class OwnOutput {
     OwnOutput(const OwnOutput&) = delete;
     OwnOutput& operator=(const OwnOutput&) = delete;
 
-    // Both write where standard output was directed at the start, lines only where they go there; they throw
-    // std::runtime_error or ReaderGone when that fails.
+    // These write to the original standard output; lines go to standard error if the constructor was asked
+    // for that. They throw std::runtime_error or ReaderGone.
     void line(const std::string& text);
     void bytes(const void* bytes, std::size_t count);
     bool isTerminal() const;
@@ -32,7 +32,7 @@ class OwnOutput {
     [[noreturn]] static void fail();
     void write(const void* bytes, std::size_t count);
 
-    int _own = -1;  // descriptor of what standard output was at the start; -1 where it was closed
+    int _own = -1;  // descriptor of the original standard output; -1 if it was closed
     Lines _lines;
 };
 

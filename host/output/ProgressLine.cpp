@@ -19,20 +19,20 @@ std::string clockText(double seconds) {
 
 }  // namespace
 
-std::string progressLine(int frames, int ofFrames, double secondsSoFar, int columns) {
+std::string progressLine(int frames, int totalFrames, double secondsSoFar, int columns) {
     const auto width = static_cast<std::size_t>(std::max(columns, 0));
-    if (ofFrames <= 0)
+    if (totalFrames <= 0)
         return ("frame " + std::to_string(frames) + ", " + clockText(secondsSoFar)).substr(0, width);
-    const double done = std::min(1.0, static_cast<double>(frames) / ofFrames);
+    const double done = std::min(1.0, static_cast<double>(frames) / totalFrames);
     const double left = done > 0 ? secondsSoFar * (1 - done) / done : 0;
-    const std::string words = " " + std::to_string(static_cast<int>(done * 100)) + " %, frame " +
-                              std::to_string(frames) + " of " + std::to_string(ofFrames) + ", " +
-                              clockText(left) + " left";
-    constexpr std::size_t kLeast = 10, kMost = 40, kBrackets = 2;
-    if (width < words.size() + kBrackets + kLeast) return words.substr(1, width);
-    const std::size_t cells = std::min(kMost, width - words.size() - kBrackets);
+    const std::string text = " " + std::to_string(static_cast<int>(done * 100)) + " %, frame " +
+                             std::to_string(frames) + " of " + std::to_string(totalFrames) + ", " +
+                             clockText(left) + " left";
+    constexpr std::size_t kMinCells = 10, kMaxCells = 40, kBrackets = 2;
+    if (width < text.size() + kBrackets + kMinCells) return text.substr(1, width);
+    const std::size_t cells = std::min(kMaxCells, width - text.size() - kBrackets);
     const auto filled = static_cast<std::size_t>(done * static_cast<double>(cells));
-    return "[" + std::string(filled, '#') + std::string(cells - filled, '-') + "]" + words;
+    return "[" + std::string(filled, '#') + std::string(cells - filled, '-') + "]" + text;
 }
 
 }  // namespace fovix_host

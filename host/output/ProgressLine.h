@@ -5,7 +5,7 @@
 
 namespace fovix_host {
 
-// One line of at most this many columns; the number of frames in all is 0 where it is not known.
-std::string progressLine(int frames, int ofFrames, double secondsSoFar, int columns);
+// Fits into the given columns. totalFrames is 0 if unknown.
+std::string progressLine(int frames, int totalFrames, double secondsSoFar, int columns);
 
 }  // namespace fovix_host

@@ -1,4 +1,4 @@
-// Writes to a descriptor until everything is there, whatever interrupts.
+// Writes all bytes to a descriptor, continuing after signals and partial writes.
 #pragma once
 
 #include <unistd.h>
@@ -8,7 +8,7 @@
 
 namespace fovix_host {
 
-// False on failure; errno then tells why.
+// Returns false on failure, with errno set.
 inline bool writeAll(int descriptor, const void* bytes, std::size_t count) {
     const char* next = static_cast<const char*>(bytes);
     while (count > 0) {

@@ -17,13 +17,13 @@ void printLens(const RenderOptions& options, OwnOutput& out) {
     if (!found) throw std::runtime_error(quotedName(input) + " shows no lens circle");
     if (!found->isSure())
         throw std::runtime_error(quotedName(input) + " shows no clear lens circle; the best guess is " +
-                                 textOf(found->circle) + " with " + found->inWords());
+                                 textOf(found->circle) + " with " + found->description());
     if (!options.input.camera.empty()) {
-        const auto choice = lensAtHand({found->circle, options.input.camera});
-        if (!options.quiet) std::fprintf(stderr, "fovix-render: %s\n", choice->remark.c_str());
+        const auto choice = lensWithoutSearch({found->circle, options.input.camera});
+        if (!options.quiet) std::fprintf(stderr, "fovix-render: %s\n", choice->message.c_str());
     }
     out.line(textOf(found->circle));
-    out.line(found->inWords());
+    out.line(found->description());
 }
 
 }  // namespace fovix_host

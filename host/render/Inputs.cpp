@@ -45,7 +45,7 @@ std::optional<LensCircle> Inputs::chooseLens() const {
     const auto& [inputs, sample, samplesDiffer, given, camera] = _options.input;
     if (!camera.empty() || (!given && !inputs.empty() && _options.view.showsLensCircle())) {
         const LensChoice choice = askForLens();
-        _notify(choice.remark);
+        _notify(choice.message);
         return choice.lens;
     }
     if (given || _sources.empty()) return given;
@@ -61,7 +61,7 @@ void Inputs::sayMisfit() const {
 
 LensChoice Inputs::askForLens() const {
     const LensRequest request{_options.input.lens, _options.input.camera};
-    if (const auto choice = lensAtHand(request)) return *choice;
+    if (const auto choice = lensWithoutSearch(request)) return *choice;
     // A stream or a device cannot be opened a second time, so that its first picture must do.
     const std::string& input = _options.input.inputs.front();
     std::error_code ignored;

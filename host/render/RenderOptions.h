@@ -27,7 +27,7 @@ struct RenderOptions {
     bool quiet = false;
 };
 
-// Throws UsageError or TextWanted.
+// Throws UsageError or TextRequest.
 RenderOptions parseRenderOptions(int argc, const char* const* argv);
 
 }  // namespace fovix_host

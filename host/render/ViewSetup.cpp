@@ -54,9 +54,7 @@ void setUpView(VRHANDLE handle, const RenderOptions& options, const Inputs& inpu
     Fovix_SetType(handle, options.view.type);
     Fovix_SetBackground(handle, options.background);
     // A change of type forgets the lens, so it is set last.
-    if (const auto lens = inputs.lens())
-        Fovix_SetFecParams(handle, lens->xCenter, lens->yCenter, lens->radius, lens->imageWidth,
-                           lens->imageHeight);
+    if (const auto lens = inputs.lens()) setLensCircle(handle, *lens);
     setLayout(handle, options.view, inputs.count());
     for (const auto& point : options.view.select) {
         Fovix_OnTouchDown(handle, point.x, point.y);

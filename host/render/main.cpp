@@ -51,8 +51,8 @@ int main(int argc, char** argv) {
     using namespace fovix_host;
     try {
         return run(parseRenderOptions(argc, argv));
-    } catch (const TextWanted& wanted) {
-        return print(wanted, "fovix-render");
+    } catch (const TextRequest& request) {
+        return print(request, "fovix-render");
     } catch (const ReaderGone&) {
         return kRunTimeFailure;
     } catch (const UsageError& problem) {

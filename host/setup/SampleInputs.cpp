@@ -5,8 +5,9 @@
 namespace fovix_host {
 namespace {
 
-constexpr int kSmallSampleSize = 640;  // one of several
-constexpr int kSamples = 4;            // where nothing tells how many
+constexpr int kSmallSampleSize = 640;  // for one of several
+constexpr int kDefaultSamples = 4;
+constexpr int kFramesApart = 40;  // so that several samples differ
 
 using Camera = SampleScene::Camera;
 
@@ -16,23 +17,22 @@ Camera otherThan(Camera camera) {
 
 int sampleCount(const ViewOptions& view) {
     if (view.grid) return view.grid->rows * view.grid->columns;
-    return std::max(kSamples, view.lensShown.value_or(0) + 1);
+    return std::max(kDefaultSamples, view.lensShown.value_or(0) + 1);
 }
 
 }  // namespace
 
 std::vector<std::unique_ptr<FrameSource>> openSamples(const InputOptions& input, const ViewOptions& view,
-                                                      int largest) {
+                                                      int maxSide) {
     std::vector<std::unique_ptr<FrameSource>> sources;
     if (!input.sample) return sources;
     const Camera camera = *input.sample;
     if (view.type == FOVIX_TYPE_TWO_LENSES)
-        sources.push_back(openStackedSample(camera, otherThan(camera), largest, largest * 9 / 16));
+        sources.push_back(openStackedSample(camera, otherThan(camera), maxSide, maxSide * 9 / 16));
     else if (!view.takesSeveralInputs())
-        sources.push_back(openSample(camera, largest, largest));
+        sources.push_back(openSample(camera, maxSide, maxSide));
     else
         for (int i = 0; i < sampleCount(view); ++i) {
-            constexpr int kFramesApart = 40;
             const Camera from = input.samplesDiffer && i % 2 == 1 ? otherThan(camera) : camera;
             sources.push_back(openSample(from, kSmallSampleSize, kSmallSampleSize, i * kFramesApart));
         }

@@ -1,4 +1,4 @@
-// The sample scene as the inputs of a view: as many, and seen from where, as the display type wants.
+// The sample scene as inputs of a view, in the number and from the viewpoints the display type needs.
 #pragma once
 
 #include <memory>
@@ -10,8 +10,8 @@
 
 namespace fovix_host {
 
-// None without --sample. The largest size is that of a sample that stands alone.
+// Empty without --sample. A single sample is maxSide pixels wide.
 std::vector<std::unique_ptr<FrameSource>> openSamples(const InputOptions& input, const ViewOptions& view,
-                                                      int largest = kSampleSize);
+                                                      int maxSide = kSampleSize);
 
 }  // namespace fovix_host

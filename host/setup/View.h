@@ -1,5 +1,5 @@
-// The one view that the program draws, released at the end. Its handle stays readable after a release, so
-// that a timeline of calls can go on with it: the library answers that it is not live.
+// Owner of the program's library handle. The handle stays readable after a release, so a script can go on
+// using it and see how the library rejects it.
 #pragma once
 
 #include <Fovix.h>
@@ -21,7 +21,7 @@ class View {
 
     VRHANDLE handle() const { return _handle; }
 
-    // In place of the one before.
+    // Replaces the current handle.
     void create(Creator creator) {
         if (_live) release();
         creator(&_handle);
@@ -29,7 +29,7 @@ class View {
         _live = true;
     }
 
-    // Called again, it hands the library a handle that is not live any more.
+    // Calling it twice releases a stale handle on purpose.
     void release() {
         _live = false;
         Fovix_Release(_handle);

@@ -1,4 +1,4 @@
-// Gives a view the layout that the options ask for, and the lens circle that its display type implies.
+// Applies the options' layout to a handle; default lens circles of the display types.
 #pragma once
 
 #include <Fovix.h>
@@ -10,14 +10,17 @@
 
 namespace fovix_host {
 
-// The one asked for, else as few cells as hold the pictures.
-ViewOptions::Grid gridOf(const ViewOptions& options, int pictures);
+// The grid of the options, else the smallest one that fits the inputs.
+ViewOptions::Grid gridOf(const ViewOptions& options, int inputs);
 
-// What the display type needs for pictures of this size where nobody knows better; nothing where the
-// library's own circle in the middle of the picture is right.
-std::optional<LensCircle> lensOfType(const ViewOptions& options, int pictures, int width, int height);
+// Default lens circle of the type for frames of this size; nullopt if the library's centred circle is
+// correct.
+std::optional<LensCircle> lensOfType(const ViewOptions& options, int inputs, int width, int height);
 
-// Mount, shape, draw mode and what belongs to the types with several pictures; the type is set before.
-void setLayout(VRHANDLE handle, const ViewOptions& options, int pictures);
+// Passes a lens circle to the library.
+void setLensCircle(VRHANDLE handle, const LensCircle& lens);
+
+// Sets everything but the type, which must be set already.
+void setLayout(VRHANDLE handle, const ViewOptions& options, int inputs);
 
 }  // namespace fovix_host

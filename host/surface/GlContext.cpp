@@ -22,7 +22,7 @@ struct GlContext::Handles {
         eglMakeCurrent(display, EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT);
         if (context != EGL_NO_CONTEXT) eglDestroyContext(display, context);
         if (surface != EGL_NO_SURFACE) eglDestroySurface(display, surface);
-        // The display stays open: closing it would take every other context of the process along.
+        // The display stays open: closing it would destroy all other contexts of the process.
     }
 };
 
@@ -43,7 +43,7 @@ EGLDisplay initialised(EGLDisplay display) {
 }
 
 EGLDisplay openDisplay() {
-    // What fails is said once, by the caller of this class, and not by the driver as well.
+    // Errors are reported by our caller; silence the driver.
     setenv("EGL_LOG_LEVEL", "fatal", 0);
     EGLDisplay display = EGL_NO_DISPLAY;
     if (hasSurfacelessPlatform())
@@ -56,22 +56,23 @@ EGLDisplay openDisplay() {
 }
 
 EGLConfig chooseConfig(EGLDisplay display) {
-    constexpr EGLint kWanted[] = {EGL_SURFACE_TYPE,
-                                  EGL_PBUFFER_BIT,
-                                  EGL_RENDERABLE_TYPE,
-                                  EGL_OPENGL_BIT,
-                                  EGL_RED_SIZE,
-                                  8,
-                                  EGL_GREEN_SIZE,
-                                  8,
-                                  EGL_BLUE_SIZE,
-                                  8,
-                                  EGL_DEPTH_SIZE,
-                                  24,
-                                  EGL_NONE};
+    constexpr EGLint kAttributes[] = {EGL_SURFACE_TYPE,
+                                      EGL_PBUFFER_BIT,
+                                      EGL_RENDERABLE_TYPE,
+                                      EGL_OPENGL_BIT,
+                                      EGL_RED_SIZE,
+                                      8,
+                                      EGL_GREEN_SIZE,
+                                      8,
+                                      EGL_BLUE_SIZE,
+                                      8,
+                                      EGL_DEPTH_SIZE,
+                                      24,
+                                      EGL_NONE};
     EGLConfig config = nullptr;
     EGLint found = 0;
-    if (!eglBindAPI(EGL_OPENGL_API) || !eglChooseConfig(display, kWanted, &config, 1, &found) || found < 1)
+    if (!eglBindAPI(EGL_OPENGL_API) || !eglChooseConfig(display, kAttributes, &config, 1, &found) ||
+        found < 1)
         throw std::runtime_error(
             std::string("no OpenGL: the driver has no off-screen surfaces with 8 bits per colour") +
             kInstallHint);
@@ -104,7 +105,7 @@ GlContext::GlContext(int width, int height)
     _egl->display = openDisplay();
     const EGLConfig config = chooseConfig(_egl->display);
     _egl->surface = makeSurface(_egl->display, config, width, height);
-    // Without attributes the driver gives its newest compatibility profile.
+    // Without attributes, drivers create the newest compatibility profile.
     _egl->context = eglCreateContext(_egl->display, config, EGL_NO_CONTEXT, nullptr);
     if (_egl->context == EGL_NO_CONTEXT ||
         !eglMakeCurrent(_egl->display, _egl->surface, _egl->surface, _egl->context))

@@ -1,5 +1,5 @@
-// An off-screen OpenGL context of the compatibility profile with a surface of a fixed size, made
-// through EGL: on Mesa's surfaceless platform, or on the default display where that is missing.
+// An off-screen OpenGL context (compatibility profile) with a surface of fixed size, created through EGL: on
+// the surfaceless platform if available, else on the default display.
 #pragma once
 
 #include <memory>
@@ -11,21 +11,21 @@ namespace fovix_host {
 
 class GlContext {
   public:
-    // Makes the context current on the calling thread. Throws std::runtime_error with a sentence that
-    // says what is missing or which size would be possible.
+    // Makes the context current on the calling thread. Throws std::runtime_error with a message that names
+    // what is missing or the maximum size.
     GlContext(int width, int height);
     ~GlContext();
     GlContext(const GlContext&) = delete;
     GlContext& operator=(const GlContext&) = delete;
 
-    // The surface as drawn so far, first row at the top.
+    // The current content of the surface, top row first.
     RgbaImage readPixels() const;
     int width() const { return _width; }
     int height() const { return _height; }
-    // From now on only this part of the surface is drawn, from the bottom left.
+    // Restricts drawing to this part of the surface, counted from the bottom left.
     void setDrawnPart(int width, int height) const;
     int maxTextureSize() const;
-    // The GL's own words for itself, for reports.
+    // Renderer and version string.
     std::string description() const;
 
   private:

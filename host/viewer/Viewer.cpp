@@ -218,7 +218,7 @@ void Viewer::followLens() {
     try {
         const auto choice = _playback->takeLens();
         if (!choice) return;
-        if (!choice->remark.empty()) warn(choice->remark);
+        if (!choice->message.empty()) warn(choice->message);
         _shown.setLens(choice->lens);
         checkLens();
         wake(kSettles);

@@ -29,8 +29,8 @@ int main(int argc, char** argv) {
         const ViewerOptions options = parseViewerOptions(argc, argv);
         OwnOutput out(options.verbose ? Diagnostics::kToStandardError : Diagnostics::kHidden);
         return Viewer(options, out).run();
-    } catch (const TextWanted& wanted) {
-        return print(wanted, "fovix-view");
+    } catch (const TextRequest& request) {
+        return print(request, "fovix-view");
     } catch (const UsageError& problem) {
         return complain(problem, kUsageFailure);
     } catch (const std::exception& problem) {

@@ -20,7 +20,7 @@ struct ViewerOptions {
     bool verbose = false;
 };
 
-// Throws UsageError or TextWanted.
+// Throws UsageError or TextRequest.
 ViewerOptions parseViewerOptions(int argc, const char* const* argv);
 
 }  // namespace fovix_host

@@ -13,14 +13,14 @@ constexpr int kMost = 8;    // that are looked at
 }  // namespace
 
 LensWatch::LensWatch(LensRequest request, bool searches)
-    : _request(std::move(request)), _atHand(lensAtHand(_request)), _searching(searches && !_atHand) {}
+    : _request(std::move(request)), _atHand(lensWithoutSearch(_request)), _searching(searches && !_atHand) {}
 
 void LensWatch::look(const PackedFrame& picture) {
     const std::lock_guard lock(_mutex);
     if (!_searching || _decided || _seen++ % kApart != 0) return;
     _finder.add(lumaOf(picture));
     _found = _finder.result();
-    _decided = (_found && _found->isSure()) || _finder.pictures() >= kMost;
+    _decided = (_found && _found->isSure()) || _finder.frames() >= kMost;
 }
 
 std::optional<LensChoice> LensWatch::takeChoice(bool noMoreFrames) {

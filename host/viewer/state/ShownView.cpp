@@ -48,8 +48,7 @@ void ShownView::apply() {
 
 void ShownView::applyLens() {
     if (const auto circle = lens())
-        Fovix_SetFecParams(_handle, circle->xCenter, circle->yCenter, circle->radius, circle->imageWidth,
-                           circle->imageHeight);
+        setLensCircle(_handle, *circle);
     else
         Fovix_SetFecParams(_handle, 0, 0, 0, 0, 0);
 }
