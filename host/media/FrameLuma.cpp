@@ -8,9 +8,9 @@ extern "C" {
 
 namespace fovix_host {
 
-LumaView lumaOf(const PackedFrame& picture) {
-    const bool rgba = picture.pixelFormat == FOVIX_FORMAT_RGBA;
-    return {picture.data, picture.width, picture.height, std::ptrdiff_t{picture.width} * (rgba ? 4 : 1),
+LumaView lumaOf(const PackedFrame& frame) {
+    const bool rgba = frame.pixelFormat == FOVIX_FORMAT_RGBA;
+    return {frame.data, frame.width, frame.height, std::ptrdiff_t{frame.width} * (rgba ? 4 : 1),
             rgba ? LumaView::Samples::kRgba : LumaView::Samples::kLuma};
 }
 

@@ -1,4 +1,4 @@
-// The luma of decoded pictures, for the search of the lens circle.
+// The luma of decoded frames, for the lens search.
 #pragma once
 
 #include <optional>
@@ -8,10 +8,10 @@
 
 namespace fovix_host {
 
-// Of any picture that goes to the library.
-LumaView lumaOf(const PackedFrame& picture);
+// Works for every packed frame.
+LumaView lumaOf(const PackedFrame& frame);
 
-// Nothing for frames without a plane of 8-bit luma; the packer makes something of those.
+// Returns nullopt for frames without a plane of 8-bit luma, which need FramePacker first.
 std::optional<LumaView> lumaOf(const AVFrame& frame);
 
 }  // namespace fovix_host

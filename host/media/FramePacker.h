@@ -1,7 +1,7 @@
-// Turns decoded pictures into what libfovix takes. Limited-range 4:2:0 (planar or with interleaved
-// chroma), limited-range grey and RGBA keep the decoder's own bytes, copied row by row only where the
-// planes are padded or apart; every other format is converted to RGBA with its own range and matrix. Pictures
-// too large for a texture are scaled down.
+// Packs decoded frames for libfovix. Limited-range 4:2:0 (planar or semi-planar), limited-range grey and RGBA
+// keep the decoder's bytes, which are copied only if the planes are padded or separate. All other formats are
+// converted to RGBA, according to their range and matrix. Frames that are too large for a texture are scaled
+// down.
 #pragma once
 
 #include <climits>
@@ -14,8 +14,8 @@
 
 namespace fovix_host {
 
-// The arguments of Fovix_SetTexture. The bytes belong to the packed frame or to the packer: they are
-// valid until either changes.
+// The arguments of Fovix_SetTexture(). The bytes belong to the source frame or to the packer and are valid
+// until either changes.
 struct PackedFrame {
     int pixelFormat = 0;
     const unsigned char* data = nullptr;
@@ -26,16 +26,16 @@ struct PackedFrame {
 
 enum class PackedFormats {
     kAll,
-    kRgba  // for views that take nothing else
+    kRgba  // for views that accept only this
 };
 
 class FramePacker {
   public:
     explicit FramePacker(PackedFormats formats = PackedFormats::kAll, int maxSide = INT_MAX)
-        : _formats(formats), _mostAcross(maxSide) {}
+        : _formats(formats), _maxSide(maxSide) {}
 
-    // Neither side of the packed picture is longer than maxSide. Throws std::runtime_error when the
-    // picture cannot be converted or is too large for the library.
+    // Neither side of the packed frame is longer than maxSide. Throws std::runtime_error if the frame cannot
+    // be converted or is too large for the library.
     PackedFrame pack(const AVFrame& frame);
 
   private:
@@ -46,11 +46,11 @@ class FramePacker {
     PackedFrame packGrey(const AVFrame& frame);
     PackedFrame packSemiPlanar(const AVFrame& frame, int pixelFormat);
     PackedFrame convert(const AVFrame& frame);
-    unsigned char* room(std::size_t bytes);
+    unsigned char* bufferOf(std::size_t bytes);
     PackedFrame buffered(const AVFrame& frame, int pixelFormat) const;
 
     PackedFormats _formats;
-    int _mostAcross;
+    int _maxSide;
     std::vector<unsigned char> _buffer;
     FrameOwner _small;
     FrameScaler _scaler;

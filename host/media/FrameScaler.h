@@ -1,18 +1,22 @@
-// Scales and converts pictures with swscale: size, pixel format, matrix and range are those of the frames.
+// Scales and converts frames with swscale, according to the size, pixel format, matrix and range of both.
 #pragma once
+
+#include <cstddef>
 
 #include "media/MediaOwners.h"
 
 namespace fovix_host {
 
-// The "yuvj" formats are the plain ones with full range built into their name.
+// The plain format of a "yuvj" format, which differs only in its full range.
 AVPixelFormat plainFormat(int format);
 bool isFullRange(const AVFrame& frame);
 
 class FrameScaler {
   public:
-    // The bytes of "to" are there already, and a few more: swscale's vector code may write a little past the
-    // last pixel, and read past that of "from". Throws std::runtime_error where swscale cannot do it.
+    // swscale's vector code may access a few bytes past the last pixel: both buffers need this padding.
+    static constexpr std::size_t kPadding = 64;
+
+    // The buffer of "to" is already allocated. Throws std::runtime_error if the conversion is not supported.
     void scale(const AVFrame& from, AVFrame& to);
 
   private:

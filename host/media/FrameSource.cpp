@@ -14,10 +14,10 @@ namespace {
 
 class MediaSource final : public FrameSource {
   public:
-    MediaSource(const std::string& input, const MediaOptions& demands)
-        : _demands(demands), _packer(demands.formats, demands.maxSide) {
+    MediaSource(const std::string& input, const MediaOptions& options)
+        : _options(options), _packer(options.formats, options.maxSide) {
         openReader(input);
-        if (demands.start > 0 && motion() != Motion::kStill) goToStart(input);
+        if (options.start > 0 && motion() != Motion::kStill) goToStart(input);
     }
 
     std::optional<PackedFrame> next() override {
@@ -44,20 +44,20 @@ class MediaSource final : public FrameSource {
 
   private:
     void openReader(const std::string& input) {
-        _reader = std::make_unique<MediaReader>(input, _demands.interrupted);
+        _reader = std::make_unique<MediaReader>(input, _options.interrupted);
     }
 
-    // Some inputs only seek to about a time. Where no picture is found right there, all before it are read.
+    // Some inputs seek only approximately. If there is no frame at the start, read all frames before it.
     void goToStart(const std::string& input) {
-        if (_reader->seek(_demands.start)) {
+        if (_reader->seek(_options.start)) {
             _first = _reader->next();
-            if (_first && _reader->seconds() < _demands.start + 1 / frameRate() - kTimeRounding) return;
+            if (_first && _reader->seconds() < _options.start + 1 / frameRate() - kTimeRounding) return;
             if (!_first && _reader->framesRead() > 0) refuseStart();
         }
-        // A failed attempt may have moved it, too.
+        // Reopen, because even a failed attempt may have moved the position.
         if (motion() == Motion::kEnds) openReader(input);
         do _first = _reader->next();
-        while (_first && _reader->seconds() < _demands.start - kTimeRounding);
+        while (_first && _reader->seconds() < _options.start - kTimeRounding);
         if (!_first) refuseStart();
     }
 
@@ -70,32 +70,32 @@ class MediaSource final : public FrameSource {
 
     PackedFrame packed(const AVFrame& frame) {
         try {
-            const PackedFrame picture = _packer.pack(frame);
-            if (picture.width != frame.width && !std::exchange(_saidScaled, true))
+            const PackedFrame packed = _packer.pack(frame);
+            if (packed.width != frame.width && !std::exchange(_reportedScaling, true))
                 notify("has frames of " + sizeText(frame.width, frame.height) +
                        ", larger than the maximum texture size; they are scaled down to " +
-                       sizeText(picture.width, picture.height));
-            return picture;
+                       sizeText(packed.width, packed.height));
+            return packed;
         } catch (const std::runtime_error& problem) {
             throw std::runtime_error("'" + _reader->input() + "' cannot be shown: " + problem.what());
         }
     }
 
     void notify(const std::string& what) const {
-        if (_demands.notify) _demands.notify("'" + _reader->input() + "' " + what);
+        if (_options.notify) _options.notify("'" + _reader->input() + "' " + what);
     }
 
-    MediaOptions _demands;
+    MediaOptions _options;
     std::unique_ptr<MediaReader> _reader;
     FramePacker _packer;
     const AVFrame* _first = nullptr;  // already read
-    std::optional<double> _begin;     // when the first picture is due
-    bool _saidScaled = false;
+    std::optional<double> _begin;     // time of the first frame
+    bool _reportedScaling = false;
 };
 
-PackedFrame packed(const RgbaImage& picture) {
-    return {FOVIX_FORMAT_RGBA, picture.pixels.data(), static_cast<int>(picture.pixels.size()), picture.width,
-            picture.height};
+PackedFrame packed(const RgbaImage& image) {
+    return {FOVIX_FORMAT_RGBA, image.pixels.data(), static_cast<int>(image.pixels.size()), image.width,
+            image.height};
 }
 
 class SampleSource final : public FrameSource {
@@ -103,7 +103,7 @@ class SampleSource final : public FrameSource {
     SampleSource(SampleScene::Camera camera, int width, int height, int firstFrame)
         : _scene(camera, width, height), _firstFrame(firstFrame), _frame(firstFrame) {}
 
-    std::optional<PackedFrame> next() override { return packed(_scene.picture(_frame++)); }
+    std::optional<PackedFrame> next() override { return packed(_scene.image(_frame++)); }
 
     std::optional<LensCircle> lens() const override { return _scene.lens(); }
     double seconds() const override { return (_frame - 1 - _firstFrame) / frameRate(); }
@@ -117,13 +117,13 @@ class SampleSource final : public FrameSource {
 class StackedSample final : public FrameSource {
   public:
     StackedSample(SampleScene::Camera upper, SampleScene::Camera lower, int width, int height)
-        : _upper(upper, width, height), _lower(lower, width, height), _picture(width, 2 * height) {}
+        : _upper(upper, width, height), _lower(lower, width, height), _both(width, 2 * height) {}
 
     std::optional<PackedFrame> next() override {
-        const auto& upper = _upper.picture(_frame).pixels;
-        const auto& lower = _lower.picture(_frame++).pixels;
-        std::copy(lower.begin(), lower.end(), std::copy(upper.begin(), upper.end(), _picture.pixels.begin()));
-        return packed(_picture);
+        const auto& upper = _upper.image(_frame).pixels;
+        const auto& lower = _lower.image(_frame++).pixels;
+        std::copy(lower.begin(), lower.end(), std::copy(upper.begin(), upper.end(), _both.pixels.begin()));
+        return packed(_both);
     }
 
     std::optional<LensCircle> lens() const override { return _upper.lens(); }
@@ -131,14 +131,14 @@ class StackedSample final : public FrameSource {
 
   private:
     SampleScene _upper, _lower;
-    RgbaImage _picture;
+    RgbaImage _both;
     int _frame = 0;
 };
 
 }  // namespace
 
-std::unique_ptr<FrameSource> openMedia(const std::string& input, const MediaOptions& demands) {
-    return std::make_unique<MediaSource>(input, demands);
+std::unique_ptr<FrameSource> openMedia(const std::string& input, const MediaOptions& options) {
+    return std::make_unique<MediaSource>(input, options);
 }
 
 std::unique_ptr<FrameSource> openSample(SampleScene::Camera camera, int width, int height, int firstFrame) {

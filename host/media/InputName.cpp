@@ -9,7 +9,7 @@ std::string shownName(const std::string& input) {
     const std::size_t scheme = input.find(kAfterScheme);
     if (scheme == input.npos) return input;
     const std::size_t user = scheme + kAfterScheme.size();
-    // A password may hold an @ itself: the last one ends it.
+    // A password may contain an @ itself: the last one ends it.
     const std::size_t host = input.substr(0, input.find_first_of("/?#", user)).rfind('@');
     const std::size_t colon = input.find(':', user);
     if (host == input.npos || host < user || colon > host) return input;

@@ -8,16 +8,15 @@
 namespace fovix_host {
 namespace {
 
-// Looks at the 1st, 2nd, 4th, 8th... of so many pictures: decoding is the larger part of the work, and
-// pictures that follow each other closely show the same.
-class SpreadLook {
+// Searches the 1st, 2nd, 4th, 8th... of a number of frames, because neighbouring frames look the same.
+class SparseSearch {
   public:
-    SpreadLook(MediaReader& reader, const MediaReader::Interrupted& interrupted)
+    SparseSearch(MediaReader& reader, const MediaReader::Interrupted& interrupted)
         : _reader(reader), _interrupted(interrupted) {}
 
-    void lookAt(unsigned int pictures, LensFinder& finder) {
-        constexpr double kLongEnough = 60.0;  // seconds
-        for (unsigned int number = 1; number <= pictures && _reader.seconds() < kLongEnough; ++number) {
+    void search(unsigned int frames, LensFinder& finder) {
+        constexpr double kMaxSeconds = 60.0;
+        for (unsigned int number = 1; number <= frames && _reader.seconds() < kMaxSeconds; ++number) {
             const AVFrame* frame = _reader.next();
             if (_interrupted && _interrupted())
                 throw std::runtime_error("the search for the lens circle in '" + _reader.input() +
@@ -46,12 +45,13 @@ class SpreadLook {
 std::optional<FoundLens> findLens(const std::string& input, const MediaReader::Interrupted& interrupted) {
     MediaReader reader(input, interrupted);
     LensFinder finder;
-    SpreadLook look(reader, interrupted);
-    constexpr unsigned int kInARow = 8, kKeyFrames = 32, kLive = 64;
-    look.lookAt(reader.isLive() ? kLive : kInARow, finder);
+    SparseSearch sparse(reader, interrupted);
+    // A recording is searched at its start, then, quickly, in key frames. A live input passes only once.
+    constexpr unsigned int kConsecutive = 8, kKeyFrames = 32, kLive = 64;
+    sparse.search(reader.isLive() ? kLive : kConsecutive, finder);
     if (!reader.isLive() && !reader.isStill()) {
         reader.onlyKeyFrames();
-        look.lookAt(kKeyFrames, finder);
+        sparse.search(kKeyFrames, finder);
     }
     return finder.result();
 }

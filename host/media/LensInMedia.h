@@ -1,4 +1,4 @@
-// Looks for the lens circle in a picture or the first minute of a video.
+// Searches for the lens circle in an image or in the first minute of a video.
 #pragma once
 
 #include <optional>
@@ -9,7 +9,7 @@
 
 namespace fovix_host {
 
-// Nothing where no circle can be seen. Throws std::runtime_error as MediaReader does, and when interrupted.
+// Returns nullopt if no circle is visible. Throws std::runtime_error like MediaReader, and when interrupted.
 std::optional<FoundLens> findLens(const std::string& input, const MediaReader::Interrupted& interrupted = {});
 
 }  // namespace fovix_host

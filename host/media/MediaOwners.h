@@ -1,4 +1,4 @@
-// RAII owners for FFmpeg's records, and its error codes as words.
+// RAII owners for FFmpeg's records; its error codes as text.
 #pragma once
 
 extern "C" {
@@ -35,6 +35,7 @@ inline std::string mediaErrorText(int code) {
     return text;
 }
 
+// Throws std::runtime_error if an FFmpeg function failed.
 inline void must(int result, const std::string& what) {
     if (result < 0) throw std::runtime_error(what + ": " + mediaErrorText(result));
 }

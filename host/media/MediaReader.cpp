@@ -22,7 +22,7 @@ namespace {
 
 struct Address {
     std::string name;
-    const AVInputFormat* format = nullptr;  // of a capture device, else FFmpeg finds out
+    const AVInputFormat* format = nullptr;  // of a capture device; else FFmpeg detects it
 };
 
 bool isDevice(const AVInputFormat& format) {
@@ -30,7 +30,7 @@ bool isDevice(const AVInputFormat& format) {
     return (format.flags & AVFMT_NOFILE) && about && AV_IS_INPUT_DEVICE(about->category);
 }
 
-// A local name goes through the file protocol, so that a colon in it is not taken for an address or a device.
+// Local names use the file protocol, so that a colon in them does not make them an address or a device.
 Address addressOf(const std::string& input) {
     std::error_code ignored;
     if (input == "-") return {"pipe:0"};
@@ -42,8 +42,8 @@ Address addressOf(const std::string& input) {
     return format && isDevice(*format) ? Address{input.substr(colon + 1), format} : Address{input};
 }
 
-// FFmpeg offers to draw plain text as terminal art; for a user that is a wrong file.
-bool isTextDrawn(const AVFormatContext& format) {
+// FFmpeg renders plain text as terminal art; here it is not a video.
+bool isTerminalArt(const AVFormatContext& format) {
     return std::strcmp(format.iformat->name, "tty") == 0;
 }
 
@@ -52,14 +52,14 @@ int askInterrupted(void* interrupted) {
     return ask && ask() ? 1 : 0;
 }
 
-// Networks and servers come back, devices are let go by others; a wrong name or password stays wrong.
-bool mayPass(int code) {
-    for (const int passing :
+// Retry network errors and busy devices, not bad names or credentials.
+bool isTemporary(int code) {
+    for (const int temporary :
          {AVERROR(ECONNREFUSED), AVERROR(ECONNRESET), AVERROR(ECONNABORTED), AVERROR(ETIMEDOUT),
           AVERROR(EHOSTUNREACH), AVERROR(ENETUNREACH), AVERROR(ENETDOWN), AVERROR(EPIPE), AVERROR(EIO),
           AVERROR(EAGAIN), AVERROR(EBUSY), AVERROR_EOF, AVERROR_EXIT, AVERROR_HTTP_NOT_FOUND,
           AVERROR_HTTP_SERVER_ERROR})
-        if (code == passing) return true;
+        if (code == temporary) return true;
     return false;
 }
 
@@ -85,7 +85,7 @@ void MediaReader::failOpening(const std::string& what, int code) const {
     try {
         fail(what, code);
     } catch (const std::runtime_error& problem) {
-        if (isStream(_input) && mayPass(code)) throw InputUnreachable(problem.what());
+        if (isStream(_input) && isTemporary(code)) throw InputUnreachable(problem.what());
         throw;
     }
 }
@@ -99,7 +99,7 @@ void MediaReader::openInput() {
     AVFormatContext* format = avformat_alloc_context();
     if (!format) throw std::bad_alloc();
     format->interrupt_callback = {askInterrupted, &_interrupted};
-    // Without this the picture reader takes "50%d.png" for a numbered sequence.
+    // Otherwise "50%d.png" would be read as a numbered sequence.
     AVDictionary* options = nullptr;
     av_dict_set(&options, "pattern_type", "none", 0);
     const Address address = addressOf(_input);
@@ -108,7 +108,7 @@ void MediaReader::openInput() {
     if (opened == AVERROR_INVALIDDATA) fail("is not an image or video in a known format", 0);
     if (opened < 0) failOpening("cannot be opened", opened);
     _format.reset(format);
-    if (isTextDrawn(*format)) fail("is not an image or video in a known format", 0);
+    if (isTerminalArt(*format)) fail("is not an image or video in a known format", 0);
 
     const int probed = avformat_find_stream_info(format, nullptr);
     if (probed < 0) failOpening("cannot be read", probed);
@@ -125,7 +125,7 @@ void MediaReader::openDecoder() {
     int result = avcodec_parameters_to_context(_codec.get(), stream().codecpar);
     if (result < 0) fail("cannot be decoded", result);
     _codec->pkt_timebase = stream().time_base;
-    // As many as there are processors; but each holds a picture back, which is a delay where it is live.
+    // 0 means one thread per processor. Each delays the output by a frame, so live inputs get only two.
     _codec->thread_count = isRealTime() ? 2 : 0;
     result = avcodec_open2(_codec.get(), decoder, nullptr);
     if (result < 0) fail("cannot be decoded", result);
@@ -139,8 +139,9 @@ std::optional<double> MediaReader::duration() const {
 double MediaReader::frameRate() const {
     const AVRational rate = av_guess_frame_rate(_format.get(), _format->streams[_stream], nullptr);
     const double perSecond = rate.num > 0 && rate.den > 0 ? av_q2d(rate) : 0.0;
-    constexpr double kMost = 1000;  // beyond it stand the time bases of inputs that declare no rate
-    return perSecond > 0 && perSecond <= kMost ? perSecond : 25.0;
+    constexpr double kMaxRate = 1000;  // higher values are time bases of inputs that declare no rate
+    constexpr double kDefaultRate = 25;
+    return perSecond > 0 && perSecond <= kMaxRate ? perSecond : kDefaultRate;
 }
 
 bool MediaReader::isStill() const {
@@ -162,10 +163,10 @@ bool MediaReader::isRealTime() const {
 }
 
 bool MediaReader::seek(double seconds) {
-    // Without times in the input the decoder's count of pictures would begin anew.
-    const bool tellsTimes =
+    // Without timestamps in the input, the decoder would restart its count of frames.
+    const bool hasTimes =
         stream().start_time != AV_NOPTS_VALUE && !(_format->iformat->flags & AVFMT_NOTIMESTAMPS);
-    if (!std::isfinite(seconds) || isStill() || isLive() || !tellsTimes) return false;
+    if (!std::isfinite(seconds) || isStill() || isLive() || !hasTimes) return false;
     const double from = std::max(seconds, 0.0);
     const auto target = stream().start_time + static_cast<std::int64_t>(from / av_q2d(stream().time_base));
     if (av_seek_frame(_format.get(), _stream, target, AVSEEK_FLAG_BACKWARD) < 0) return false;
@@ -175,7 +176,7 @@ bool MediaReader::seek(double seconds) {
     return true;
 }
 
-// Hands one packet of the chosen stream to the decoder, or the end of the input; false when that is done.
+// Sends the decoder the next packet of the stream, or the end of the input. Returns false after the end.
 bool MediaReader::feedDecoder() {
     if (_draining) return false;
     for (;;) {
@@ -197,7 +198,7 @@ bool MediaReader::feedDecoder() {
     return true;
 }
 
-double MediaReader::dueTime() const {
+double MediaReader::frameTime() const {
     const std::int64_t stamp = _frame->best_effort_timestamp;
     if (stamp == AV_NOPTS_VALUE) return _framesRead == 0 ? 0.0 : _seconds + 1.0 / frameRate();
     const std::int64_t start = stream().start_time == AV_NOPTS_VALUE ? 0 : stream().start_time;
@@ -209,7 +210,7 @@ bool MediaReader::receive() {
     for (;;) {
         const int result = avcodec_receive_frame(_codec.get(), _frame.get());
         if (result == 0) {
-            _seconds = dueTime();
+            _seconds = frameTime();
             ++_framesRead;
             return true;
         }
@@ -219,8 +220,9 @@ bool MediaReader::receive() {
             continue;
         }
         _lastError = result;
-        // Each decoding thread may still hold a damaged picture at the end; no decoder holds this many.
-        if (!feedDecoder() && ++damagedAtEnd > 256) return false;
+        // At the end, each decoding thread may still hold a damaged frame.
+        constexpr int kMaxHeld = 256;  // more than any decoder has threads
+        if (!feedDecoder() && ++damagedAtEnd > kMaxHeld) return false;
     }
 }
 

@@ -1,4 +1,4 @@
-// Writes pictures as PNG files (RGB: a drawn surface has no transparency).
+// Writes images as PNG files (RGB: a rendered surface has no transparency).
 #pragma once
 
 #include <string>
@@ -7,7 +7,7 @@
 
 namespace fovix_host {
 
-// Throws std::runtime_error with a sentence that names the file.
+// Throws std::runtime_error with a message that names the file.
 void writePng(const std::string& file, const RgbaImage& image);
 
 }  // namespace fovix_host

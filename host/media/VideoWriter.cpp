@@ -18,7 +18,7 @@ AVPixelFormat formatFor(VideoCodec codec) {
     return codec == VideoCodec::kH264 ? AV_PIX_FMT_YUV420P : AV_PIX_FMT_0RGB32;
 }
 
-bool takes(const AVCodec& encoder, AVPixelFormat wanted) {
+bool supports(const AVCodec& encoder, AVPixelFormat wanted) {
     for (const AVPixelFormat* format = encoder.pix_fmts; format && *format != AV_PIX_FMT_NONE; ++format)
         if (*format == wanted) return true;
     return false;
@@ -34,7 +34,7 @@ FrameOwner makeFrame(AVPixelFormat format, int width, int height) {
     return frame;
 }
 
-// The colours that players are told, and that the conversion to luma and chroma goes by.
+// The colour description for players, which the conversion to luma and chroma follows, too.
 template <typename Coloured>
 void setColours(Coloured& coloured, VideoCodec codec) {
     const bool isYuv = codec == VideoCodec::kH264;
@@ -102,33 +102,34 @@ void VideoWriter::openEncoder() {
 
 bool VideoWriter::tryEncoder(const AVCodec& encoder) {
     const AVPixelFormat format = formatFor(_settings.codec);
-    if (!takes(encoder, format)) return false;
+    if (!supports(encoder, format)) return false;
     _codec.reset(avcodec_alloc_context3(&encoder));
     if (!_codec) throw std::bad_alloc();
     _codec->width = _settings.width;
     _codec->height = _settings.height;
     _codec->pix_fmt = format;
-    constexpr int kMostDigits = 100000;  // keeps 30000/1001 as it is
-    _codec->framerate = av_d2q(_settings.frameRate, kMostDigits);
+    constexpr int kMaxTerm = 100000;  // exact for rates such as 30000/1001
+    _codec->framerate = av_d2q(_settings.frameRate, kMaxTerm);
     _codec->time_base = av_inv_q(_codec->framerate);
-    _codec->thread_count = 0;  // as many as there are processors
+    _codec->thread_count = 0;  // one per processor
     setColours(*_codec, _settings.codec);
     if (_muxer->oformat->flags & AVFMT_GLOBALHEADER) _codec->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
-    // Encoders without a constant quality make do with a rate that is generous at every size.
+    // Encoders without constant quality get a generous bit rate.
+    constexpr double kBitsPerPixel = 0.15;
     const std::string quality = std::to_string(_settings.quality);
     if (av_opt_set(_codec->priv_data, "crf", quality.c_str(), 0) < 0)
-        _codec->bit_rate =
-            static_cast<std::int64_t>(0.15 * _settings.frameRate * _settings.width) * _settings.height;
+        _codec->bit_rate = static_cast<std::int64_t>(kBitsPerPixel * _settings.frameRate * _settings.width) *
+                           _settings.height;
     return avcodec_open2(_codec.get(), &encoder, nullptr) >= 0;
 }
 
-void VideoWriter::write(const RgbaImage& picture, std::int64_t due) {
-    // The frame has the room behind the last pixel that the picture lacks.
-    av_image_copy_plane(_drawn->data[0], _drawn->linesize[0], picture.pixels.data(), 4 * picture.width,
-                        4 * picture.width, picture.height);
+void VideoWriter::write(const RgbaImage& image, std::int64_t time) {
+    // Copied because the scaler needs padding after the last pixel.
+    av_image_copy_plane(_drawn->data[0], _drawn->linesize[0], image.pixels.data(), 4 * image.width,
+                        4 * image.width, image.height);
     check(av_frame_make_writable(_encoded.get()));
     _scaler.scale(*_drawn, *_encoded);
-    _encoded->pts = due;
+    _encoded->pts = time;
     encode(_encoded.get());
 }
 

@@ -1,5 +1,5 @@
-// Writes pictures as a video: H.264 in MP4 or MKV, or FFV1, which loses nothing, in MKV. The file appears
-// when it is finished. What goes wrong is thrown as std::runtime_error with a sentence that names the file.
+// Writes images as a video: H.264 in MP4 or MKV, or lossless FFV1 in MKV. The file is published when it is
+// complete. Errors are thrown as std::runtime_error with a message that names the file.
 #pragma once
 
 #include <cstdint>
@@ -20,7 +20,7 @@ struct VideoSettings {
     int width = 0, height = 0;  // even for H.264
     double frameRate = 25;
     VideoCodec codec = VideoCodec::kH264;
-    int quality = 20;  // of H.264: from 0, the best, to 51
+    int quality = 20;  // of H.264: from 0 (best) to 51
 };
 
 class VideoWriter {
@@ -29,10 +29,10 @@ class VideoWriter {
     VideoWriter(const VideoWriter&) = delete;
     VideoWriter& operator=(const VideoWriter&) = delete;
 
-    // A picture of the settings' size that is due at this multiple of 1/frameRate, later than the one before.
-    void write(const RgbaImage& picture, std::int64_t due);
+    // Writes an image of the settings' size. Its time, in units of 1/frameRate, must increase with each call.
+    void write(const RgbaImage& image, std::int64_t time);
 
-    // Gives the file its name; without this nothing is left of it.
+    // Completes and publishes the file; without this call, nothing is left of it.
     void finish();
 
     const std::string& file() const { return _file.name(); }
@@ -52,10 +52,10 @@ class VideoWriter {
 
     VideoSettings _settings;
     OutputFile _file;
-    std::exception_ptr _fileProblem;  // on its way through FFmpeg's functions
+    std::exception_ptr _fileProblem;  // carried through FFmpeg's C functions
     std::unique_ptr<AVFormatContext, MuxerDeleter> _muxer;
     CodecOwner _codec;
-    FrameOwner _drawn, _encoded;  // RGBA, and what the encoder takes
+    FrameOwner _drawn, _encoded;  // in RGBA and in the encoder's format
     PacketOwner _packet;
     FrameScaler _scaler;
 };

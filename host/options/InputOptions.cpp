@@ -42,7 +42,7 @@ void checkNames(const std::vector<std::string>& inputs) {
         throw UsageError("standard input can be read only once; give - once");
 }
 
-// A lens circle is kept of cameras that show one.
+// Only single inputs with one lens have a circle to store.
 void checkCamera(const InputOptions& options, const ViewOptions& view) {
     if (options.camera.empty()) return;
     if (options.sample) throw UsageError("--camera does not apply to --sample, whose lens is known");
@@ -76,13 +76,13 @@ void checkInputOptions(const InputOptions& options, const ViewOptions& view) {
         throw UsageError("--sample generates its own input; give either " + quotedName(inputs.front()) +
                          " or --sample");
     const int count = static_cast<int>(inputs.size());
-    const int most = view.grid ? view.grid->rows * view.grid->columns : kMaxInputs;
+    const int maxCount = view.grid ? view.grid->rows * view.grid->columns : kMaxInputs;
     if (count > 1 && !view.takesSeveralInputs())
         throw UsageError(quotedName(inputs[1]) + " is one input too many for --type " +
                          viewTypeName(view.type) + "; grid and lenses take several");
-    if (count > most)
+    if (count > maxCount)
         throw UsageError(std::to_string(count) + " inputs are too many; the maximum is " +
-                         std::to_string(most));
+                         std::to_string(maxCount));
     if (count > 0 && view.lensShown.value_or(0) >= count)
         refuse("--show-lens", std::to_string(*view.lensShown),
                count == 1 ? "0, the only input" : "an input from 0 to " + std::to_string(count - 1));

@@ -1,4 +1,4 @@
-// The options that say where pictures come from: inputs or the sample, and their lens circle.
+// Options for the inputs: files, streams and devices, or the sample, and their lens circle.
 #pragma once
 
 #include <optional>
@@ -16,15 +16,15 @@ class CommandLine;
 struct InputOptions {
     std::vector<std::string> inputs;  // empty with a sample
     std::optional<SampleScene::Camera> sample;
-    bool samplesDiffer = false;  // no camera was named: where several are shown they take turns
+    bool samplesDiffer = false;  // several samples alternate between the cameras, because none was named
     std::optional<LensCircle> lens;
-    std::string camera;  // name under which the lens is kept; empty without
+    std::string camera;  // name under which the lens is stored; empty without
 };
 
-// The options outlive the parsing.
+// The options must outlive the parsing.
 void describeInputOptions(CommandLine& line, InputOptions& options);
 
-// How many inputs there may be, and whether they go with --sample and --camera. Throws UsageError.
+// Checks the number of inputs, and their use with --sample and --camera. Throws UsageError.
 void checkInputOptions(const InputOptions& options, const ViewOptions& view);
 
 }  // namespace fovix_host

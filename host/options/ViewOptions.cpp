@@ -78,30 +78,31 @@ void checkMount(const ViewOptions& view) {
                      "; choose from " + fitting);
 }
 
-// SCREEN:a,b,c[,d]; the zoom is the last number that is needed.
-ViewOptions::ScreenView parseView(const char* option, const std::string& text, std::size_t least,
-                                  const char* wanted, int screens) {
+// SCREEN:a,b,c[,d]; the zoom is the last required number.
+ViewOptions::ScreenView parseView(const char* option, const std::string& text, std::size_t required,
+                                  const char* expected, int screens) {
     const std::size_t colon = text.find(':');
     const auto screen = numberIn<int>(std::string_view(text).substr(0, colon));
     const auto numbers =
         colon == text.npos ? std::nullopt : numbersIn<double>(std::string_view(text).substr(colon + 1));
-    if (!screen || !numbers || numbers->size() < least || numbers->size() > 4) refuse(option, text, wanted);
+    if (!screen || !numbers || numbers->size() < required || numbers->size() > 4)
+        refuse(option, text, expected);
     if (*screen < 0 || *screen >= screens)
         refuse(option, text,
                screens == 1 ? "screen 0, the only one" : "a screen from 0 to " + std::to_string(screens - 1));
-    if ((*numbers)[least - 1] <= 0) refuse(option, text, "a zoom above 0");
+    if ((*numbers)[required - 1] <= 0) refuse(option, text, "a zoom above 0");
     ViewOptions::ScreenView view{*screen, {}};
     std::copy(numbers->begin(), numbers->end(), view.values.begin());
     return view;
 }
 
 std::vector<ViewOptions::ScreenView> parseViews(const char* option, const std::vector<std::string>& texts,
-                                                std::size_t least, const char* wanted, int screens) {
+                                                std::size_t required, const char* expected, int screens) {
     std::vector<ViewOptions::ScreenView> views;
     for (const std::string& text : texts) {
-        const auto view = parseView(option, text, least, wanted, screens);
-        for (const auto& before : views)
-            if (before.screen == view.screen) refuse(option, text, "a different screen each time");
+        const auto view = parseView(option, text, required, expected, screens);
+        for (const auto& previous : views)
+            if (previous.screen == view.screen) refuse(option, text, "a different screen each time");
         views.push_back(view);
     }
     return views;

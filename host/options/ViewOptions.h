@@ -1,4 +1,4 @@
-// The options that say what the view shows and where it looks, and which of them fit which display type.
+// Options for the view: display type, layout and the views of the screens.
 #pragma once
 
 #include <Fovix.h>
@@ -12,9 +12,9 @@ namespace fovix_host {
 
 class CommandLine;
 
-constexpr int kMaxInputs = 36;  // of the grid and of the lenses
+constexpr int kMaxInputs = 36;  // of the types grid and lenses
 
-// As the command line has them; empty where they are not given.
+// The unparsed values; empty if not given.
 struct ViewTexts {
     std::string type, mount, shape, drawMode, twoLenses, logicZoom, grid, showLens;
     std::vector<std::string> ptz, rotateZoom, select;
@@ -46,17 +46,17 @@ struct ViewOptions {
     bool takesSeveralInputs() const {
         return type == FOVIX_TYPE_MULTI_IMAGE || type == FOVIX_TYPE_MULTI_LENS;
     }
-    // Other types show the whole picture, wherever its lens circle lies.
+    // The other types show the whole frame and ignore its lens circle.
     bool showsLensCircle() const { return type == FOVIX_TYPE_360VR || type == FOVIX_TYPE_180VR; }
     bool setsViews() const { return !ptz.empty() || !rotateZoom.empty() || logicZoom; }
 };
 
 enum class ViewOptionSet {
     kAll,
-    kLayout  // without those that aim the view, where a person does that
+    kLayout  // without the views of the screens, for interactive programs
 };
 
-// The texts outlive the parsing.
+// The texts must outlive the parsing.
 void describeViewOptions(CommandLine& line, ViewTexts& texts, ViewOptionSet set = ViewOptionSet::kAll);
 
 // Throws UsageError.

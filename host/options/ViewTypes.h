@@ -1,5 +1,4 @@
-// What the program knows by name: display types, mounts, shapes and draw modes. For a display type every
-// other number is one too.
+// Names of display types, mounts, shapes and draw modes. Any other number is a valid display type, too.
 #pragma once
 
 #include <algorithm>
@@ -13,12 +12,12 @@ namespace fovix_host {
 struct NamedCode {
     std::string_view name;
     int code;
-    std::string_view meaning;  // one line for people who look at cameras
+    std::string_view meaning;  // one line for users
 };
 
 struct NamedShape : NamedCode {
-    int screens = 1;            // that have a view of their own
-    std::string_view mounts{};  // digits of those that it is made for; of the 360-degree type
+    int screens = 1;            // with views of their own
+    std::string_view mounts{};  // 360-degree type: digits of the supported mounts
 };
 
 std::span<const NamedCode> viewTypes();
@@ -36,7 +35,7 @@ std::optional<int> codeIn(const Table& table, std::string_view name) {
     return row != table.end() ? std::optional(row->code) : std::nullopt;
 }
 
-// "ceiling, wall, floor", for help and error sentences.
+// "ceiling, wall, floor", for the help and error messages.
 template <typename Table>
 std::string namesIn(const Table& table) {
     std::string names;
@@ -50,10 +49,10 @@ inline std::optional<int> codeOfViewType(std::string_view name) {
 inline std::string viewTypeNames() {
     return namesIn(viewTypes());
 }
-// The first name of a type; a number where it has none.
+// The first name of a type, or its number.
 std::string viewTypeName(int type);
 
-// Every table, for --list.
+// The text of --list.
 std::string namesToList();
 
 }  // namespace fovix_host

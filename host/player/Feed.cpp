@@ -39,17 +39,17 @@ class SourceFeed final : public Feed {
     explicit SourceFeed(FrameSource& source) : _source(source) {}
 
     std::optional<double> next() override {
-        const auto picture = _source.next();
-        if (!picture) return std::nullopt;
-        _picture = *picture;
+        const auto frame = _source.next();
+        if (!frame) return std::nullopt;
+        _frame = *frame;
         return frameLength() * _number++;
     }
-    PackedFrame pack() override { return _picture; }
-    double frameLength() const override { return 1.0 / 25; }
+    PackedFrame pack() override { return _frame; }
+    double frameLength() const override { return 1 / _source.frameRate(); }
 
   private:
     FrameSource& _source;
-    PackedFrame _picture;
+    PackedFrame _frame;
     double _number = 0;
 };
 

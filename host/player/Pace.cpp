@@ -5,19 +5,19 @@
 namespace fovix_host {
 namespace {
 
-constexpr double kLongestGap = 10;          // between two pictures; beyond it times have jumped
-constexpr double kLongestLength = 1;        // that a gap tells about the next one
-constexpr double kLongestWithout = 0.1;     // without any picture, however late they are
-constexpr double kSetAnewFrom = 1;          // the delay from which the clock is set anew
+constexpr double kMaxGap = 10;              // between two frames; a longer one means that timestamps jumped
+constexpr double kMaxLength = 1;            // a longer gap does not predict the length of the next frame
+constexpr double kMaxBlackout = 0.1;        // longest time without a new frame, even if all are late
+constexpr double kResyncDelay = 1;          // a longer delay resets the clock
 constexpr double kRealTimeTolerance = 0.2;  // networks deliver unevenly
-constexpr double kClockDrift = 0.001;       // between a camera's clock and ours, more than any has
-constexpr double kMostAhead = 10;           // servers begin with what they have kept
-constexpr double kCatchingUp = 2;           // that long at a time
-constexpr int kHurryFrom = 5;               // late pictures in a row
+constexpr double kClockDrift = 0.001;       // upper bound of the drift between a camera's clock and ours
+constexpr double kMaxAhead = 10;            // servers may send buffered frames first
+constexpr double kCatchUpPeriod = 2;        // after which an attempt to catch up is judged
+constexpr int kHurryAfter = 5;              // late frames in a row
 
 }  // namespace
 
-// An earlier picture than ever shows how early pictures can come.
+// A new minimum delay re-anchors the clock.
 void Pace::takeInRealTime(double step, double now) {
     _due += step;
     if (now < _due) {
@@ -27,25 +27,25 @@ void Pace::takeInRealTime(double step, double now) {
         _due = std::min(now, _due + step * kClockDrift);
         _ahead -= std::min(_ahead, step * kClockDrift);
     }
-    _realTime = _ahead < kMostAhead;
+    _realTime = _ahead < kMaxAhead;
 }
 
 void Pace::take(double time, double now) {
     const double step = time - _time;
-    const bool jumped = step <= 0 || step > std::max(kLongestGap, 2 * _length);
+    const bool jumped = step <= 0 || step > std::max(kMaxGap, 2 * _length);
     _time = time;
-    if (_next == Next::kAtOnce || (_realTime && jumped)) {
+    if (_next == Next::kImmediate || (_realTime && jumped)) {
         _due = _lastShown = now;
         _lateInRow = 0;
         _ahead = 0;
-    } else if (_next == Next::kFollows || jumped) {
+    } else if (_next == Next::kFollowing || jumped) {
         _due += _length;
     } else if (_realTime) {
         takeInRealTime(step, now);
     } else {
         _due += step;
     }
-    if (_next == Next::kByTime && !jumped && step <= kLongestLength) _length = step;
+    if (_next == Next::kByTime && !jumped && step <= kMaxLength) _length = step;
     _next = Next::kByTime;
     if (now < _due) {
         _lateInRow = 0;
@@ -53,14 +53,14 @@ void Pace::take(double time, double now) {
     }
 }
 
-// A video that is a second behind plays slower instead. Of an input in real time, what piled up is caught up
-// with; where that brings nothing any more, its pictures come no earlier.
-bool Pace::isSetAnew(double late, double now) {
-    if (!_realTime) return late > kSetAnewFrom;
-    if (_lateInRow > 1 && now - _watchedSince < kCatchingUp) return false;
-    const bool inVain = _lateInRow > 1 && late >= _lateThen;
-    _watchedSince = now;
-    _lateThen = late;
+// A recording that is too late resets the clock, which slows it down. A real-time input first tries to catch
+// up; it resets the clock when that does not reduce the delay any more.
+bool Pace::mustResync(double late, double now) {
+    if (!_realTime) return late > kResyncDelay;
+    if (_lateInRow > 1 && now - _catchUpStart < kCatchUpPeriod) return false;
+    const bool inVain = _lateInRow > 1 && late >= _lateAtStart;
+    _catchUpStart = now;
+    _lateAtStart = late;
     return inVain;
 }
 
@@ -71,26 +71,26 @@ bool Pace::isWorthShowing(double now) {
         if (_realTime) _hurried = false;
         return true;
     }
-    if (++_lateInRow >= kHurryFrom) _hurried = true;
-    if (isSetAnew(late, now)) {
+    if (++_lateInRow >= kHurryAfter) _hurried = true;
+    if (mustResync(late, now)) {
         _due = now;
         return true;
     }
-    return now - _lastShown >= kLongestWithout;
+    return now - _lastShown >= kMaxBlackout;
 }
 
 void Pace::shown(double now) {
     _lastShown = now;
-    // What is shown during a pause, step by step, stays for its length when the pause is over.
+    // A frame that was stepped to during a pause is shown for its full length afterwards.
     if (_pausedSince) _due = *(_pausedSince = now);
 }
 
-// Real time passes during a pause.
+// Real-time inputs go on during a pause.
 void Pace::pause(double now) {
     if (!_realTime) _pausedSince = now;
 }
 
-void Pace::goOn(double now) {
+void Pace::resume(double now) {
     if (_pausedSince) _due += now - *_pausedSince;
     _pausedSince.reset();
 }

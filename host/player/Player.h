@@ -1,5 +1,5 @@
-// Plays one input on a thread of its own: opens it, decodes, and hands each picture over when it is due.
-// Nothing here waits for decoding: every call returns at once, from whichever thread.
+// Plays one input on its own thread: opens it, decodes it and passes each frame on when it is due. All
+// functions can be called from any thread and return at once, without waiting for the decoder.
 #pragma once
 
 #include <memory>
@@ -16,16 +16,16 @@ class PlayerLoop;
 class Player {
   public:
     Player(PlayerInput input, const PlayerSettings& settings, PlayerCallbacks callbacks);
-    ~Player();  // ends the thread, whatever it waits for
+    ~Player();  // interrupts and joins the thread
     Player(const Player&) = delete;
     Player& operator=(const Player&) = delete;
 
     void pause(bool paused);
-    // Shows the next picture; pauses where it is not paused already.
+    // Pauses and shows the next frame.
     void step();
 
-    // False where the input cannot be sought (not open yet, the sample, a still, a live input); times beyond
-    // the ends become the ends. While paused the picture there is shown.
+    // Return false if the input cannot seek (not open yet, the sample, a still, a live input). Clamp the time
+    // to the input; while paused, show the frame there.
     bool seekTo(double seconds);
     bool seekBy(double seconds);
 

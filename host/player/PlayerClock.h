@@ -1,4 +1,4 @@
-// The seconds by which a player paces its pictures and its waiting: steady, and faster than life for tests.
+// The clock of a player: steady, and faster than real time in tests.
 #pragma once
 
 #include <chrono>
@@ -12,7 +12,7 @@ class PlayerClock {
     explicit PlayerClock(double speed) : _speed(speed) {}
 
     double now() const { return Real(std::chrono::steady_clock::now() - _start).count() * _speed; }
-    // How long that many seconds of this clock take in reality.
+    // Real duration of a number of seconds of this clock.
     Real real(double seconds) const { return Real(seconds / _speed); }
 
   private:

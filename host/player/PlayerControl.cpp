@@ -15,7 +15,7 @@ void forgetBefore(std::deque<double>& times, double start) {
 }  // namespace
 
 void PlayerControl::wake() {
-    _wished = true;
+    _requested = true;
     _woken.notify_all();
 }
 
@@ -69,18 +69,18 @@ bool PlayerControl::isEnding() const {
     return _ending;
 }
 
-PlayerControl::Wishes PlayerControl::takeWishes() {
+PlayerControl::Requests PlayerControl::takeRequests() {
     const std::lock_guard lock(_mutex);
-    const Wishes wishes{_paused, _step, _seek};
+    const Requests requests{_paused, _step, _seek};
     if (_seek) _status.position = *_seek;
     _seek.reset();
-    _step = _wished = false;
-    return wishes;
+    _step = _requested = false;
+    return requests;
 }
 
 bool PlayerControl::wait(double seconds) {
     std::unique_lock lock(_mutex);
-    return _woken.wait_for(lock, _clock.real(seconds), [this] { return _wished || _ending; });
+    return _woken.wait_for(lock, _clock.real(seconds), [this] { return _requested || _ending; });
 }
 
 void PlayerControl::sleep(double seconds) {
@@ -93,12 +93,12 @@ void PlayerControl::update(const std::function<void(PlayerStatus&)>& change) {
     change(_status);
 }
 
-void PlayerControl::countShown(const PackedFrame& picture, double position) {
+void PlayerControl::countShown(const PackedFrame& frame, double position) {
     const std::lock_guard lock(_mutex);
     ++_status.shown;
     _status.state = PlayerState::kPlaying;
-    _status.width = picture.width;
-    _status.height = picture.height;
+    _status.width = frame.width;
+    _status.height = frame.height;
     _status.position = position;
     _shownAt.push_back(now());
     forgetBefore(_shownAt, _shownAt.back() - kRateWindow);

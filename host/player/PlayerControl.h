@@ -1,5 +1,5 @@
-// What the viewer's threads and the player's thread have in common: wishes go one way, the status the other.
-// One mutex, held for a few lines at a time and never during a callback.
+// Shared state of the callers and the player's thread: requests go one way, the status the other. One mutex,
+// held for a few lines at a time and never during a callback.
 #pragma once
 
 #include <condition_variable>
@@ -20,7 +20,7 @@ class PlayerControl {
 
     double now() const { return _clock.now(); }
 
-    // The viewer's side; see Player.
+    // For callers; see Player.
     void pause(bool paused);
     void step();
     bool seekTo(double seconds);
@@ -28,20 +28,20 @@ class PlayerControl {
     PlayerStatus status() const;
     void end();
 
-    // The player's side.
-    struct Wishes {
+    // For the player's thread.
+    struct Requests {
         bool paused = false;
         bool step = false;
-        std::optional<double> seek;  // the last one of those that came since
+        std::optional<double> seek;  // the latest
     };
     bool isEnding() const;
-    Wishes takeWishes();
-    // True when a wish came before the time was over.
+    Requests takeRequests();
+    // Returns true if a request arrived in time.
     bool wait(double seconds);
-    // Only the end cuts this short.
+    // Interrupted only by shutdown.
     void sleep(double seconds);
     void update(const std::function<void(PlayerStatus&)>& change);
-    void countShown(const PackedFrame& picture, double position);
+    void countShown(const PackedFrame& frame, double position);
 
   private:
     bool seekLocked(double seconds);
@@ -49,15 +49,15 @@ class PlayerControl {
 
     const PlayerClock _clock;
     mutable std::mutex _mutex;
-    // All of these are touched under the mutex only.
+    // The mutex guards all of the following.
     std::condition_variable _woken;
     PlayerStatus _status;
     bool _paused;
     bool _step = false;
     bool _ending = false;
-    bool _wished = false;
+    bool _requested = false;
     std::optional<double> _seek;
-    mutable std::deque<double> _shownAt;  // within the last second
+    mutable std::deque<double> _shownAt;  // times within the last second
 };
 
 }  // namespace fovix_host

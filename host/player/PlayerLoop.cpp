@@ -15,10 +15,11 @@
 namespace fovix_host {
 namespace {
 
-constexpr double kForever = 3600;  // until a wish comes; then it is looked again
-constexpr double kLongestRetryWait = 10;
+constexpr double kIdleTimeout = 3600;                    // requests wake it earlier
+constexpr double kMinRetryWait = 1, kMaxRetryWait = 10;  // seconds; doubled with each attempt
+constexpr double kMinSeekBackoff = 0.5;                  // seconds; doubled with each attempt
 
-// A pipe that nobody writes to holds its reader until a signal comes; then FFmpeg asks whether to go on.
+// A read from a pipe without data returns only after a signal; FFmpeg then calls our interrupt callback.
 void interruptSystemCall(std::thread& thread) {
     static const bool kHandled = [] {
         struct sigaction nothing {};
@@ -49,9 +50,9 @@ PlayerLoop::PlayerLoop(PlayerInput input, const PlayerSettings& settings, Player
 
 PlayerLoop::~PlayerLoop() {
     _control.end();
-    // Again and again: a signal may come just before the call that it is to interrupt.
-    constexpr std::chrono::milliseconds kPatience(50);
-    for (const auto ended = _ended.get_future(); ended.wait_for(kPatience) != std::future_status::ready;)
+    // Repeatedly, because a signal may arrive just before the call that it should interrupt.
+    constexpr std::chrono::milliseconds kInterval(50);
+    for (const auto ended = _ended.get_future(); ended.wait_for(kInterval) != std::future_status::ready;)
         interruptSystemCall(_thread);
     _thread.join();
 }
@@ -59,12 +60,12 @@ PlayerLoop::~PlayerLoop() {
 void PlayerLoop::run() {
     try {
         while (open())
-            while (turn()) {
+            while (step()) {
             }
     } catch (const std::exception& problem) {
         if (_control.isEnding()) return;
         _feed.reset();
-        say(problem.what());
+        report(problem.what());
         _control.update([](PlayerStatus& status) {
             status.state = PlayerState::kFailed;
             status.seekable = false;
@@ -96,7 +97,7 @@ bool PlayerLoop::open() {
         } catch (const InputUnreachable& problem) {
             retryAfter(_stalled ? _name + " sends no data" : problem.what());
         } catch (const std::runtime_error& problem) {
-            if (!_isStream || !(_everShown || _stalled)) throw;
+            if (!_isStream || !(_hasShownFrame || _stalled)) throw;
             retryAfter(problem.what());
         }
     }
@@ -106,75 +107,75 @@ bool PlayerLoop::open() {
 void PlayerLoop::begin() {
     _pace.emplace(_feed->frameLength(), _feed->isRealTime());
     if (_paused) _pace->pause(_control.now());
-    _inHand = _resting = _anyDecoded = false;
-    _owed = true;
+    _pending = _idle = _anyDecoded = false;
+    _showNext = true;
     _control.update([this](PlayerStatus& status) {
         status.duration = _feed->duration();
         status.seekable = _feed->isSeekable();
     });
-    const double from = _everShown ? _time : _settings.start;
+    const double from = _hasShownFrame ? _time : _settings.start;
     if (from <= 0) return;
-    if (!std::exchange(_goesOn, true) && _feed->isSeekable()) {
+    if (!std::exchange(_canResume, true) && _feed->isSeekable()) {
         _lostAt = -1;
-        return say("cannot seek in " + _name + "; starting over");
+        return report("cannot seek in " + _name + "; starting over");
     }
-    if (!_everShown && from >= _feed->duration().value_or(0))
-        say(_name + (_feed->isSeekable() ? " ends before the start position; showing its last frame"
-                                         : " has no timestamps; starting at its current position"));
+    if (!_hasShownFrame && from >= _feed->duration().value_or(0))
+        report(_name + (_feed->isSeekable() ? " ends before the start position; showing its last frame"
+                                            : " has no timestamps; starting at its current position"));
     if (_feed->isSeekable()) seek(from);
 }
 
 void PlayerLoop::retryAfter(const std::string& problem) {
     if (_control.isEnding()) return;
     _feed.reset();
-    _retryWait = std::clamp(2 * _retryWait, 1.0, kLongestRetryWait);
+    _retryWait = std::clamp(2 * _retryWait, kMinRetryWait, kMaxRetryWait);
     _control.update([](PlayerStatus& status) { status.state = PlayerState::kReconnecting; });
-    say(problem + "; retrying in " + std::to_string(std::lround(_retryWait)) + " s");
+    report(problem + "; retrying in " + std::to_string(std::lround(_retryWait)) + " s");
     _control.sleep(_retryWait);
 }
 
-bool PlayerLoop::turn() {
+bool PlayerLoop::step() {
     if (_control.isEnding()) return false;
-    obey(_control.takeWishes());
-    if (_resting || (_paused && !_owed && !_pace->isRealTime())) {
-        _control.wait(kForever);
+    applyRequests(_control.takeRequests());
+    if (_idle || (_paused && !_showNext && !_pace->isRealTime())) {
+        _control.wait(kIdleTimeout);
         return true;
     }
-    if (!_inHand && !decode()) return atEnd();
-    const double early = _owed ? 0 : _pace->untilDue(_control.now());
+    if (!_pending && !decode()) return atEnd();
+    const double early = _showNext ? 0 : _pace->untilDue(_control.now());
     if (early > 0 && _control.wait(early)) return true;
     present();
     return true;
 }
 
-void PlayerLoop::obey(const PlayerControl::Wishes& wishes) {
-    if (wishes.paused != _paused) {
-        _paused = wishes.paused;
+void PlayerLoop::applyRequests(const PlayerControl::Requests& requests) {
+    if (requests.paused != _paused) {
+        _paused = requests.paused;
         if (_paused)
             _pace->pause(_control.now());
         else
-            _pace->goOn(_control.now());
+            _pace->resume(_control.now());
     }
-    if (wishes.step) _owed = true;
-    if (wishes.seek) seek(*wishes.seek);
+    if (requests.step) _showNext = true;
+    if (requests.seek) seek(*requests.seek);
 }
 
 void PlayerLoop::seek(double seconds) {
     const double last = _feed->duration().value_or(0) - _feed->frameLength();
     const double target = std::clamp(seconds, 0.0, std::max(last, 0.0));
-    _backing = 0;
-    if (lookFrom(target))
-        _sought = target;
+    _seekBackoff = 0;
+    if (seekFeed(target))
+        _seekTarget = target;
     else
-        say("cannot seek in " + _name);
+        report("cannot seek in " + _name);
 }
 
-bool PlayerLoop::lookFrom(double seconds) {
+bool PlayerLoop::seekFeed(double seconds) {
     _waitingSince = _control.now();
     if (!_feed->seek(seconds)) return false;
     _pace->restart();
-    _inHand = _resting = false;
-    _owed = true;
+    _pending = _idle = false;
+    _showNext = true;
     return true;
 }
 
@@ -186,44 +187,44 @@ bool PlayerLoop::decode() {
         if (!time) return false;
         _time = *time;
     } catch (const std::runtime_error&) {
-        // No picture at all: a stream that broke off has some when it is back.
-        if (!_isStream || !(_everShown || _feed->isLost())) throw;
+        // No frame decoded: retry if the stream was interrupted.
+        if (!_isStream || !(_hasShownFrame || _feed->isLost())) throw;
         return false;
     }
     _pace->take(_time, _control.now());
-    _inHand = _anyDecoded = true;
+    _pending = _anyDecoded = true;
     _control.update([](PlayerStatus& status) { ++status.decoded; });
     return true;
 }
 
 void PlayerLoop::present() {
-    _inHand = false;
-    if (_paused && !_owed) return;  // a live input goes by
-    if (_owed || _pace->isWorthShowing(_control.now()))
+    _pending = false;
+    if (_paused && !_showNext) return;  // live inputs go on during a pause
+    if (_showNext || _pace->isWorthShowing(_control.now()))
         show();
     else
         drop();
 }
 
 void PlayerLoop::show() {
-    PackedFrame picture;
+    PackedFrame frame;
     try {
-        picture = _feed->pack();
+        frame = _feed->pack();
     } catch (const std::runtime_error& problem) {
         _problem = _name + " cannot be shown: " + problem.what();
         if (_feed->isStill()) throw std::runtime_error(_problem);
-        say(_problem);
+        report(_problem);
         return drop();
     }
     _pace->shown(_control.now());
-    _callbacks.show(picture);
-    _control.countShown(picture, _time);
-    if (_retryWait > 0) say(_name + (_everShown ? " is back" : " is available now"));
+    _callbacks.show(frame);
+    _control.countShown(frame, _time);
+    if (_retryWait > 0) report(_name + (_hasShownFrame ? " is back" : " is available now"));
     _retryWait = 0;
-    _everShown = true;
-    _owed = false;
-    _sought.reset();
-    if (_feed->isStill()) rest(PlayerState::kStill);
+    _hasShownFrame = true;
+    _showNext = false;
+    _seekTarget.reset();
+    if (_feed->isStill()) idle(PlayerState::kStill);
 }
 
 void PlayerLoop::drop() {
@@ -234,40 +235,40 @@ bool PlayerLoop::atEnd() {
     if (_control.isEnding()) return false;
     _isLost = _isStream && (_stalled || _feed->isLost() || _feed->isRealTime());
     if (_isLost) {
-        // A server that sends a file only as a whole breaks off again where it is to go on.
-        if (!_stalled) _goesOn = std::exchange(_lostAt, _time) < _time;
+        // A server without range support disconnects again at the resume position.
+        if (!_stalled) _canResume = std::exchange(_lostAt, _time) < _time;
         return false;
     }
-    // Other streams of the input may last longer than its pictures: the last one is somewhere before.
-    if (_sought && _backing < *_sought) {
-        _backing = std::max(2 * _backing, 0.5);
-        if (lookFrom(std::max(*_sought - _backing, 0.0))) return true;
+    // The input's audio may be longer than its video: the last frame is then before the target.
+    if (_seekTarget && _seekBackoff < *_seekTarget) {
+        _seekBackoff = std::max(2 * _seekBackoff, kMinSeekBackoff);
+        if (seekFeed(std::max(*_seekTarget - _seekBackoff, 0.0))) return true;
     }
-    if (!_everShown) throw std::runtime_error(_problem.empty() ? _name + " contains no frame" : _problem);
+    if (!_hasShownFrame) throw std::runtime_error(_problem.empty() ? _name + " contains no frame" : _problem);
     if (_settings.loop && _anyDecoded) {
-        beginAnew();
+        repeat();
     } else if (_paused) {
-        _owed = false;
+        _showNext = false;
     } else if (!_control.wait(_pace->untilOver(_control.now()))) {
-        rest(PlayerState::kEnded);
+        idle(PlayerState::kEnded);
     }
     return true;
 }
 
-void PlayerLoop::beginAnew() {
+void PlayerLoop::repeat() {
     _waitingSince = _control.now();
     if (!_feed->seek(0)) _feed = openFeed();
     _pace->follow();
     _anyDecoded = false;
 }
 
-void PlayerLoop::rest(PlayerState state) {
-    _resting = true;
-    _owed = false;
+void PlayerLoop::idle(PlayerState state) {
+    _idle = true;
+    _showNext = false;
     _control.update([state](PlayerStatus& status) { status.state = state; });
 }
 
-void PlayerLoop::say(const std::string& message) {
+void PlayerLoop::report(const std::string& message) {
     bool isNew = false;
     _control.update([&](PlayerStatus& status) { isNew = std::exchange(status.message, message) != message; });
     if (isNew && _callbacks.message) _callbacks.message(message);

@@ -1,4 +1,4 @@
-// The player's thread: opens the input, plays it turn by turn, and opens it again where it is lost.
+// The player's thread: opens the input, plays it step by step, and reopens it if it is lost.
 #pragma once
 
 #include <atomic>
@@ -23,55 +23,55 @@ class PlayerLoop {
   private:
     void run();
 
-    // Opening, again and again where that may help; false when the player is to end.
+    // Retries while that may help; returns false if the player is ending.
     bool open();
     std::unique_ptr<Feed> openFeed();
     void begin();
     void retryAfter(const std::string& problem);
     bool isInterrupted();
 
-    // One decision of playing; false when the input is lost or the player is to end.
-    bool turn();
-    void obey(const PlayerControl::Wishes& wishes);
+    // One decision of the loop; returns false if the input is lost or the player is ending.
+    bool step();
+    void applyRequests(const PlayerControl::Requests& requests);
     void seek(double seconds);
-    bool lookFrom(double seconds);
+    bool seekFeed(double seconds);
     bool decode();
     void present();
     void show();
     void drop();
     bool atEnd();
-    void beginAnew();
+    void repeat();
 
-    void rest(PlayerState state);
-    void say(const std::string& message);
+    void idle(PlayerState state);
+    void report(const std::string& message);
 
     PlayerInput _input;
     const PlayerSettings _settings;
     const PlayerCallbacks _callbacks;
     PlayerControl& _control;
-    std::string _name = "the sample";  // or the input, quoted
-    bool _isStream = false;            // worth opening again
+    std::string _name = "the sample";  // or the quoted input
+    bool _isStream = false;            // reopened if it is lost
 
     std::unique_ptr<Feed> _feed;
     std::optional<Pace> _pace;
-    double _time = 0;      // of the picture decoded last
-    bool _inHand = false;  // it is neither shown nor dropped yet
-    bool _owed = false;    // the next picture is shown at once, paused or not
+    double _time = 0;        // of the last decoded frame
+    bool _pending = false;   // that frame is neither shown nor dropped yet
+    bool _showNext = false;  // show the next frame at once, paused or not
     bool _paused = false;
-    bool _resting = false;          // nothing to do until a wish comes
-    std::optional<double> _sought;  // without a picture found yet
-    double _backing = 0;            // how far before it is looked now
-    bool _anyDecoded = false;       // since the input began, or began anew
-    bool _everShown = false;
-    std::string _problem;   // why pictures cannot be shown
-    double _retryWait = 0;  // the last one; none since a picture was shown
+    bool _idle = false;                 // nothing to do until the next request
+    std::optional<double> _seekTarget;  // seek in progress
+    double _seekBackoff = 0;            // seconds before the target, if there was no frame there
+    bool _anyDecoded = false;           // since the input was opened or repeated
+    bool _hasShownFrame = false;
+    std::string _problem;   // why frames cannot be shown
+    double _retryWait = 0;  // the latest; 0 after a frame was shown
     bool _isLost = false;
-    bool _goesOn = true;  // where it was, when it is opened again
-    double _lostAt = -1;  // the time that it had reached when it was lost before
+    bool _canResume = true;  // can continue at the old position after reopening
+    double _lostAt = -1;     // position of the previous loss
     std::atomic<bool> _stalled = false;
-    std::atomic<double> _waitingSince = 0;  // for the input; read wherever the input asks
+    std::atomic<double> _waitingSince = 0;  // since when the player waits for the input
     std::promise<void> _ended;
-    std::thread _thread;  // last: it uses all the others
+    std::thread _thread;  // last, because it uses all others
 };
 
 }  // namespace fovix_host

@@ -1,4 +1,4 @@
-// What a player is doing, as of one moment.
+// A snapshot of what a player does.
 #pragma once
 
 #include <optional>
@@ -10,22 +10,22 @@ enum class PlayerState {
     kOpening,
     kPlaying,
     kPaused,
-    kStill,         // the one picture is shown
-    kEnded,         // the last picture is shown; a seek goes on from there
-    kReconnecting,  // waits before it opens the stream again
-    kFailed         // for good; the message says why
+    kStill,         // the only frame is shown
+    kEnded,         // the last frame is shown; a seek resumes playing
+    kReconnecting,  // waits before it reopens the stream
+    kFailed         // permanently; the message contains the reason
 };
 
 struct PlayerStatus {
     PlayerState state = PlayerState::kOpening;
-    int width = 0, height = 0;       // of the picture shown last
-    double position = 0;             // of the picture shown last, or sought, in seconds
-    std::optional<double> duration;  // in seconds; nothing for the sample, a still or a live input
+    int width = 0, height = 0;       // of the last frame shown
+    double position = 0;             // of the last frame shown, or of the current seek, in seconds
+    std::optional<double> duration;  // in seconds; nullopt for the sample, a still or a live input
     bool seekable = false;
-    // Pictures. Those dropped came too late to be worth showing.
+    // Numbers of frames; dropped ones were too late to be shown.
     long decoded = 0, shown = 0, dropped = 0;
-    double framesPerSecond = 0;  // shown, over the last second
-    std::string message;         // the last one
+    double framesPerSecond = 0;  // shown during the last second
+    std::string message;         // the latest
 };
 
 }  // namespace fovix_host

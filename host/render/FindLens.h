@@ -1,4 +1,4 @@
-// fovix-render --find-lens: prints the lens circle of a camera's picture or video instead of drawing views.
+// fovix-render --find-lens: prints the lens circle of an input instead of rendering views.
 #pragma once
 
 #include "output/OwnOutput.h"
@@ -6,8 +6,8 @@
 
 namespace fovix_host {
 
-// One line as --lens takes it, and one that says how sure it is. Throws std::runtime_error with a sentence
-// where no lens circle can be seen.
+// Prints one line in the form that --lens accepts, and one with the confidence. Throws std::runtime_error if
+// no lens circle is visible.
 void printLens(const RenderOptions& options, OwnOutput& out);
 
 }  // namespace fovix_host

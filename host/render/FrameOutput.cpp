@@ -12,19 +12,20 @@
 namespace fovix_host {
 namespace {
 
-// view.png, or view-0001.png and so on where several are written.
+// view.png, or view-0001.png and so on for several frames.
 class PngFiles final : public FrameOutput {
   public:
     PngFiles(const RenderOptions& options, int frames, OwnOutput& out)
         : _name(options.output.name), _isNumbered(frames != 1 && options.every != 0), _out(out) {
-        _digits = std::max<std::size_t>(4, std::to_string(frames).size());
+        constexpr std::size_t kMinDigits = 4;
+        _digits = std::max(kMinDigits, std::to_string(frames).size());
         if (!_isNumbered) return;
-        for (const std::string& input : options.input.inputs) checkIsNotReplaced(input, frames);
+        for (const std::string& input : options.input.inputs) checkNotOverwritten(input, frames);
     }
 
-    void write(const RgbaImage& picture, int frame, double) override {
+    void write(const RgbaImage& image, int frame, double) override {
         const std::string file = _isNumbered ? numbered(frame + 1) : _name;
-        writePng(file, picture);
+        writePng(file, image);
         _out.line(file);
     }
 
@@ -36,8 +37,8 @@ class PngFiles final : public FrameOutput {
         return _name.substr(0, ending) + "-" + zeros + digits + _name.substr(ending);
     }
 
-    // One of a series may be the input of the next.
-    void checkIsNotReplaced(const std::string& input, int frames) const {
+    // The input may be one of an earlier series.
+    void checkNotOverwritten(const std::string& input, int frames) const {
         const std::string stem = std::filesystem::path(input).stem().string();
         const auto number = numberIn<int>(std::string_view(stem).substr(stem.rfind('-') + 1));
         std::error_code ignored;
@@ -65,28 +66,29 @@ class VideoFile final : public FrameOutput {
   public:
     VideoFile(const RenderOptions& options, double frameRate, OwnOutput& out)
         : _settings(settingsFor(options, frameRate)),
-          _isEven(options.output.frameRate.has_value()),
+          _isConstantRate(options.output.frameRate.has_value()),
           _writer(options.output.name, _settings),
           _out(out) {}
 
-    // At the input's own times, to the nearest multiple of its frame rate; or one after the other.
-    void write(const RgbaImage& picture, int, double seconds) override {
-        const std::int64_t next = _due + 1;
-        _due = _isEven ? next : std::max<std::int64_t>(next, std::llround(seconds * _settings.frameRate));
-        _writer.write(picture, _due);
+    // With --fps, frames follow each other evenly; else at the input's times, rounded to its frame rate.
+    void write(const RgbaImage& image, int, double seconds) override {
+        const std::int64_t next = _time + 1;
+        _time = _isConstantRate ? next
+                                : std::max<std::int64_t>(next, std::llround(seconds * _settings.frameRate));
+        _writer.write(image, _time);
     }
 
     void finish() override {
-        if (_due < 0) return;
+        if (_time < 0) return;
         _writer.finish();
         _out.line(_writer.file());
     }
 
   private:
     VideoSettings _settings;
-    bool _isEven;
+    bool _isConstantRate;
     VideoWriter _writer;
-    std::int64_t _due = -1;
+    std::int64_t _time = -1;  // of the last frame, in units of 1/frameRate
     OwnOutput& _out;
 };
 
@@ -94,8 +96,8 @@ class RawPipe final : public FrameOutput {
   public:
     explicit RawPipe(OwnOutput& out) : _out(out) {}
 
-    void write(const RgbaImage& picture, int, double) override {
-        _out.bytes(picture.pixels.data(), picture.pixels.size());
+    void write(const RgbaImage& image, int, double) override {
+        _out.bytes(image.pixels.data(), image.pixels.size());
     }
 
   private:

@@ -1,4 +1,4 @@
-// Where drawn frames go: numbered PNG files, a video, or raw bytes on standard output.
+// Destinations of rendered frames: numbered PNG files, a video, or raw bytes on standard output.
 #pragma once
 
 #include <memory>
@@ -13,14 +13,14 @@ class FrameOutput {
   public:
     virtual ~FrameOutput() = default;
 
-    // Frames count from 0; the seconds are the input's since the first frame.
-    virtual void write(const RgbaImage& picture, int frame, double seconds) = 0;
-    // After the last one; what was not finished leaves no video behind.
+    // Frames count from 0; the time is that of the input, relative to its first frame.
+    virtual void write(const RgbaImage& image, int frame, double seconds) = 0;
+    // Call it after the last frame; without it, no video is left behind.
     virtual void finish() {}
 };
 
-// Files are named on out when they are whole. The number of frames is 0 where it is not known, the frame rate
-// that of the inputs. Throws std::runtime_error.
+// Prints the names of complete files to out. The number of frames is 0 if unknown; the frame rate is that of
+// the inputs. Throws std::runtime_error.
 std::unique_ptr<FrameOutput> openOutput(const RenderOptions& options, int frames, double frameRate,
                                         OwnOutput& out);
 

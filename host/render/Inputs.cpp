@@ -14,27 +14,28 @@
 #include "setup/ViewLayout.h"
 
 namespace fovix_host {
-Inputs::Inputs(const RenderOptions& options, const MediaOptions& demands)
-    : _options(options), _notify(demands.notify), _interrupted(demands.interrupted) {
-    open(demands);
+
+Inputs::Inputs(const RenderOptions& options, const MediaOptions& media)
+    : _options(options), _notify(media.notify), _interrupted(media.interrupted) {
+    open(media);
     for (std::size_t i = 0; i < _sources.size(); ++i) {
-        _pictures.push_back(_sources[i]->next());
-        if (!_pictures.back())
+        _frames.push_back(_sources[i]->next());
+        if (!_frames.back())
             throw std::runtime_error("'" + options.input.inputs.at(i) + "' contains no frame");
     }
-    if (!_pictures.empty()) {
-        _width = _pictures.front()->width;
-        _height = _pictures.front()->height;
+    if (!_frames.empty()) {
+        _width = _frames.front()->width;
+        _height = _frames.front()->height;
     }
     _lens = chooseLens();
-    sayMisfit();
+    warnOfMisfit();
 }
 
-void Inputs::open(MediaOptions demands) {
+void Inputs::open(MediaOptions media) {
     const ViewOptions& view = _options.view;
-    // The lenses take RGBA only, and the grid shows either RGBA or YUV in all of its cells.
-    demands.formats = view.takesSeveralInputs() ? PackedFormats::kRgba : PackedFormats::kAll;
-    for (const std::string& input : _options.input.inputs) _sources.push_back(openMedia(input, demands));
+    // Type lenses accepts only RGBA, and all cells of the grid must have the same format.
+    media.formats = view.takesSeveralInputs() ? PackedFormats::kRgba : PackedFormats::kAll;
+    for (const std::string& input : _options.input.inputs) _sources.push_back(openMedia(input, media));
     if (_options.start && motion() == Motion::kStill)
         throw UsageError("--start needs a video; " + quotedName(_options.input.inputs.front()) +
                          " is a single image");
@@ -44,7 +45,7 @@ void Inputs::open(MediaOptions demands) {
 std::optional<LensCircle> Inputs::chooseLens() const {
     const auto& [inputs, sample, samplesDiffer, given, camera] = _options.input;
     if (!camera.empty() || (!given && !inputs.empty() && _options.view.showsLensCircle())) {
-        const LensChoice choice = askForLens();
+        const LensChoice choice = searchLens();
         _notify(choice.message);
         return choice.lens;
     }
@@ -54,61 +55,60 @@ std::optional<LensCircle> Inputs::chooseLens() const {
     return lensOfType(_options.view, count(), _width, _height);
 }
 
-void Inputs::sayMisfit() const {
-    if (!_lens || _pictures.empty() || !_options.view.showsLensCircle()) return;
+void Inputs::warnOfMisfit() const {
+    if (!_lens || _frames.empty() || !_options.view.showsLensCircle()) return;
     if (const std::string misfit = misfitOf(*_lens, _width, _height); !misfit.empty()) _notify(misfit);
 }
 
-LensChoice Inputs::askForLens() const {
+LensChoice Inputs::searchLens() const {
     const LensRequest request{_options.input.lens, _options.input.camera};
     if (const auto choice = lensWithoutSearch(request)) return *choice;
-    // A stream or a device cannot be opened a second time, so that its first picture must do.
+    // A stream or device cannot be opened a second time: search only its first frame.
     const std::string& input = _options.input.inputs.front();
     std::error_code ignored;
     if (std::filesystem::is_regular_file(input, ignored))
         return lensAfterSearch(request, findLens(input, _interrupted));
     LensFinder finder;
-    finder.add(lumaOf(*_pictures.front()));
+    finder.add(lumaOf(*_frames.front()));
     return lensAfterSearch(request, finder.result());
 }
 
-void Inputs::handIn(VRHANDLE view) const {
+void Inputs::submit(VRHANDLE view) const {
     for (int slot = 0; slot < count(); ++slot) {
-        const auto& picture = _pictures[static_cast<std::size_t>(slot)];
-        if (picture) setPicture(view, slot, *picture);
+        const auto& frame = _frames[static_cast<std::size_t>(slot)];
+        if (frame) submitFrame(view, slot, *frame);
     }
 }
 
-void Inputs::setPicture(VRHANDLE view, int slot, const PackedFrame& picture) const {
+void Inputs::submitFrame(VRHANDLE view, int slot, const PackedFrame& frame) const {
     if (_options.view.takesSeveralInputs())
-        Fovix_Multi_SetRGBTexture(view, slot, picture.data, picture.size, picture.width, picture.height);
+        Fovix_Multi_SetRGBTexture(view, slot, frame.data, frame.size, frame.width, frame.height);
     else
-        Fovix_SetTexture(view, picture.pixelFormat, picture.data, picture.size, picture.width,
-                         picture.height);
+        Fovix_SetTexture(view, frame.pixelFormat, frame.data, frame.size, frame.width, frame.height);
 }
 
-bool Inputs::advance(int framesDrawn, int framesLeft) {
+bool Inputs::advance(int framesRendered, int framesLeft) {
     std::vector<std::size_t> ended;
     bool anyMoves = false;
     for (std::size_t i = 0; i < _sources.size(); ++i) {
-        if (!_pictures[i]) continue;
-        _pictures[i] = _sources[i]->next();
-        if (_pictures[i]) anyMoves = true;
-        // A still picture is meant to stay; a video that ends early is worth a word.
-        if (!_pictures[i] && framesDrawn > 1) ended.push_back(i);
+        if (!_frames[i]) continue;
+        _frames[i] = _sources[i]->next();
+        if (_frames[i]) anyMoves = true;
+        // Warn about videos that end early; stills simply stay.
+        if (!_frames[i] && framesRendered > 1) ended.push_back(i);
     }
     const std::size_t clock = leader();
     _seconds =
-        clock < _sources.size() && _pictures[clock] ? _sources[clock]->seconds() : _seconds + 1 / frameRate();
+        clock < _sources.size() && _frames[clock] ? _sources[clock]->seconds() : _seconds + 1 / frameRate();
     if (anyMoves || framesLeft > 0)
-        for (const std::size_t slot : ended) sayEnded(slot, framesDrawn, framesLeft);
+        for (const std::size_t slot : ended) warnOfEnd(slot, framesRendered, framesLeft);
     return anyMoves || motion() == Motion::kStill;
 }
 
-void Inputs::sayEnded(std::size_t slot, int framesDrawn, int framesLeft) const {
+void Inputs::warnOfEnd(std::size_t slot, int framesRendered, int framesLeft) const {
     if (!_notify) return;
     const std::string rest = framesLeft > 0 ? " for the remaining " + std::to_string(framesLeft) : "";
-    _notify(quotedName(_options.input.inputs[slot]) + " ends after " + std::to_string(framesDrawn) +
+    _notify(quotedName(_options.input.inputs[slot]) + " ends after " + std::to_string(framesRendered) +
             " frames; its last frame is repeated" + rest);
 }
 

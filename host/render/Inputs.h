@@ -1,5 +1,5 @@
-// The pictures of one or several inputs on their way into the view: slot by slot for the grid and the
-// lenses, and with the lens circle that belongs to them.
+// The inputs of fovix-render: reads their frames, submits them to the view (one slot per input for the types
+// grid and lenses) and chooses the lens circle.
 #pragma once
 
 #include <functional>
@@ -16,42 +16,42 @@ namespace fovix_host {
 
 class Inputs {
   public:
-    // Reads the first picture of each; those of a file begin and fit as demanded. Throws std::runtime_error
-    // with a sentence that names the input.
-    Inputs(const RenderOptions& options, const MediaOptions& demands);
+    // Reads the first frame of each input. Throws std::runtime_error with a message that names the input.
+    Inputs(const RenderOptions& options, const MediaOptions& media);
 
-    // How many there are; none with a script that brings its own pictures.
+    // 0 with a script that names its own inputs.
     int count() const { return static_cast<int>(_sources.size()); }
-    // The one given or found, else what fits the pictures and the type.
+    // The given or found circle, else the default of the type.
     const std::optional<LensCircle>& lens() const { return _lens; }
-    const std::optional<PackedFrame>& firstPicture() const { return _pictures.front(); }
+    const std::optional<PackedFrame>& firstFrame() const { return _frames.front(); }
 
-    void handIn(VRHANDLE view) const;
+    void submit(VRHANDLE view) const;
 
-    // Reads the next pictures, where there are any; false when all that moved have ended. Says so once where
-    // a video ends after several; how many frames are left to draw is 0 where it is not known.
-    bool advance(int framesDrawn, int framesLeft);
+    // Reads the next frames. Returns false when all videos have ended. Reports each video that ends before
+    // the others or before the last rendered frame; framesLeft is 0 if unknown.
+    bool advance(int framesRendered, int framesLeft);
 
-    // What they are together: they end when all recordings among them have.
+    // Of all inputs together: they end when all recordings have ended.
     Motion motion() const;
-    // Of the first one that moves: what tells the time of a frame, in seconds since the first.
+    // Time, rate and duration are those of the first input that moves; the time is relative to its first
+    // frame.
     double seconds() const { return _seconds; }
     double frameRate() const;
     std::optional<double> duration() const;
 
   private:
     std::optional<LensCircle> chooseLens() const;
-    LensChoice askForLens() const;
-    void sayMisfit() const;
-    void open(MediaOptions demands);
+    LensChoice searchLens() const;
+    void warnOfMisfit() const;
+    void open(MediaOptions media);
     std::size_t leader() const;
-    void sayEnded(std::size_t slot, int framesDrawn, int framesLeft) const;
-    void setPicture(VRHANDLE view, int slot, const PackedFrame& picture) const;
+    void warnOfEnd(std::size_t slot, int framesRendered, int framesLeft) const;
+    void submitFrame(VRHANDLE view, int slot, const PackedFrame& frame) const;
 
     const RenderOptions& _options;
     std::vector<std::unique_ptr<FrameSource>> _sources;
-    std::vector<std::optional<PackedFrame>> _pictures;  // empty where the one before stays
-    int _width = 0, _height = 0;                        // of the first one
+    std::vector<std::optional<PackedFrame>> _frames;  // nullopt: the previous frame stays
+    int _width = 0, _height = 0;                      // of the first input
     std::optional<LensCircle> _lens;
     double _seconds = 0;
     std::function<void(const std::string&)> _notify;

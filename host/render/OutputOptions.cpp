@@ -11,7 +11,7 @@
 namespace fovix_host {
 namespace {
 
-// In lower case, with its dot; empty for names that are nothing but an ending.
+// In lower case, with its dot; empty for names such as ".png".
 std::string endingOf(const std::string& name) {
     std::string ending = std::filesystem::path(name).extension().string();
     std::transform(ending.begin(), ending.end(), ending.begin(),
@@ -22,7 +22,7 @@ std::string endingOf(const std::string& name) {
 OutputKind parseKind(const std::string& name) {
     const std::string ending = endingOf(name);
     if (name == "-") return OutputKind::kPipe;
-    if (ending == ".png") return OutputKind::kPictures;
+    if (ending == ".png") return OutputKind::kImages;
     if (ending != ".mp4" && ending != ".mkv")
         refuse("--output", name, "a name ending in .png, .mp4 or .mkv, or - for raw RGBA on standard output");
     return OutputKind::kVideo;
@@ -35,7 +35,9 @@ VideoCodec parseCodec(const std::string& text) {
 
 int parseQuality(const std::string& text) {
     const auto quality = numberIn<int>(text);
-    if (!quality || *quality < 0 || *quality > 51) refuse("--quality", text, "a number from 0 (best) to 51");
+    constexpr int kWorstQuality = 51;  // of H.264
+    if (!quality || *quality < 0 || *quality > kWorstQuality)
+        refuse("--quality", text, "a number from 0 (best) to 51");
     return *quality;
 }
 

@@ -1,4 +1,4 @@
-// The options that say where the drawn frames go, and in which form.
+// Options for the output of fovix-render.
 #pragma once
 
 #include <optional>
@@ -10,20 +10,20 @@ namespace fovix_host {
 
 class CommandLine;
 
-enum class OutputKind { kPictures, kVideo, kPipe };
+enum class OutputKind { kImages, kVideo, kPipe };
 
 struct OutputOptions {
     std::string name = "fovix.png";
-    OutputKind kind = OutputKind::kPictures;
+    OutputKind kind = OutputKind::kImages;
     std::optional<VideoCodec> codec;
     std::optional<int> quality;
     std::optional<double> frameRate;
 };
 
-// The options outlive the parsing.
+// The options must outlive the parsing.
 void describeOutputOptions(CommandLine& line, OutputOptions& options);
 
-// Whether they fit each other and a surface of this size. Throws UsageError.
+// Checks them against each other and the size of the surface. Throws UsageError.
 void checkOutputOptions(const OutputOptions& options, int width, int height);
 
 }  // namespace fovix_host

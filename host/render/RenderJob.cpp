@@ -24,11 +24,11 @@
 namespace fovix_host {
 namespace {
 
-// How much is drawn: so many frames, or until a time of the inputs or their end.
+// How much to render: a number of frames, or up to a time or the end of the inputs.
 struct Extent {
-    int frames = 0;  // 0: not known before
+    int frames = 0;  // 0: unknown in advance
     double seconds = std::numeric_limits<double>::infinity();
-    bool settled = false;  // animations have ended before the first frame
+    bool settled = false;  // let animations end before the first frame
 };
 
 std::string nameOf(const InputOptions& input) {
@@ -50,9 +50,9 @@ Extent knownExtent(const RenderOptions& options, const Script& script, const Inp
         extent.seconds = *options.duration;
         return extent;
     }
-    const bool takesAll = options.output.kind != OutputKind::kPictures && options.script.empty();
-    const bool isPicture = options.output.kind == OutputKind::kPipe && inputs.motion() == Motion::kStill;
-    if (!takesAll || isPicture) {
+    const bool takesAll = options.output.kind != OutputKind::kImages && options.script.empty();
+    const bool isSingle = options.output.kind == OutputKind::kPipe && inputs.motion() == Motion::kStill;
+    if (!takesAll || isSingle) {
         extent.frames = script.lastFrame();
     } else if (inputs.motion() != Motion::kEnds) {
         throw UsageError(nameOf(options.input) +
@@ -69,7 +69,7 @@ Extent extentOf(const RenderOptions& options, const Script& script, const Inputs
     return extent;
 }
 
-// For the progress bar; 0 where nobody knows.
+// For the progress bar; 0 if unknown.
 int expectedFrames(const Extent& extent, const Inputs& inputs) {
     if (extent.frames > 0) return extent.frames;
     const bool ends = inputs.motion() == Motion::kEnds;
@@ -83,7 +83,7 @@ bool isWritten(const RenderOptions& options, int frame, bool isLast) {
     return options.every == 0 ? isLast : (frame + 1) % options.every == 0;
 }
 
-// Draws until nothing moves by itself any more; the frames are not seen, so a corner of them is enough.
+// Renders until all animations have ended. Nobody sees these frames, so one pixel of each is enough.
 void settle(VRHANDLE handle, const ViewOptions& options, const GlContext& gl) {
     gl.setDrawnPart(1, 1);
     for (int frame = 0; frame < framesToSettle(options); ++frame) {
@@ -99,17 +99,17 @@ Reporter::Amount amountOf(const RenderOptions& options) {
                              : Reporter::Amount::kNotices;
 }
 
-// Files and answers of scripts are listed while frames are drawn.
-bool listsMuch(const RenderOptions& options) {
-    return options.output.kind == OutputKind::kPictures || !options.script.empty();
+// Returns true if files or results of scripts are listed during rendering.
+bool printsLines(const RenderOptions& options) {
+    return options.output.kind == OutputKind::kImages || !options.script.empty();
 }
 
 void describe(Reporter& reporter, const GlContext& gl, const Inputs& inputs) {
     reporter.detail("rendering with " + gl.description());
     if (inputs.count() == 0) return;
-    const auto& picture = inputs.firstPicture();
-    reporter.detail("frames of " + sizeText(picture->width, picture->height) + " in format " +
-                    std::to_string(picture->pixelFormat));
+    const auto& frame = inputs.firstFrame();
+    reporter.detail("frames of " + sizeText(frame->width, frame->height) + " in format " +
+                    std::to_string(frame->pixelFormat));
 }
 
 class RenderJob {
@@ -119,11 +119,11 @@ class RenderJob {
           _reporter(reporter),
           _script(options.script.empty() ? Script{} : readScript(options.script)),
           _gl(options.surface.width, options.surface.height),
-          _inputs(options, demands(options.start.value_or(0))),
+          _inputs(options, mediaOptions(options.start.value_or(0))),
           _extent(extentOf(options, _script, _inputs)),
           _output(openOutput(options, _extent.frames, _inputs.frameRate(), out)),
           _view(creatorFor(options)),
-          _player(_script, _view, out, demands(0)) {
+          _player(_script, _view, out, mediaOptions(0)) {
         describe(reporter, _gl, _inputs);
         setUpView(_view.handle(), options, _inputs);
     }
@@ -133,8 +133,8 @@ class RenderJob {
         int frames = 0, written = 0;
         for (bool isLast = false; !isLast && stopSignal() == 0;) {
             const double seconds = _inputs.seconds();
-            draw(frames++);
-            isLast = !goesOn(frames);
+            render(frames++);
+            isLast = !advance(frames);
             if (isWritten(_options, frames - 1, isLast)) {
                 _output->write(_gl.readPixels(), frames - 1, seconds);
                 ++written;
@@ -144,36 +144,36 @@ class RenderJob {
         _reporter.hideBar();
         _output->finish();
         if (stopSignal() != 0)
-            sayStopped(written);
+            reportStop(written);
         else if (written == 0)
             throw std::runtime_error(nothingWritten(_options.every, frames));
         _reporter.summary(frames);
     }
 
   private:
-    MediaOptions demands(double start) {
-        MediaOptions demands;
-        demands.maxSide = _gl.maxTextureSize();
-        demands.start = start;
-        // What breaks off then is not the input's fault.
-        demands.notify = [this](const std::string& text) {
+    MediaOptions mediaOptions(double start) {
+        MediaOptions media;
+        media.maxSide = _gl.maxTextureSize();
+        media.start = start;
+        // After a stop signal, interrupted inputs are not worth a notice.
+        media.notify = [this](const std::string& text) {
             if (stopSignal() == 0) _reporter.notice(text);
         };
-        demands.interrupted = [] { return stopSignal() != 0; };
-        return demands;
+        media.interrupted = [] { return stopSignal() != 0; };
+        return media;
     }
 
-    void draw(int frame) {
+    void render(int frame) {
         const VRHANDLE handle = _view.handle();
-        _inputs.handIn(handle);
+        _inputs.submit(handle);
         if (frame == 0 && _extent.settled) settle(handle, _options.view, _gl);
         _player.playBefore(frame + 1);
         setViews(_view.handle(), _options.view);
         Fovix_Drawself(_view.handle());
     }
 
-    // Reads the next pictures, where there is another frame.
-    bool goesOn(int frames) {
+    // Reads the next frames; returns false after the last one to render.
+    bool advance(int frames) {
         if (_extent.frames == 0) {
             return _inputs.advance(frames, 0) && _inputs.seconds() < _extent.seconds - kTimeRounding;
         }
@@ -182,7 +182,7 @@ class RenderJob {
         return true;
     }
 
-    void sayStopped(int written) {
+    void reportStop(int written) {
         const std::string count = std::to_string(written) + (written == 1 ? " frame" : " frames");
         const bool isVideo = _options.output.kind == OutputKind::kVideo && written > 0;
         _reporter.notice(stopText() + "; " +
@@ -203,8 +203,8 @@ class RenderJob {
 }  // namespace
 
 void render(const RenderOptions& options, OwnOutput& out) {
-    const bool listIsSeen = listsMuch(options) && out.isTerminal();
-    Reporter reporter(amountOf(options), !listIsSeen);
+    const bool breaksBar = printsLines(options) && out.isTerminal();
+    Reporter reporter(amountOf(options), !breaksBar);
     RenderJob(options, out, reporter).run();
 }
 

@@ -1,4 +1,4 @@
-// What fovix-render does with its options: reads pictures, has the library draw them, writes the frames.
+// The work of fovix-render: reads frames, renders them with the library and writes the results.
 #pragma once
 
 #include "output/OwnOutput.h"
@@ -6,8 +6,8 @@
 
 namespace fovix_host {
 
-// Names every file it has written on out. A stop signal ends it early, with whole files. Throws UsageError,
-// std::runtime_error with a sentence for the user, and ReaderGone.
+// Prints the name of each file it has written to out. A stop signal ends it early, with complete files.
+// Throws UsageError, std::runtime_error with a message for the user, and ReaderGone.
 void render(const RenderOptions& options, OwnOutput& out);
 
 }  // namespace fovix_host

@@ -22,7 +22,7 @@ int parseFrames(const std::string& text) {
 int parseEvery(const std::string& text) {
     if (text == "last") return 0;
     const auto every = numberIn<int>(text);
-    if (!every || *every < 1) refuse("--every", text, "a number above 0, or last");
+    if (!every || *every < 1) refuse("--every", text, "a number of at least 1, or last");
     return *every;
 }
 

@@ -14,14 +14,14 @@ namespace fovix_host {
 struct RenderOptions {
     InputOptions input;
     ViewOptions view;
-    bool findLens = false;  // and print it, instead of drawing
+    bool findLens = false;  // print the lens circle instead of rendering
     OutputOptions output;
     SurfaceSize surface{1280, 720};
-    std::string script;              // file with a timeline of calls; empty without
-    int frames = 0;                  // 0: not said
-    std::optional<double> start;     // in seconds of the inputs
-    std::optional<double> duration;  // in seconds, from there on
-    int every = 1;                   // write each frame of this many; 0: only the last one
+    std::string script;              // file name; empty without
+    int frames = 0;                  // 0: not given
+    std::optional<double> start;     // position in the inputs, seconds
+    std::optional<double> duration;  // seconds
+    int every = 1;                   // write every Nth frame; 0: only the last one
     unsigned int background = 0;     // 0xRRGGBB
     bool verbose = false;
     bool quiet = false;

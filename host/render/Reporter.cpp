@@ -13,7 +13,8 @@ namespace {
 
 int terminalColumns() {
     winsize size{};
-    return ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : 80;
+    constexpr int kDefaultColumns = 80;
+    return ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : kDefaultColumns;
 }
 
 }  // namespace
@@ -38,15 +39,15 @@ void Reporter::detail(const std::string& text) {
     if (_amount == Amount::kAll) say(text);
 }
 
-void Reporter::progress(int frames, int ofFrames) {
+void Reporter::progress(int frames, int totalFrames) {
     const double now = secondsSoFar();
     if (!_withBar || now < _nextBar) return;
-    // The cursor may be in the last column: there a terminal would begin a new line.
-    std::fprintf(stderr, "\r%s\033[K", progressLine(frames, ofFrames, now, terminalColumns() - 1).c_str());
+    // Leave the last column free: terminals wrap the line there.
+    std::fprintf(stderr, "\r%s\033[K", progressLine(frames, totalFrames, now, terminalColumns() - 1).c_str());
     std::fflush(stderr);
     _barShown = true;
-    constexpr double kPause = 0.2;
-    _nextBar = now + kPause;
+    constexpr double kInterval = 0.2;  // seconds
+    _nextBar = now + kInterval;
 }
 
 void Reporter::hideBar() {

@@ -1,5 +1,4 @@
-// What fovix-render says on standard error while it works: notices, details, a progress bar on terminals, and
-// a summary.
+// Messages of fovix-render on standard error: notices, details, a progress bar on terminals, and a summary.
 #pragma once
 
 #include <chrono>
@@ -11,7 +10,7 @@ class Reporter {
   public:
     enum class Amount { kNothing, kNotices, kAll };
 
-    // Lines that the program writes to the same terminal would end up in the bar: then there is none.
+    // Pass false if the program prints other lines to the same terminal, which would break the bar.
     Reporter(Amount amount, bool withBar);
     ~Reporter() { hideBar(); }
     Reporter(const Reporter&) = delete;
@@ -19,10 +18,10 @@ class Reporter {
 
     void notice(const std::string& text);
     void detail(const std::string& text);
-    // Shows the bar on work that takes more than a second.
-    void progress(int frames, int ofFrames);
+    // Shows the bar after the first second. totalFrames is 0 if unknown.
+    void progress(int frames, int totalFrames);
     void hideBar();
-    // A single frame is worth none.
+    // Omitted for a single frame, unless the amount is kAll.
     void summary(int frames);
 
   private:
@@ -35,7 +34,7 @@ class Reporter {
     bool _withBar;
     bool _barShown = false;
     Clock::time_point _begin = Clock::now();
-    double _nextBar = 1;  // in seconds from the beginning
+    double _nextBar = 1;  // seconds since _begin
 };
 
 }  // namespace fovix_host

@@ -17,11 +17,11 @@ void remember(int signal) {
 
 void catchStopSignals() {
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
-        struct sigaction before {};
-        if (sigaction(signal, nullptr, &before) == 0 && before.sa_handler == SIG_IGN) continue;
+        struct sigaction previous {};
+        if (sigaction(signal, nullptr, &previous) == 0 && previous.sa_handler == SIG_IGN) continue;
         struct sigaction action {};
         action.sa_handler = remember;
-        // Nothing is restarted, so that a read that waits for its input ends too.
+        // No SA_RESTART, so that the signal also interrupts a read that waits for input.
         action.sa_flags = static_cast<int>(SA_RESETHAND);
         sigemptyset(&action.sa_mask);
         sigaction(signal, &action, nullptr);

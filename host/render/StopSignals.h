@@ -1,15 +1,15 @@
-// SIGINT, SIGTERM and SIGHUP end the work after the frame in progress, so that its file can be finished. A
-// second one ends the program at once.
+// SIGINT, SIGTERM and SIGHUP stop the program after the current frame, so that its file can be completed. A
+// second signal kills it at once.
 #pragma once
 
 #include <string>
 
 namespace fovix_host {
 
-// Signals that are ignored, as SIGHUP under nohup, stay so.
+// Leaves signals alone that are ignored, such as SIGHUP under nohup.
 void catchStopSignals();
 
-// The one that came, or 0.
+// The signal received, or 0.
 int stopSignal();
 
 // "stopped by SIGINT"

@@ -9,7 +9,7 @@ namespace {
 
 using ScreenView = ViewOptions::ScreenView;
 
-// Where the screens of a layout look that the options do not name: each to another side.
+// Default views of the screens of a layout: each looks in a different direction.
 std::vector<ScreenView> startingViews(const ViewOptions& view) {
     const int shape = view.shape.value_or(FOVIX_SHAPE_SINGLE);
     std::vector<ScreenView> views;
@@ -43,7 +43,7 @@ void setScreenView(VRHANDLE handle, int type, const ScreenView& view) {
 }  // namespace
 
 View::Creator creatorFor(const RenderOptions& options) {
-    // Controllers would overwrite the views at every frame; the inset's marker needs its controller.
+    // Controllers would overwrite the views in every frame. Type pip needs its controller for the marker.
     const bool steered = !options.view.setsViews() || options.view.type == FOVIX_TYPE_SINGLE_PIP;
     return steered ? Fovix_Create : Fovix_CreateNoTouchEvent;
 }
@@ -53,7 +53,7 @@ void setUpView(VRHANDLE handle, const RenderOptions& options, const Inputs& inpu
     Fovix_Init(handle, options.surface.width, options.surface.height);
     Fovix_SetType(handle, options.view.type);
     Fovix_SetBackground(handle, options.background);
-    // A change of type forgets the lens, so it is set last.
+    // After the type, because a change of type resets the lens.
     if (const auto lens = inputs.lens()) setLensCircle(handle, *lens);
     setLayout(handle, options.view, inputs.count());
     for (const auto& point : options.view.select) {
@@ -71,9 +71,9 @@ void setViews(VRHANDLE handle, const ViewOptions& view) {
 }
 
 int framesToSettle(const ViewOptions& view) {
-    // The longest one slides two pictures beside each other in 88 frames.
-    constexpr int kLongest = 90;
-    return view.shape || view.twoLensesMode ? kLongest : 0;
+    // The longest animation moves two images beside each other in 88 frames.
+    constexpr int kLongestAnimation = 90;
+    return view.shape || view.twoLensesMode ? kLongestAnimation : 0;
 }
 
 }  // namespace fovix_host

@@ -1,4 +1,4 @@
-// Brings a view into the state that the options ask for.
+// Applies the options to a handle.
 #pragma once
 
 #include "render/Inputs.h"
@@ -7,17 +7,16 @@
 
 namespace fovix_host {
 
-// A handle with touch controllers, which have a view of their own for each screen, or without them where the
-// options set the views.
+// Creates handles with touch controllers, or without them if the options set the views.
 View::Creator creatorFor(const RenderOptions& options);
 
-// Needs the GL context current.
+// Requires a current GL context.
 void setUpView(VRHANDLE handle, const RenderOptions& options, const Inputs& inputs);
 
-// Sets the views that the options name; before each frame, since strips scroll on by themselves.
+// Sets the views of the options. Call it before each rendered frame, because strips scroll by themselves.
 void setViews(VRHANDLE handle, const ViewOptions& view);
 
-// Frames after which every animation that the options start has ended.
+// Number of rendered frames after which the animations that the options start have ended.
 int framesToSettle(const ViewOptions& view);
 
 }  // namespace fovix_host

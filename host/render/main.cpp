@@ -1,4 +1,4 @@
-// fovix-render: draws views of fisheye pictures without a window and writes them as PNG files or video.
+// fovix-render: renders views of fisheye images and videos off screen, and writes them as PNG files or video.
 
 #include <unistd.h>
 
@@ -17,9 +17,9 @@ namespace {
 
 constexpr int kRunTimeFailure = 1;
 constexpr int kUsageFailure = 2;
-constexpr int kStopped = 128;  // and the signal, as shells have it
+constexpr int kStopped = 128;  // 128 + signal, as shells do
 
-int complain(const std::exception& problem, int status) {
+int report(const std::exception& problem, int status) {
     const int signal = fovix_host::stopSignal();
     const std::string why = signal != 0 ? fovix_host::stopText() + ": " : "";
     std::fprintf(stderr, "fovix-render: %s%s\n", why.c_str(), problem.what());
@@ -32,7 +32,7 @@ int run(const fovix_host::RenderOptions& options) {
     if (isPipe && isatty(STDOUT_FILENO))
         throw UsageError(
             "standard output is a terminal; redirect the raw frames of -o - to a pipe or a file");
-    // Without a reader, or at a limit of the file size, writing shall fail instead.
+    // Make writes fail with an error instead of a signal.
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
     catchStopSignals();
@@ -56,8 +56,8 @@ int main(int argc, char** argv) {
     } catch (const ReaderGone&) {
         return kRunTimeFailure;
     } catch (const UsageError& problem) {
-        return complain(problem, kUsageFailure);
+        return report(problem, kUsageFailure);
     } catch (const std::exception& problem) {
-        return complain(problem, kRunTimeFailure);
+        return report(problem, kRunTimeFailure);
     }
 }

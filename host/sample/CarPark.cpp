@@ -11,7 +11,7 @@ constexpr double kPillarRow = 3.4;
 constexpr double kPillarHalf = 0.25;
 constexpr double kUndersideOfBeams = 3.5;
 
-// Where the ray leaves the hall, with the normal pointing back inside.
+// Where the ray leaves the hall; the normal points back inside.
 Hit meetHall(const Ray& ray) {
     Hit hit;
     const auto face = [&hit](double origin, double direction, double low, double high, Vec3 axis) {
@@ -25,8 +25,8 @@ Hit meetHall(const Ray& ray) {
     return hit;
 }
 
-// Light reflected into the eye as display values: bright parts saturate gently, as on film, and the
-// square root is close to a monitor's gamma.
+// Converts reflected light to display values: bright parts saturate softly, as on film, and the square root
+// is close to a monitor's gamma.
 Vec3 displayed(const Finish& finish, double light) {
     const Vec3 linear = finish.albedo * (light * (1.0 - finish.glow)) + finish.albedo * (1.6 * finish.glow);
     const auto shown = [](double value) { return 255.0 * std::sqrt(1.0 - std::exp(-1.25 * value)); };

@@ -1,5 +1,5 @@
-// The sample's world: a car park hall with marked bays, pillars, beams, doors, landmarks, parked and
-// moving cars and a walking figure. Says which colour a line of sight ends in.
+// The world of the sample: a car park with marked bays, pillars, beams, doors, landmarks, parked and moving
+// cars and a pedestrian. Returns the colour that a ray hits.
 #pragma once
 
 #include <vector>
@@ -12,16 +12,16 @@ class CarPark {
   public:
     CarPark();
 
-    // Shows the hall with its traffic at a frame, or without any that moves.
+    // Shows the hall with the moving traffic of a frame, or without it.
     void showTraffic(int frame);
     void hideTraffic();
 
-    // The colour seen along a ray that starts inside the hall, each part from 0 to 255.
+    // The colour seen along a ray that starts inside the hall, with components from 0 to 255.
     Vec3 look(const Ray& ray) const;
 
-    // Around everything that moves in this frame, shadows included.
+    // Bounds of everything that moves in this frame, with shadows.
     std::vector<Sphere> movingParts() const;
-    // Whether any of it may be seen along the ray: what hides it is not considered.
+    // Returns true if the ray hits moving traffic or its shadow, hidden or not.
     bool mayShowTraffic(const Ray& ray) const;
 
   private:

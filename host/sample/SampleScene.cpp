@@ -11,7 +11,7 @@ namespace {
 
 constexpr double kDegree = std::numbers::pi / 180.0;
 
-// Runs task(row) for each row, on all processors; rows do not depend on each other.
+// Runs task(row) for each row on all processors.
 template <typename Task>
 void forEachRow(int top, int bottom, const Task& task) {
     const int workers = static_cast<int>(std::clamp(std::thread::hardware_concurrency(), 1u, 16u));
@@ -31,12 +31,12 @@ void store(std::uint8_t* pixel, Vec3 colour) {
 }
 
 bool differ(const std::uint8_t* a, const std::uint8_t* b) {
-    constexpr int kVisible = 14;
+    constexpr int kVisible = 14;  // levels; a smaller step needs no smoothing
     return std::abs(a[0] - b[0]) > kVisible || std::abs(a[1] - b[1]) > kVisible ||
            std::abs(a[2] - b[2]) > kVisible;
 }
 
-// Whether the pixel stands out from one of its neighbours, that is, lies on an edge.
+// Returns true if the pixel differs visibly from one of its neighbours.
 bool onEdge(const RgbaImage& image, int x, int y) {
     const std::uint8_t* here = image.at(x, y);
     return (x > 0 && differ(here, image.at(x - 1, y))) || (y > 0 && differ(here, image.at(x, y - 1))) ||
@@ -91,7 +91,7 @@ Vec3 SampleScene::lookAt(FramePoint point) const {
     return ray ? _carPark.look(*ray) : Vec3{};
 }
 
-// The mean of a raster of 3 by 3 lines of sight inside the pixel.
+// The mean of 3 by 3 rays within the pixel.
 Vec3 SampleScene::smoothed(int x, int y) const {
     constexpr int kRaster = 3;
     Vec3 sum;
@@ -119,7 +119,7 @@ void SampleScene::drawMoving(const Sphere& part) {
     const Area area = areaOf(part);
     if (area.left >= area.right || area.top >= area.bottom) return;
     RgbaImage centres(area.right - area.left, area.bottom - area.top);
-    // Which pixels show traffic in their middle, with a border of pixels that do not.
+    // The pixels that show traffic at their centres, plus a border that shows none.
     const int columns = centres.width + 2;
     std::vector<std::uint8_t> shows(static_cast<std::size_t>(columns * (centres.height + 2)));
     const auto at = [&](int column, int row) { return shows.begin() + (row + 1) * columns + column + 1; };
@@ -141,9 +141,9 @@ void SampleScene::drawMoving(const Sphere& part) {
             if (!concerns(column, row)) continue;
             const int x = area.left + column, y = area.top + row;
             if (onEdge(centres, column, row))
-                store(_picture.at(x, y), smoothed(x, y));
+                store(_image.at(x, y), smoothed(x, y));
             else
-                std::copy_n(centres.at(column, row), 4, _picture.at(x, y));
+                std::copy_n(centres.at(column, row), 4, _image.at(x, y));
         }
     });
 }
@@ -153,23 +153,25 @@ SampleScene::Area SampleScene::areaOf(const Sphere& part) const {
     const CameraDirection towards = toCamera(part.centre);
     const double distance = length(towards);
     if (distance <= part.radius) return whole;
-    // Across the radius the lens stretches small shapes by up to half of pi.
+    // An equidistant lens stretches small shapes across the radius by up to pi / 2 (at 90 degrees off the
+    // axis).
+    constexpr double kMaxStretch = 1.6;
     const double degrees = std::asin(part.radius / distance) / kDegree;
-    const double reach = 1.6 * degrees / kHalfFieldOfView * _lens.radius;
+    const double reach = kMaxStretch * degrees / kHalfFieldOfView * _lens.radius;
     const FramePoint centre = project(_lens, towards);
-    const auto pixel = [](double value, int most) {
-        return static_cast<int>(std::clamp(value, 0.0, double(most)));
+    const auto pixel = [](double value, int end) {
+        return static_cast<int>(std::clamp(value, 0.0, double(end)));
     };
     return {pixel(centre.x - reach, whole.right), pixel(centre.y - reach, whole.bottom),
             pixel(centre.x + reach + 1.0, whole.right), pixel(centre.y + reach + 1.0, whole.bottom)};
 }
 
-const RgbaImage& SampleScene::picture(int frame) {
+const RgbaImage& SampleScene::image(int frame) {
     if (_still.pixels.empty()) drawStill();
-    _picture = _still;
+    _image = _still;
     _carPark.showTraffic(frame);
     for (const Sphere& part : _carPark.movingParts()) drawMoving(part);
-    return _picture;
+    return _image;
 }
 
 std::vector<SampleScene::VisibleLandmark> SampleScene::visibleLandmarks() const {

@@ -1,6 +1,6 @@
-// The procedural input of the programs: a car park hall seen through an equidistant fisheye lens of 170
-// degrees, from the ceiling straight down or from the western wall along the lane. The picture depends
-// only on camera, size and frame number; outside the lens circle it is black.
+// The procedural input of the programs: a car park seen through an equidistant fisheye lens of 170 degrees,
+// from the ceiling straight down or from the western wall along the lane. The image depends only on camera,
+// size and frame number; it is black outside the lens circle.
 #pragma once
 
 #include <array>
@@ -14,14 +14,14 @@
 
 namespace fovix_host {
 
-// A direction as the camera has it: x to the right and y down in the picture, z along the optical axis.
+// A direction in camera coordinates: x to the right and y down in the image, z along the optical axis.
 using CameraDirection = Vec3;
 
 struct FramePoint {
-    double x = 0, y = 0;  // pixels from the left and top edge of the picture
+    double x = 0, y = 0;  // pixels from the left and top edge of the image
 };
 
-// Where the lens shows a direction (of any length above 0).
+// Projects a direction (of any length above 0) onto the image.
 FramePoint project(const LensCircle& lens, CameraDirection direction);
 
 class SampleScene {
@@ -34,11 +34,11 @@ class SampleScene {
 
     const LensCircle& lens() const { return _lens; }
 
-    // The picture of a frame, 25 of them a second; valid until the next call. The first call also draws
-    // what never moves, later ones only what does.
-    const RgbaImage& picture(int frame);
+    // The image at a frame number, 25 per second; valid until the next call. The first call also draws
+    // everything that never moves; later ones draw only the traffic.
+    const RgbaImage& image(int frame);
 
-    // The coloured panels that this camera has in view, and where.
+    // The coloured panels that this camera sees, with their directions.
     struct VisibleLandmark {
         const char* name;
         std::array<std::uint8_t, 3> colour;
@@ -51,15 +51,15 @@ class SampleScene {
         Vec3 place, right, down, axis;
     };
     struct Area {
-        int left, top, right, bottom;  // the last two are one past the area
+        int left, top, right, bottom;  // right and bottom are exclusive
     };
     static Pose poseOf(Camera camera);
     CameraDirection toCamera(Vec3 place) const;
     Area areaOf(const Sphere& part) const;
-    std::optional<Ray> rayThrough(FramePoint point) const;  // nothing outside the lens circle
+    std::optional<Ray> rayThrough(FramePoint point) const;  // nullopt outside the lens circle
     Vec3 lookAt(FramePoint point) const;
     Vec3 smoothed(int x, int y) const;
-    // One line of sight per pixel finds the edges; only those are looked at closely.
+    // Casts one ray per pixel to find the edges, and supersamples only those.
     void drawStill();
     void drawMoving(const Sphere& part);
 
@@ -67,8 +67,8 @@ class SampleScene {
     LensCircle _lens;
     CarPark _carPark;
     RgbaImage _still;
-    RgbaImage _stillCentres;  // the same with one line of sight per pixel
-    RgbaImage _picture;
+    RgbaImage _stillCentres;  // the same with one ray per pixel
+    RgbaImage _image;
 };
 
 }  // namespace fovix_host

@@ -47,7 +47,7 @@ bool meetsSphere(const Ray& ray, Vec3 centre, double radius, Hit& hit) {
 bool meetsCapsule(const Ray& ray, Vec3 from, Vec3 to, double radius, Hit& hit) {
     bool met = meetsSphere(ray, from, radius, hit);
     met = meetsSphere(ray, to, radius, hit) || met;
-    // The tube between the two ends: a cylinder around the axis, without caps.
+    // The tube between the spheres: a cylinder around the axis, without caps.
     const double axisLength = length(to - from);
     if (axisLength == 0.0) return met;
     const Vec3 axis = (to - from) * (1.0 / axisLength);
@@ -73,7 +73,7 @@ Convex box(Vec3 low, Vec3 high) {
 
 Convex frustum(Vec3 footLow, Vec3 footHigh, Vec3 roofLow, Vec3 roofHigh) {
     const double height = roofHigh.z - footLow.z;
-    // A side face leans by how far its upper edge lies inside the lower one.
+    // The lean of a side face follows from the distances of its lower and upper edge.
     const auto side = [&](Vec3 outward, double foot, double roof) {
         const Vec3 normal = unit(outward * height + Vec3{0, 0, foot - roof});
         const Vec3 onFoot = outward * foot + Vec3{0, 0, footLow.z};

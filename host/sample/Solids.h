@@ -1,5 +1,5 @@
-// The shapes that the sample scene is made of, and where a line of sight meets them: convex solids cut
-// out by planes, and capsules. Metres, x to the east, y to the north, z up.
+// Shapes of the sample scene and their intersection with rays: convex solids bounded by planes, and capsules.
+// Metres; x points east, y north, z up.
 #pragma once
 
 #include <cmath>
@@ -53,7 +53,7 @@ struct Plane {
 
 using Convex = std::vector<Plane>;
 
-// Each returns true, and the nearer hit, when the ray enters the shape before hit.distance.
+// Each returns true and updates the hit if the ray enters the shape before hit.distance.
 bool meets(const Ray& ray, const Convex& solid, Hit& hit);
 bool meetsCapsule(const Ray& ray, Vec3 from, Vec3 to, double radius, Hit& hit);
 
@@ -62,7 +62,7 @@ struct Sphere {
     double radius = 0;
 };
 
-// Whether the ray passes through the sphere at all; asked for every object at every line of sight.
+// Returns true if the ray intersects the sphere: a cheap test before the exact one.
 inline bool passes(const Ray& ray, const Sphere& sphere) {
     const Vec3 to = sphere.centre - ray.origin;
     const double along = dot(to, ray.direction);
@@ -71,7 +71,7 @@ inline bool passes(const Ray& ray, const Sphere& sphere) {
 }
 
 Convex box(Vec3 low, Vec3 high);
-// A frustum with a rectangular foot and roof, both parallel to the floor: cars are made of these.
+// A frustum with a rectangular foot and roof, both parallel to the floor; cars consist of these.
 Convex frustum(Vec3 footLow, Vec3 footHigh, Vec3 roofLow, Vec3 roofHigh);
 
 }  // namespace fovix_host

@@ -55,7 +55,7 @@ bool digitCovers(int digit, double u, double v) {
     return (kDigits[static_cast<std::size_t>(digit)] >> (3 * (4 - row)) >> (2 - column)) & 1;
 }
 
-// The number at the mouth of each bay, to be read from the lane.
+// The number at the mouth of each bay, readable from the lane.
 bool bayNumberCovers(double x, double y) {
     const double towards = y > 0 ? 1.0 : -1.0;
     const int bay = static_cast<int>(std::lround(x / kBayWidth));
@@ -99,7 +99,7 @@ bool doorCovers(double along, double z, double margin) {
 }
 
 Finish gateFinish(double y, double z) {
-    // A ramp into the dark behind a striped frame.
+    // A ramp into the dark inside a striped frame.
     if (std::abs(y) > 2.3 || z > 2.5)
         return {std::fmod(y + z + 20.0, 0.5) < 0.25 ? kWarningYellow : kNearlyBlack};
     const double depth = 0.05 + 0.10 * std::max(0.0, 1.0 - z / 1.2);
@@ -145,7 +145,7 @@ Finish floorFinish(Vec3 point) {
 }
 
 Finish ceilingFinish(Vec3 point) {
-    // The boards of the formwork have left their joints.
+    // Joints left by the boards of the formwork.
     const bool joint = toNearest(point.x, 2.5) < 0.02 || toNearest(point.y - 0.5, 1.0) < 0.012;
     const double grey = (0.30 + 0.12 * grain(point.x, point.y)) * (joint ? 0.6 : 1.0);
     return {{grey, grey, grey}};
@@ -158,7 +158,7 @@ Finish wallFinish(Vec3 point, Vec3 normal) {
     if (!shortWall && doorCovers(along, point.z, 0.1)) return doorFinish(along, point.z);
     if (!shortWall && std::abs(along) < 0.45 && within(point.z, 2.22, 2.44)) return {{0.02, 0.45, 0.12}, 0.8};
 
-    // A white border sets each panel off.
+    // Each panel has a white border.
     for (const Landmark& mark : kLandmarks) {
         const double toWall = (shortWall ? kHallHalfLength : kHallHalfWidth) + dot(normal, mark.centre);
         const bool beside =

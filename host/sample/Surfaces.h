@@ -1,5 +1,5 @@
-// How the car park's hall is painted: the colour at a point of its floor, walls and ceiling, its light,
-// and the coloured panels that serve as landmarks. Colours are linear albedo unless said otherwise.
+// The surfaces of the car park: the finish of floor, walls and ceiling at a point, the light, and the
+// coloured panels that serve as landmarks. Colours are linear albedo unless stated otherwise.
 #pragma once
 
 #include <array>
@@ -14,14 +14,14 @@ constexpr double kHallHalfLength = 12.0;  // along x
 constexpr double kHallHalfWidth = 8.0;    // along y
 constexpr double kHallHeight = 4.0;
 constexpr double kBayWidth = 2.5;
-constexpr double kBayMouth = 3.2;  // the bays reach from here to the long walls
+constexpr double kBayMouth = 3.2;  // the bays extend from here to the long walls
 
-// A square on the floor or a panel on a wall, lit from within: it shows exactly its colour.
+// A square on the floor or a panel on a wall, lit from within, so that it shows exactly its colour.
 struct Landmark {
     const char* name;
     std::array<std::uint8_t, 3> colour;
     Vec3 centre;
-    Vec3 halfSize;  // zero across the surface that carries it
+    Vec3 halfSize;  // zero along the normal of its surface
 };
 
 constexpr std::array<Landmark, 6> kLandmarks{{
@@ -33,10 +33,10 @@ constexpr std::array<Landmark, 6> kLandmarks{{
     {"cyan", {30, 200, 220}, {-4.6, -6.2, 0}, {0.7, 0.7, 0}},
 }};
 
-// The landmark whose panel covers the point, or nullptr.
+// The landmark that covers the point, or nullptr.
 const Landmark* landmarkAt(Vec3 point);
 
-// What a surface of the hall reflects and how much it shines by itself.
+// What a surface reflects, and the share of its own light.
 struct Finish {
     Vec3 albedo;
     double glow = 0;
@@ -47,7 +47,7 @@ Finish ceilingFinish(Vec3 point);
 Finish wallFinish(Vec3 point, Vec3 normal);
 Finish pillarFinish(Vec3 point, Vec3 normal);
 
-// Light of the two rows of tubes on a surface at the point.
+// Light from the two rows of lamps on a surface at the point.
 double lightAt(Vec3 point, Vec3 normal);
 
 }  // namespace fovix_host

@@ -7,7 +7,7 @@
 namespace fovix_host {
 namespace {
 
-// The car's own frame: x from boot to bonnet, y to the left, the middle of its foot at the origin.
+// Coordinates of the car: x from boot to bonnet, y to the left, the origin below its centre.
 constexpr double kCarHalfLength = 2.15;
 constexpr double kCarHalfWidth = 0.88;
 const Convex kCarBody = frustum({-2.15, -0.88, 0.14}, {2.15, 0.88, 0}, {-2.08, -0.80, 0}, {2.02, 0.80, 0.86});
@@ -109,7 +109,7 @@ double Walker::floorLight(double floorX, double floorY) const {
 std::vector<Car> parkedCars() {
     const Vec3 silver{0.45, 0.47, 0.50}, white{0.75, 0.75, 0.75}, black{0.03, 0.03, 0.035};
     const Vec3 wine{0.32, 0.02, 0.04}, navy{0.03, 0.06, 0.20}, pine{0.03, 0.14, 0.09};
-    // Some drivers back in; nobody parks quite straight.
+    // Some cars are parked backwards, and none quite straight.
     const auto parked = [](double x, double y, double towards, double lean, Vec3 paint) {
         return Car{x, y, std::sin(lean), towards * std::cos(lean), paint};
     };
@@ -123,7 +123,7 @@ std::vector<Car> parkedCars() {
 }
 
 std::vector<Car> movingCars(int frame) {
-    // From ramp to ramp at 2.5 m/s, out of the dark and into it again; frame 0 shows both on their way.
+    // From ramp to ramp at 2.5 m/s, that is 0.1 m per frame; frame 0 shows both cars on their way.
     const auto travelled = [frame](int delay) { return 0.1 * ((frame + delay) % (kTrafficPeriod / 2)); };
     return {
         Car{-15.0 + travelled(80), -1.5, 1, 0, {0.60, 0.60, 0.58}},
@@ -132,7 +132,7 @@ std::vector<Car> movingCars(int frame) {
 }
 
 Walker walkerAt(int frame) {
-    // There and back along the zebra, which the cars have left by then.
+    // There and back across the zebra crossing, after the cars have passed it.
     constexpr int kCrossing = kTrafficPeriod / 2;
     const int clock = (frame + 230) % kTrafficPeriod;
     const bool north = clock < kCrossing;

@@ -1,4 +1,4 @@
-// What stands and moves in the car park: cars and a walking figure, their shapes, paint and paths.
+// Traffic of the car park: cars and a pedestrian, their shapes, colours and paths.
 #pragma once
 
 #include <vector>
@@ -7,7 +7,7 @@
 
 namespace fovix_host {
 
-// Something met by a line of sight: where, and what the surface there looks like.
+// What a ray hits first: where, and the finish of the surface.
 struct Sight {
     Hit hit;
     Finish finish;
@@ -21,7 +21,7 @@ struct Car {
     Sphere bounds() const { return {{x, y, 0.6}, 2.4}; }
     Sphere boundsWithShadow() const { return {{x, y, 0.6}, 3.2}; }
     bool meets(const Ray& ray, Sight& sight) const;
-    // How much of the hall's light reaches the floor at a point near the car: 0 under it, 1 far away.
+    // Share of the hall's light on the floor at a point near the car: low under it, 1 far away.
     double floorLight(double floorX, double floorY) const;
 };
 
@@ -37,10 +37,10 @@ struct Walker {
 };
 
 std::vector<Car> parkedCars();
-// Positions at a frame, at 25 frames per second; they repeat every trafficPeriod frames.
+// Positions at a frame number, 25 per second; they repeat every kTrafficPeriod frames.
 std::vector<Car> movingCars(int frame);
 Walker walkerAt(int frame);
 constexpr int kTrafficPeriod = 600;
-constexpr double kTrafficHeight = 1.9;  // nothing that drives or walks is taller
+constexpr double kTrafficHeight = 1.9;  // of the tallest
 
 }  // namespace fovix_host

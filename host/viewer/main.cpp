@@ -1,4 +1,4 @@
-// fovix-view: shows fisheye pictures, videos and streams in a window, as views to look round in.
+// fovix-view: an interactive viewer for fisheye images, videos and streams.
 
 #include <signal.h>
 
@@ -15,7 +15,7 @@ namespace {
 constexpr int kRunTimeFailure = 1;
 constexpr int kUsageFailure = 2;
 
-int complain(const std::exception& problem, int status) {
+int report(const std::exception& problem, int status) {
     std::fprintf(stderr, "fovix-view: %s\n", problem.what());
     return status;
 }
@@ -24,7 +24,7 @@ int complain(const std::exception& problem, int status) {
 
 int main(int argc, char** argv) {
     using namespace fovix_host;
-    signal(SIGPIPE, SIG_IGN);  // whoever reads the names of screenshots may go
+    signal(SIGPIPE, SIG_IGN);  // the reader of screenshot names may close the pipe
     try {
         const ViewerOptions options = parseViewerOptions(argc, argv);
         OwnOutput out(options.verbose ? Diagnostics::kToStandardError : Diagnostics::kHidden);
@@ -32,8 +32,8 @@ int main(int argc, char** argv) {
     } catch (const TextRequest& request) {
         return print(request, "fovix-view");
     } catch (const UsageError& problem) {
-        return complain(problem, kUsageFailure);
+        return report(problem, kUsageFailure);
     } catch (const std::exception& problem) {
-        return complain(problem, kRunTimeFailure);
+        return report(problem, kRunTimeFailure);
     }
 }

@@ -84,7 +84,7 @@ std::optional<FoundLens> findIn(const Plane& plane) {
 void expectFound(const std::optional<FoundLens>& found, const Disc& disc) {
     SCOPED_TRACE(disc.name);
     ASSERT_TRUE(found);
-    EXPECT_TRUE(found->isSure()) << found->inWords();
+    EXPECT_TRUE(found->isSure()) << found->description();
     const double tolerance = disc.accuracy * disc.radius + 0.5;  // the numbers are whole
     EXPECT_NEAR(found->circle.xCenter, disc.x, tolerance);
     EXPECT_NEAR(found->circle.yCenter, disc.y, tolerance);
@@ -142,7 +142,7 @@ TEST(LensFinder, SeesNoCircleWhereThereIsNone) {
         }
         const auto found = findIn(plane);
         EXPECT_FALSE(found && found->isSure())
-            << name << ": " << textOf(found->circle) << " " << found->inWords();
+            << name << ": " << textOf(found->circle) << " " << found->description();
     }
     EXPECT_FALSE(findIn({3, 2, std::vector<std::uint8_t>(6)})) << "tiny";
 }
@@ -152,7 +152,7 @@ TEST(LensFinder, GathersLightFromSeveralFrames) {
     LensFinder finder;
     finder.add(drawn(disc).view());
     const auto early = finder.result();
-    EXPECT_FALSE(early && early->isSure()) << early->inWords();
+    EXPECT_FALSE(early && early->isSure()) << early->description();
     for (int moment = 1; moment < 10; ++moment) finder.add(drawn(disc, moment).view());
     // Neither a flash nor a grey frame spoils it.
     finder.add(Plane{960, 960, std::vector<std::uint8_t>(960 * 960, 200)}.view());
@@ -160,7 +160,7 @@ TEST(LensFinder, GathersLightFromSeveralFrames) {
 
     const Disc other{"another size restarts the search", 800, 600, 400, 300, 280};
     finder.add(drawn(other).view());
-    EXPECT_EQ(finder.pictures(), 1);
+    EXPECT_EQ(finder.frames(), 1);
     expectFound(finder.result(), other);
 }
 
@@ -201,7 +201,7 @@ class CameraFiles : public testing::Test {
     void SetUp() override {
         setenv("XDG_CONFIG_HOME", testFolder().c_str(), 1);
         SampleScene scene(SampleScene::Camera::kCeiling, 400, 400);
-        writePng(fileInTest("hall.png"), scene.picture(0));
+        writePng(fileInTest("hall.png"), scene.image(0));
         RgbaImage grey(200, 100);
         std::fill(grey.pixels.begin(), grey.pixels.end(), std::uint8_t{90});
         writePng(fileInTest("grey.png"), grey);
@@ -289,11 +289,11 @@ TEST_F(CameraFiles, PeopleMayWriteThem) {
 TEST_F(CameraFiles, AreKeptWholeOrNotAtAll) {
     const CameraFile file("x");
     EXPECT_FALSE(file.read());
-    file.keep({1, 2, 3, 4, 5});
-    file.keep({10, 20, 30, 40, 50});
+    file.save({1, 2, 3, 4, 5});
+    file.save({10, 20, 30, 40, 50});
     EXPECT_EQ(textOf(*file.read()), "10,20,30,40,50");
     std::filesystem::create_directories(fileOf("folder"));
-    EXPECT_THROW(CameraFile("folder").keep({1, 2, 3, 4, 5}), std::runtime_error);
+    EXPECT_THROW(CameraFile("folder").save({1, 2, 3, 4, 5}), std::runtime_error);
     EXPECT_THROW(CameraFile("folder").read(), std::runtime_error);
     const auto cameras = std::filesystem::directory_iterator(fileInTest("fovix/cameras"));
     EXPECT_EQ(std::distance(begin(cameras), end(cameras)), 2) << "temporary files stay behind";
@@ -302,7 +302,7 @@ TEST_F(CameraFiles, AreKeptWholeOrNotAtAll) {
     setenv("HOME", fileInTest("file").c_str(), 1);
     for (const char* folder : {"relative", "/dev/null"}) {
         setenv("XDG_CONFIG_HOME", folder, 1);
-        EXPECT_THROW(CameraFile("x").keep({1, 2, 3, 4, 5}), std::runtime_error) << folder;
+        EXPECT_THROW(CameraFile("x").save({1, 2, 3, 4, 5}), std::runtime_error) << folder;
     }
 }
 

@@ -94,7 +94,7 @@ TEST(OutputFile, AppearsWhenItIsKeptAndOtherwiseLeavesNothing) {
             file.seek(0, SEEK_SET);
             file.write("w", 1);
             EXPECT_EQ(readText(testFolder() / name), isFresh ? "" : "before");
-            file.keep();
+            file.publish();
             EXPECT_EQ(readText(testFolder() / (isFresh ? "fresh" : "there")), "wail");
             EXPECT_EQ(entries().size(), isFresh ? 3u : 2u);
             EXPECT_TRUE(fs::is_symlink(testFolder() / "link"));

@@ -34,7 +34,7 @@ TEST(SampleScene, ShowsEachLandmarkWhereTheLensPutsIt) {
             EXPECT_EQ(scene.lens().imageWidth, width);
             EXPECT_EQ(scene.lens().imageHeight, height);
             EXPECT_EQ(scene.visibleLandmarks().size(), count);
-            const RgbaImage& image = scene.picture(0);
+            const RgbaImage& image = scene.image(0);
             for (const auto& mark : scene.visibleLandmarks()) {
                 SCOPED_TRACE(testing::Message() << mark.name << " in " << width << "x" << height);
                 const auto [x, y] = equidistant(scene.lens(), mark.direction);
@@ -53,7 +53,7 @@ TEST(SampleScene, LooksLikeItsStoredPictures) {
     for (const auto& [name, scene, frame] :
          {std::tuple{"sample-60", &ceiling, 60}, std::tuple{"sample-110", &ceiling, 110},
           std::tuple{"sample-375", &ceiling, 375}, std::tuple{"sample-wall-230", &wall, 230}}) {
-        const RgbaImage& drawn = scene->picture(frame);
+        const RgbaImage& drawn = scene->image(frame);
         fovix_test::Image image(drawn.width, drawn.height);
         image.bytes = drawn.pixels;
         EXPECT_TRUE(fovix_test::isAsStored(std::string(FOVIX_STORED "/") + name + ".png", image)) << name;
@@ -63,10 +63,10 @@ TEST(SampleScene, LooksLikeItsStoredPictures) {
 TEST(SampleScene, DependsOnNothingButCameraSizeAndFrame) {
     for (const Camera camera : {Camera::kCeiling, Camera::kWall}) {
         SampleScene straight(camera, 200, 200), wandering(camera, 200, 200);
-        const std::vector<std::uint8_t> expected = straight.picture(40).pixels;
-        for (const int frame : {0, 300, 41}) EXPECT_NE(wandering.picture(frame).pixels, expected) << frame;
+        const std::vector<std::uint8_t> expected = straight.image(40).pixels;
+        for (const int frame : {0, 300, 41}) EXPECT_NE(wandering.image(frame).pixels, expected) << frame;
         for (const int frame : {40, 40 + kTrafficPeriod, 40 - kTrafficPeriod})
-            EXPECT_EQ(wandering.picture(frame).pixels, expected) << frame;
+            EXPECT_EQ(wandering.image(frame).pixels, expected) << frame;
     }
 }
 

@@ -68,12 +68,12 @@ TEST(Pace, APauseMovesWhatIsDue) {
     pace.shown(1);
     pace.take(.04, 1.01);
     pace.pause(1.02);
-    pace.goOn(7.02);
+    pace.resume(7.02);
     EXPECT_NEAR(pace.untilDue(7.02), .02, 1e-9) << "as long as when the pause began";
     EXPECT_NEAR(pace.untilOver(7.02), .06, 1e-9);
     pace.pause(7.02);
     pace.shown(8);
-    pace.goOn(9);
+    pace.resume(9);
     pace.take(.08, 9);
     EXPECT_NEAR(pace.untilDue(9), .04, 1e-9) << "a frame shown in the pause lasts from its end";
 }

@@ -225,16 +225,15 @@ TEST(Player, OpensALostStreamAgain) {
     Server server;
     const std::string name = "'" + server.name + "'";
     Stage stage(server.name);
-    ASSERT_TRUE(stage.says("trying again in 2 s"));
-    EXPECT_TRUE(
-        stage.said().starts_with(name + " cannot be opened: Connection refused; trying again in 1 s\n"));
+    ASSERT_TRUE(stage.says("retrying in 2 s"));
+    EXPECT_TRUE(stage.said().starts_with(name + " cannot be opened: Connection refused; retrying in 1 s\n"));
     server.listenFor(3, readText(video("stream.ts", 60, 64, 48, "mpeg2video")));
-    ASSERT_TRUE(
-        stage.says(name + " is there now\n" + name + " is lost; trying again in 1 s\n" + name + " is back\n"))
+    ASSERT_TRUE(stage.says(name + " is available now\n" + name + " disconnected; retrying in 1 s\n" + name +
+                           " is back\n"))
         << stage.said();
     EXPECT_FALSE(stage.player.seekTo(0)) << "it is live";
-    EXPECT_TRUE(stage.says(name + " sends nothing; trying again in ")) << "the last caller gets no end";
-    EXPECT_EQ(stage.said().find("sought"), std::string::npos) << stage.said();
+    EXPECT_TRUE(stage.says(name + " sends no data; retrying in ")) << "the last caller gets no end";
+    EXPECT_EQ(stage.said().find("cannot seek"), std::string::npos) << stage.said();
 }
 
 TEST(Player, RestartsWhereAServerCannotResume) {

@@ -103,26 +103,26 @@ TEST(ShownView, KeysLeaveItAsTheySay) {
         const char* shown;  // after all of them
         const char* cruise;
     };
-    const char* off = "cruise off at 1.0";
+    const char* off = "cruise off, speed 1.0";
     const Case cases[] = {
-        {"c", "cruise on at 1.0", "360 · ceiling · single", "cruise on at 1.0"},
+        {"c", "cruise on, speed 1.0", "360 · ceiling · single", "cruise on, speed 1.0"},
         {"c c", off, "360 · ceiling · single", off},
-        {"+ c", "cruise on at 1.5", "360 · ceiling · single", "cruise on at 1.5"},
-        {"c - -", "cruise on at -0.5", "360 · ceiling · single", "cruise on at -0.5"},
-        {"+ + + + + + + + + +", "cruise off at 5.0", "360 · ceiling · single", "cruise off at 5.0"},
-        {"c b", "", "360 · ceiling · single", "cruise on at 1.0"},
+        {"+ c", "cruise on, speed 1.5", "360 · ceiling · single", "cruise on, speed 1.5"},
+        {"c - -", "cruise on, speed -0.5", "360 · ceiling · single", "cruise on, speed -0.5"},
+        {"+ + + + + + + + + +", "cruise off, speed 5.0", "360 · ceiling · single", "cruise off, speed 5.0"},
+        {"c b", "", "360 · ceiling · single", "cruise on, speed 1.0"},
         {"c r", "360 · ceiling · single", "360 · ceiling · single", off},
         {"c s", "360 · ceiling · dome", "360 · ceiling · dome", off},
         {"c m", "360 · wall · single", "360 · wall · single", off},
         {"m c", "this view cannot cruise", "360 · wall · single", off},
         {"c t", "180 · disc", "180 · disc", off},
         {"c 3", "original", "original", off},
-        {"c 1", "360 · ceiling · single", "360 · ceiling · single", "cruise on at 1.0"},
+        {"c 1", "360 · ceiling · single", "360 · ceiling · single", "cruise on, speed 1.0"},
         {"s s Home", "360 · ceiling · bowl", "360 · ceiling · bowl", off},
         {"m 2 1 r", "360 · wall · single", "360 · wall · single", off},
         {"2 d c r", "180 · stretch", "180 · stretch", off},
         {"3 s", "original: no other choice", "original", off},
-        {"7 c", "cruise on at 1.0", "pip · inset", "cruise on at 1.0"},
+        {"7 c", "cruise on, speed 1.0", "pip · inset", "cruise on, speed 1.0"},
         {"7 c r", "pip · inset", "pip · inset", off},
     };
     for (const Case& test : cases) {
@@ -139,7 +139,7 @@ TEST(ShownView, KeysLeaveItAsTheySay) {
         const bool turns = after.pan != before.pan || after.xAngle != before.xAngle;
         const std::string cruise = view.shown().cruiseWords();
         EXPECT_EQ(turns, cruise.starts_with("cruise on"));
-        const bool forwards = cruise.find("at -") == cruise.npos;
+        const bool forwards = cruise.find("speed -") == cruise.npos;
         EXPECT_TRUE(after.pan == before.pan || (after.pan > before.pan) == forwards);
         const bool beginsAnew = said == test.shown && !turns;
         EXPECT_TRUE(!beginsAnew || after == before) << "what began with the cruise goes on";
@@ -184,7 +184,7 @@ TEST(LibraryCalls, IgnoreWhatIsBesideTheFrame) {
             const auto before = view.pose();
             const auto expectIgnored = [&] {
                 view.draw(60);
-                EXPECT_EQ(view.said(), "no picture there");
+                EXPECT_EQ(view.said(), "no image there");
                 EXPECT_EQ(view.pose(), before);
                 const RgbaImage image = view.image();
                 const std::uint8_t* corner = image.at(0, 0);

@@ -19,12 +19,12 @@
 namespace fovix_host {
 namespace {
 
-// What is wrong with a line, still without its place.
+// An invalid line, before file and line number are added.
 struct LineError {
     std::string reason;
 };
 
-// "FROM..TO", or one text for both.
+// "FROM..TO", or a single value for both.
 struct Span {
     std::string_view from, to;
 
@@ -44,7 +44,8 @@ int parseFrame(std::string_view text) {
     return *frame;
 }
 
-// What parameters with these labels may also be called; shapes and draw modes depend on the type in force.
+// Labels whose values may be names. Shapes and draw modes have the names of all types, because the type may
+// change during a script.
 struct LabelNames {
     std::string_view label;
     std::optional<int> (*code)(std::string_view);
@@ -86,7 +87,7 @@ std::optional<double> numberOf(const ScriptParameter& parameter, std::string_vie
         case ScriptKind::kColour:
             return numberIn<unsigned int>(text, 16);
         default: {
-            // What the library takes as float must not leave its range.
+            // The library may convert it to float.
             const auto number = numberIn<double>(text);
             return number && std::abs(*number) <= FLT_MAX ? number : std::nullopt;
         }

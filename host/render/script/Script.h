@@ -1,4 +1,4 @@
-// A timeline of calls as a text file gives it, read and checked as a whole before the first frame.
+// A timeline of calls, read from a text file and checked completely before the first frame.
 #pragma once
 
 #include <string>
@@ -8,9 +8,9 @@
 
 namespace fovix_host {
 
-constexpr int kMaxFrames = 1000000;
+constexpr int kMaxFrames = 1000000;  // eleven hours at 25 frames per second
 
-// A word of a line: a text, or a number that goes evenly from one value to another over the line's frames.
+// An argument: a text, or a number that changes evenly over the line's frames.
 struct ScriptWord {
     double from = 0, to = 0;
     std::string text;
@@ -27,13 +27,13 @@ struct ScriptLine {
 
 struct Script {
     std::string file;
-    std::vector<ScriptLine> lines;  // in the order of their first frames
+    std::vector<ScriptLine> lines;  // ordered by first frame
 
     int lastFrame() const;
 };
 
-// Throws UsageError with file, line and reason for what cannot be meant, std::runtime_error for a file that
-// cannot be read.
+// Throws UsageError with file, line and reason if the script is invalid, std::runtime_error if it cannot be
+// read.
 Script readScript(const std::string& file);
 
 }  // namespace fovix_host

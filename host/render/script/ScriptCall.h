@@ -1,5 +1,5 @@
-// Binds a function to a script's words: the types of its parameters say what each word must be, and what
-// it returns or writes through pointers becomes the answer.
+// Binds a function to a verb: the types of its parameters determine the arguments, and what it returns or
+// writes through pointers becomes the result.
 #pragma once
 
 #include <Fovix.h>
@@ -16,10 +16,10 @@
 
 namespace fovix_host {
 
-// What a script's calls act on.
+// What the calls of a script act on.
 struct ScriptStage {
     View& view;
-    ScriptFrames pictures;
+    ScriptFrames frames;
 };
 
 enum class ScriptKind { kWhole, kNumber, kColour, kText };
@@ -29,15 +29,15 @@ struct ScriptValue {
     std::string text;
 };
 
-// Takes the values of a line one after the other and collects the answer.
+// Takes the values of a line one by one and collects the result.
 struct ScriptArguments {
     ScriptStage& stage;
     const std::vector<ScriptValue>& values;
     std::size_t used = 0;
-    std::string answer{};
+    std::string result{};
 
     const ScriptValue& take() { return values.at(used++); }
-    void add(const std::string& word) { answer.append(answer.empty() ? "" : " ").append(word); }
+    void add(const std::string& word) { result.append(result.empty() ? "" : " ").append(word); }
     void add(const char* word) { add(std::string(word)); }
     void add(double number) {
         char text[32];
@@ -46,14 +46,14 @@ struct ScriptArguments {
     }
 };
 
-// One parameter of a function during a call: numbers, the view, texts.
+// A parameter of a function during a call: by default, a number.
 template <typename T>
 struct ScriptSlot {
     T value;
 
     explicit ScriptSlot(ScriptArguments& arguments) : value(static_cast<T>(arguments.take().number)) {}
     T pass() { return value; }
-    void answer(ScriptArguments&) const {}
+    void result(ScriptArguments&) const {}
     static void describe(std::vector<ScriptKind>& kinds) {
         kinds.push_back(std::is_floating_point_v<T> ? ScriptKind::kNumber
                         : std::is_unsigned_v<T>     ? ScriptKind::kColour
@@ -67,7 +67,7 @@ struct ScriptSlot<const char*> {
 
     explicit ScriptSlot(ScriptArguments& arguments) : value(arguments.take().text.c_str()) {}
     const char* pass() { return value; }
-    void answer(ScriptArguments&) const {}
+    void result(ScriptArguments&) const {}
     static void describe(std::vector<ScriptKind>& kinds) { kinds.push_back(ScriptKind::kText); }
 };
 
@@ -77,7 +77,7 @@ struct ScriptSlot<ScriptStage&> {
 
     explicit ScriptSlot(ScriptArguments& arguments) : stage(arguments.stage) {}
     ScriptStage& pass() { return stage; }
-    void answer(ScriptArguments&) const {}
+    void result(ScriptArguments&) const {}
     static void describe(std::vector<ScriptKind>&) {}
 };
 
@@ -87,11 +87,11 @@ struct ScriptSlot<VRHANDLE> {
 
     explicit ScriptSlot(ScriptArguments& arguments) : handle(arguments.stage.view.handle()) {}
     VRHANDLE pass() { return handle; }
-    void answer(ScriptArguments&) const {}
+    void result(ScriptArguments&) const {}
     static void describe(std::vector<ScriptKind>&) {}
 };
 
-// A result written through a pointer; "-" where the library writes none.
+// A result that is written through a pointer; "-" if the library does not write it.
 template <typename T>
 struct ScriptSlot<T*> {
     static constexpr T kUnwritten = std::numeric_limits<T>::lowest();
@@ -99,7 +99,7 @@ struct ScriptSlot<T*> {
 
     explicit ScriptSlot(ScriptArguments&) {}
     T* pass() { return &value; }
-    void answer(ScriptArguments& arguments) const {
+    void result(ScriptArguments& arguments) const {
         if (value == kUnwritten)
             arguments.add("-");
         else
@@ -113,17 +113,17 @@ struct ScriptCall;
 
 template <typename Result, typename... Parameter, Result (*function)(Parameter...)>
 struct ScriptCall<function> {
-    // One for each word that the call takes.
+    // One for each argument of the verb.
     static std::vector<ScriptKind> kinds() {
         std::vector<ScriptKind> kinds;
         (ScriptSlot<Parameter>::describe(kinds), ...);
         return kinds;
     }
 
-    // Makes the call; the answer is empty for functions that only do something.
+    // Makes the call; returns an empty text for functions without results.
     static std::string make(ScriptStage& stage, const std::vector<ScriptValue>& values) {
         ScriptArguments arguments{stage, values};
-        // Braces take the values from the first to the last.
+        // Brace initialisation guarantees left-to-right evaluation.
         std::tuple<ScriptSlot<Parameter>...> slots{ScriptSlot<Parameter>(arguments)...};
         std::apply(
             [&](auto&... slot) {
@@ -131,10 +131,10 @@ struct ScriptCall<function> {
                     function(slot.pass()...);
                 else
                     arguments.add(function(slot.pass()...));
-                (slot.answer(arguments), ...);
+                (slot.result(arguments), ...);
             },
             slots);
-        return arguments.answer;
+        return arguments.result;
     }
 };
 

@@ -9,12 +9,12 @@
 namespace fovix_host {
 namespace {
 
-std::unique_ptr<FrameSource> open(const std::string& name, const MediaOptions& demands) {
+std::unique_ptr<FrameSource> open(const std::string& name, const MediaOptions& options) {
     using enum SampleScene::Camera;
     if (name == "sample") return openSample(kCeiling, kSampleSize, kSampleSize);
     if (name == "sample=wall") return openSample(kWall, kSampleSize, kSampleSize);
     if (name == "sample=two-lenses") return openStackedSample(kWall, kCeiling, kSampleSize, kSampleSize);
-    return openMedia(name, demands);
+    return openMedia(name, options);
 }
 
 AVPixelFormat mediaFormat(int pixelFormat) {
@@ -30,14 +30,14 @@ AVPixelFormat mediaFormat(int pixelFormat) {
     }
 }
 
-// A frame whose planes are those of a packed picture.
+// An AVFrame that refers to the planes of a packed frame.
 AVFrame frameOver(int pixelFormat, const unsigned char* bytes, int width, int height) {
     AVFrame frame{};
     frame.format = mediaFormat(pixelFormat);
     frame.width = width;
     frame.height = height;
     frame.colorspace = AVCOL_SPC_UNSPECIFIED;
-    auto* first = const_cast<unsigned char*>(bytes);  // a frame that is read has no type of its own
+    auto* first = const_cast<unsigned char*>(bytes);  // AVFrame has no constant pointers
     const std::size_t luma = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
     const std::array<std::uint8_t*, 3> planes{first, first + luma, first + luma + luma / 4};
     const int pairs = width / 2 * 2;
@@ -59,20 +59,20 @@ AVFrame frameOver(int pixelFormat, const unsigned char* bytes, int width, int he
 PackedFrame ScriptFrames::next(const std::string& name) {
     std::unique_ptr<FrameSource>& source = _sources[name];
     if (source)
-        if (const auto picture = source->next()) return *picture;
-    source = open(name, _demands);
-    if (const auto picture = source->next()) return *picture;
+        if (const auto frame = source->next()) return *frame;
+    source = open(name, _options);
+    if (const auto frame = source->next()) return *frame;
     throw std::runtime_error("'" + name + "' contains no frame");
 }
 
 PackedFrame ScriptFrames::next(const std::string& name, int pixelFormat) {
-    const PackedFrame picture = next(name);
-    if (picture.pixelFormat == pixelFormat) return picture;
+    const PackedFrame frame = next(name);
+    if (frame.pixelFormat == pixelFormat) return frame;
 
-    const int width = picture.width / 2 * 2, height = picture.height / 2 * 2;
-    constexpr std::size_t kSlack = 64;  // see FrameScaler
-    _converted.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 4 + kSlack);
-    AVFrame from = frameOver(picture.pixelFormat, picture.data, picture.width, picture.height);
+    const int width = frame.width / 2 * 2, height = frame.height / 2 * 2;
+    _converted.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 4 +
+                      FrameScaler::kPadding);
+    AVFrame from = frameOver(frame.pixelFormat, frame.data, frame.width, frame.height);
     from.width = width;
     from.height = height;
     AVFrame to = frameOver(pixelFormat, _converted.data(), width, height);

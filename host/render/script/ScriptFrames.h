@@ -1,5 +1,5 @@
-// The pictures that a script names: media files, or the procedural sample as "sample" (from the ceiling),
-// "sample=wall" and "sample=two-lenses" (both in one picture).
+// The inputs that a script names: media files, or the procedural sample as "sample" (from the ceiling),
+// "sample=wall" and "sample=two-lenses" (both in one frame).
 #pragma once
 
 #include <map>
@@ -15,18 +15,18 @@ namespace fovix_host {
 
 class ScriptFrames {
   public:
-    explicit ScriptFrames(MediaOptions demands) : _demands(std::move(demands)) {}
+    explicit ScriptFrames(MediaOptions options) : _options(std::move(options)) {}
 
-    // The next picture of a source, from the first again after the last; valid until the next call. Throws
-    // std::runtime_error with a sentence that names the source.
+    // The next frame of a source, which restarts after its last one; valid until the next call. Throws
+    // std::runtime_error with a message that names the source.
     PackedFrame next(const std::string& name);
 
-    // The same in one format, FOVIX_FORMAT_RGBA or FOVIX_FORMAT_YUV420P. Where it must be converted, an odd
-    // last column or row is left out.
+    // The same in a given format, FOVIX_FORMAT_RGBA or FOVIX_FORMAT_YUV420P. A conversion drops an odd last
+    // column or row.
     PackedFrame next(const std::string& name, int pixelFormat);
 
   private:
-    MediaOptions _demands;
+    MediaOptions _options;
     std::map<std::string, std::unique_ptr<FrameSource>> _sources;
     FrameScaler _scaler;
     std::vector<unsigned char> _converted;

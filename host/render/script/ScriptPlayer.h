@@ -8,12 +8,12 @@ namespace fovix_host {
 
 class ScriptPlayer {
   public:
-    // All but the demands outlive the player.
-    ScriptPlayer(const Script& script, View& view, OwnOutput& out, const MediaOptions& demands)
-        : _script(script), _out(out), _stage{view, ScriptFrames(demands)} {}
+    // Script, view and output must outlive the player.
+    ScriptPlayer(const Script& script, View& view, OwnOutput& out, const MediaOptions& options)
+        : _script(script), _out(out), _stage{view, ScriptFrames(options)} {}
 
-    // The calls before frame 1, 2, and so on; what they read becomes lines of output. Throws
-    // std::runtime_error with file, line and reason.
+    // Makes the calls before frame 1, 2, and so on, and prints their results. Throws std::runtime_error with
+    // file, line and reason.
     void playBefore(int frame);
 
   private:

@@ -18,31 +18,31 @@ void release(ScriptStage& stage) {
 }
 
 void picture(ScriptStage& stage, const char* file) {
-    const PackedFrame p = stage.pictures.next(file);
+    const PackedFrame p = stage.frames.next(file);
     Fovix_SetTexture(stage.view.handle(), p.pixelFormat, p.data, p.size, p.width, p.height);
 }
 void rgbPicture(ScriptStage& stage, const char* file) {
-    const PackedFrame p = stage.pictures.next(file, FOVIX_FORMAT_RGBA);
+    const PackedFrame p = stage.frames.next(file, FOVIX_FORMAT_RGBA);
     Fovix_SetRGBTexture(stage.view.handle(), p.data, p.size, p.width, p.height);
 }
 void yuvPicture(ScriptStage& stage, const char* file) {
-    const PackedFrame p = stage.pictures.next(file, FOVIX_FORMAT_YUV420P);
+    const PackedFrame p = stage.frames.next(file, FOVIX_FORMAT_YUV420P);
     Fovix_SetYUV420PTexture(stage.view.handle(), p.data, p.size, p.width, p.height);
 }
 void multiPicture(ScriptStage& stage, int index, const char* file) {
-    const PackedFrame p = stage.pictures.next(file);
+    const PackedFrame p = stage.frames.next(file);
     Fovix_Multi_SetTexture(stage.view.handle(), index, p.pixelFormat, p.data, p.size, p.width, p.height);
 }
 void multiRgbPicture(ScriptStage& stage, int index, const char* file) {
-    const PackedFrame p = stage.pictures.next(file, FOVIX_FORMAT_RGBA);
+    const PackedFrame p = stage.frames.next(file, FOVIX_FORMAT_RGBA);
     Fovix_Multi_SetRGBTexture(stage.view.handle(), index, p.data, p.size, p.width, p.height);
 }
 void multiYuvPicture(ScriptStage& stage, int index, const char* file) {
-    const PackedFrame p = stage.pictures.next(file, FOVIX_FORMAT_YUV420P);
+    const PackedFrame p = stage.frames.next(file, FOVIX_FORMAT_YUV420P);
     Fovix_Multi_SetYUV420PTexture(stage.view.handle(), index, p.data, p.size, p.width, p.height);
 }
 
-// The verb with a label for each of its parameters.
+// Assigns a label to each parameter.
 ScriptVerb labelled(ScriptVerb verb, const std::vector<ScriptKind>& kinds) {
     std::istringstream words{std::string(verb.labels)};
     for (const ScriptKind kind : kinds) {
@@ -61,7 +61,7 @@ ScriptVerb verb(std::string_view name, std::string_view exported, std::string_vi
     return labelled({name, exported, labels, {}, Call::make}, Call::kinds());
 }
 
-// The verb of an export, which is the function itself or stands for it here.
+// The verb of an export: it calls the export itself, or a function above in its place.
 #define EXPORT(name, function, labels) verb<function>(name, #function, labels)
 #define STAND_IN(name, function, standIn, labels) verb<standIn>(name, #function, labels)
 

@@ -1,4 +1,4 @@
-// The verbs of a script: one for each function of the public interface.
+// The verbs of scripts: one for each function of the public interface.
 #pragma once
 
 #include <string>
@@ -17,17 +17,17 @@ struct ScriptParameter {
 struct ScriptVerb {
     std::string_view name;
     std::string_view function;
-    std::string_view labels;  // of the parameters, with blanks between
+    std::string_view labels;  // of the parameters, separated by blanks
     std::vector<ScriptParameter> parameters;
     std::string (*call)(ScriptStage&, const std::vector<ScriptValue>&);
 };
 
 const std::vector<ScriptVerb>& scriptVerbs();
 
-// nullptr for a word that is no verb.
+// nullptr if there is no such verb.
 const ScriptVerb* scriptVerb(std::string_view name);
 
-// The form of a script and a line for each verb, for people.
+// The text of --list-verbs.
 std::string scriptVerbList();
 
 }  // namespace fovix_host
