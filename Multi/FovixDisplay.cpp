@@ -2,6 +2,7 @@
 
 #include "Fovix.h"
 #include "base/Diagnostics.h"
+#include "base/ProcessLock.h"
 #include "handle/DisplayParameters.h"
 #include "handle/DisplayTypes.h"
 #include "handle/FovixContext.h"
@@ -72,7 +73,7 @@ int Fovix_GetShape(VRHANDLE handle) {
 
 void Fovix_SetFecParams(VRHANDLE handle, int xCenter, int yCenter, int radius, int imgWidth, int imgHeight) {
     withContext(handle, [&](FovixContext& context) {
-        const fovix::LockSection section(context.lock);
+        const fovix::LockSection section;
         fovix::FishEyeConfig& fishEye = context.fishEye;
         if (fishEye.Fec_xCenter == xCenter && fishEye.Fec_yCenter == yCenter &&
             fishEye.Fec_radius == radius && fishEye.Fec_imgWidth == imgWidth &&

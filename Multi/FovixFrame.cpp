@@ -6,6 +6,7 @@
 
 #include "Fovix.h"
 #include "base/Diagnostics.h"
+#include "base/ProcessLock.h"
 #include "gl/GlCheck.h"
 #include "handle/FovixContext.h"
 #include "handle/FovixHandle.h"
@@ -39,7 +40,7 @@ void noticeNewLensCircle(FovixContext& context, const Display& display) {
 
 /// Uploads the shown slot's frame if it is new; returns whether there is one to draw.
 bool refreshShownFrame(FovixContext& context, const Display& display, int lens) {
-    const LockSection section(context.lock);
+    const LockSection section;
     if (display.type != FOVIX_TYPE_MULTI_LENS)
         return context.device->refreshTexture(context.frames[0], false) != 0;
     FrameSlot& slot = context.frames[static_cast<std::size_t>(lens)];
@@ -62,7 +63,7 @@ void drawGridCell(FovixContext& context, FovixModel& model, FrameSlot& slot, con
     Device& device = *context.device;
     int useful = 0, pixelFmt = 0;
     {
-        const LockSection section(context.lock);
+        const LockSection section;
         useful = device.refreshTexture(slot, false);
         pixelFmt = slot.pixelFmt;
     }
@@ -92,7 +93,7 @@ void drawOverlays(FovixContext& context, FovixModel& model) {
     const int count = model.getOverlayCount();
     for (int index = 0; index < count; ++index) {
         {
-            const LockSection section(context.lock);
+            const LockSection section;
             const VertexCachePtr mesh = model.getOverlayVerticesCache(index);
             if (mesh) context.device->useOverlayMesh(mesh);
             if (!mesh) printLine("buildVertices failed, Vertices is empty!\n");

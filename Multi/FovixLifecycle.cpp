@@ -1,6 +1,7 @@
 // Lifecycle of a handle: create, prepare, size, release.
 
 #include "Fovix.h"
+#include "base/ProcessLock.h"
 
 #include <exception>
 #include <memory>
@@ -37,14 +38,14 @@ void create(VRHANDLE* out, int touchEnabled) {
 }
 
 void forgetFrames(FovixContext& context) {
-    const LockSection section(context.lock);
+    const LockSection section;
     for (FrameSlot& slot : context.frames) forgetFrame(slot);
 }
 
 /// Passes the size of the surface to the model. Under the lock, so that a display that is being made
 /// meanwhile gets the new size either from here or when it is made.
 void adoptViewSize(FovixContext& context) {
-    const LockSection section(context.lock);
+    const LockSection section;
     printLine("backingWidth = %d, backingHeight = %d\n", 0, 0);
     const int width = context.viewWidth, height = context.viewHeight;
     context.backingWidth = width;
@@ -88,7 +89,7 @@ void release(VRHANDLE handle) {
     const ContextPtr context = unregisterContext(handle);
     if (!context) return printLine("Error VRHANDLE\n");  // another thread released it meanwhile
     context->magic = 0;
-    const LockSection section(context->lock);
+    const LockSection section;
     for (FrameSlot& slot : context->frames) slot.data.reset();
     context->display.store(std::make_shared<Display>());
 }

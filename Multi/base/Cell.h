@@ -2,7 +2,7 @@
 //
 // A Cell reads and assigns like the plain value. Stores are atomic and release, loads acquire. To change a
 // value that another thread may write meanwhile, use add, change or exchange: reading and assigning are two
-// steps. Values that must change together are guarded by the SharedLock or share one Cell.
+// steps. Values that must change together are guarded by the lock or share one Cell.
 #pragma once
 
 #include <atomic>

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "base/Diagnostics.h"
-#include "base/SharedLock.h"
+#include "base/ProcessLock.h"
 #include "gl/GlCheck.h"
 #include "gl/Shaders.h"
 
@@ -66,9 +66,8 @@ void lookupLocations(Programs& to) {
 }  // namespace
 
 bool loadOpenGL() {
-    static SharedLock lock;
     static bool loaded = false;
-    const LockSection section(lock);
+    const LockSection section;
     if (loaded && glGetString(GL_VERSION)) return true;
     // Under EGL, glewInit() loads everything but still reports a missing GLX display.
     const GLenum result = glewInit();

@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "Fovix.h"
+#include "base/ProcessLock.h"
 #include "handle/HandleOwner.h"
 #include "model/FovixModel180VR.h"
 #include "model/FovixModel360VR.h"
@@ -94,7 +95,7 @@ void adoptFrameSize(FovixContext& context) {
 }  // namespace
 
 void setType(FovixContext& context, int type) {
-    const LockSection section(context.lock);
+    const LockSection section;
     const int current = context.display.load()->type;
     if (type == current) return;
     if (context.typeSwitchCount >= kFreeTypeSwitches && type == FOVIX_TYPE_KORVEL &&

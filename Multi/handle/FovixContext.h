@@ -10,7 +10,6 @@
 
 #include "Fovix.h"
 #include "base/Cell.h"
-#include "base/SharedLock.h"
 #include "device/Device.h"
 #include "handle/Display.h"
 #include "lens/FishEyeConfig.h"
@@ -36,7 +35,6 @@ struct FovixContext {
     fovix::Cell<int> usingYUV = 0;  ///< the last frame submitted was not RGBA
 
     fovix::Cell<int> configChanged = 0;  ///< the main mesh must be fetched again by the next frame
-    fovix::SharedLock lock;              ///< this context's handle of the process's lock
     int typeSwitchCount = 0;             ///< accepted changes of display type; under the lock
     fovix::SharedSlot<const fovix::Display> display;
     fovix::FishEyeConfig fishEye;        ///< lens circle of the frame in slot 0

@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "base/Diagnostics.h"
+#include "base/ProcessLock.h"
 #include "handle/FovixHandle.h"
 
 namespace fovix {
@@ -75,7 +76,7 @@ void copyFrame(FrameSlot& slot, int pixelFmt, int isYUV, const unsigned char* da
 
 /// A new size of slot 0 moves the lens circle.
 void followFrameSize(FovixContext& context, int width, int height) {
-    const LockSection section(context.lock);
+    const LockSection section;
     FishEyeConfig& fishEye = context.fishEye;
     if (fishEye.TextureWidth == width && fishEye.TextureHeight == height) return;
     fishEye.TextureWidth = width;
@@ -99,12 +100,12 @@ void submitFrame(FovixContext& context, int slotIndex, int pixelFmt, const unsig
     }
     FrameSlot& slot = context.frames[static_cast<std::size_t>(slotIndex)];
     {
-        const LockSection section(context.lock);
+        const LockSection section;
         ensureFrameBuffer(slot, width, height);
     }
     // The lock is free in between: a waiting frame is drawn before the copy, not after it.
     {
-        const LockSection section(context.lock);
+        const LockSection section;
         const int isYUV = pixelFmt != FOVIX_FORMAT_RGBA ? 1 : 0;
         context.usingYUV = isYUV;
         // Meanwhile another thread may have submitted a smaller frame, or the context may have been prepared

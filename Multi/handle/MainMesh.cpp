@@ -3,6 +3,7 @@
 #include <exception>
 
 #include "base/Diagnostics.h"
+#include "base/ProcessLock.h"
 #include "handle/FovixHandle.h"
 
 namespace fovix {
@@ -23,13 +24,13 @@ VertexCachePtr meshOf(FovixModel& model) {
 
 void bindMesh(FovixContext& context, const Display& display) {
     const bool changesByItself = display.model->needsVertexUpdate();
-    const LockSection section(context.lock);
+    const LockSection section;
     if (!context.configChanged && !changesByItself && context.device->reuseMesh(display.serial)) return;
     fetchMesh(context, display);
 }
 
 void fetchMesh(FovixContext& context, const Display& display) {
-    const LockSection section(context.lock);
+    const LockSection section;
     // Cleared before the fetch: a change that arrives meanwhile is fetched by the next frame.
     context.configChanged.exchange(0);
     const VertexCachePtr mesh = meshOf(*display.model);

@@ -3,7 +3,7 @@
 // It follows from two inputs that arrive in any order: the size of the frame in slot 0, and the lens
 // parameters that the host reports (the FEC params: centre, radius and the image size they refer to).
 // RefreshConfig recomputes the circle and increments configVersion, which a rendered frame compares with the
-// version it drew last. Writers hold the SharedLock, except for Fovix_CleanUp clearing the texture size; mesh
+// version it drew last. Writers hold the lock, except for Fovix_CleanUp clearing the texture size; mesh
 // builders work on a copy.
 #pragma once
 

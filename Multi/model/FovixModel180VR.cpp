@@ -4,6 +4,7 @@
 
 #include "Fovix.h"
 #include "base/Diagnostics.h"
+#include "base/ProcessLock.h"
 #include "view/Screens180VR.h"
 
 namespace fovix {
@@ -119,7 +120,7 @@ void setShape(FovixModel& model, int shape) {
                                     [shape](const ShapeMode& entry) { return entry.shape == shape; });
     if (found == kShapeModes.end()) return;
     VR180Params& p = params(model);
-    const LockSection section(p.mLock);
+    const LockSection section;
     const int oldMode = p.mDrawMode;
     p.mBlend.reset();
     p.mDrawMode = found->drawMode;
@@ -133,14 +134,14 @@ int getShape(FovixModel& model) {
 
 void setDrawMode(FovixModel& model, int mode) {
     VR180Params& p = params(model);
-    const LockSection section(p.mLock);
+    const LockSection section;
     p.mDrawMode = mode;
     p.mBlend.reset();
 }
 
 void setDrawModeCartoon(FovixModel& model, int fromMode, int toMode, int step, int frameCount) {
     VR180Params& p = params(model);
-    const LockSection section(p.mLock);
+    const LockSection section;
     p.mBlend.start(fromMode, toMode, step, frameCount);
 }
 
@@ -195,7 +196,7 @@ void setRotation(FovixModel& model, double degrees) {
 /// The shape and the meshes stay.
 void init(FovixModel& model) {
     VR180Params& p = params(model);
-    const LockSection section(p.mLock);
+    const LockSection section;
     resetPosition(model);
     p.mDrawMode = 0;
     p.mSelectedScreen = 0;

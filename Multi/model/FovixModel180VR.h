@@ -6,7 +6,6 @@
 
 #include <array>
 
-#include "base/SharedLock.h"
 #include "mesh/MeshBlend.h"
 #include "model/FovixModel.h"
 #include "view/RotateZoomView.h"
@@ -25,7 +24,6 @@ struct VR180Params : ModelParams {
     Cell<int> mShape = 0;
 
     MeshBlend mBlend;  ///< between the meshes of two modes
-    SharedLock mLock;  ///< guards the blend
 
     // The mesh fetched last; GL thread.
     std::array<VertexCachePtr, k180VRModes> mVertexCaches;  ///< by mode, built on first use

@@ -5,6 +5,7 @@
 
 #include "Fovix.h"
 #include "base/Numbers.h"
+#include "base/ProcessLock.h"
 #include "view/Layouts360VR.h"
 
 namespace fovix {
@@ -30,13 +31,13 @@ ViewCells360VR& viewOf(VR360Params& p, int screen) {
 
 void resetPosition(FovixModel& model) {
     VR360Params& p = params(model);
-    const LockSection section(p.mLock);
+    const LockSection section;
     for (ViewCells360VR& view : p.mViews) view.store(defaultView(view.load(), p.mMount, p.mShape));
 }
 
 void init(FovixModel& model) {
     VR360Params& p = params(model);
-    const LockSection section(p.mLock);
+    const LockSection section;
     p.mMount = FOVIX_MOUNT_CEILING;
     for (ViewCells360VR& view : p.mViews) view.store({});
     resetPosition(model);
@@ -44,7 +45,7 @@ void init(FovixModel& model) {
 
 void setCameraMount(FovixModel& model, int mount) {
     VR360Params& p = params(model);
-    const LockSection section(p.mLock);
+    const LockSection section;
     if (!isWithin(mount, kPanoramaMounts) || mount == p.mMount) return;
     p.mMount = mount;
     p.mShape = FOVIX_SHAPE_SINGLE;
@@ -85,7 +86,7 @@ void startWallBlend(VR360Params& p, int shape) {
 /// Cameras that are neither on the ceiling nor on a wall have one shape.
 void setShape(FovixModel& model, int shape) {
     VR360Params& p = params(model);
-    const LockSection section(p.mLock);
+    const LockSection section;
     const bool onCeiling = p.mMount == FOVIX_MOUNT_CEILING, onWall = p.mMount == FOVIX_MOUNT_WALL;
     if (!isWithin(shape, kPanoramaShapes) || shape == p.mShape || (!onCeiling && !onWall)) return;
     if (shape == FOVIX_SHAPE_OVERVIEW_FIVE || (onCeiling && shape == FOVIX_SHAPE_TWO_AND_STRIP)) {
@@ -106,7 +107,7 @@ void setPTZ(FovixModel& model, int screen, double pan, double tilt, double zoom,
             double ptzFifth) {
     if (!isWithin(screen, kPanoramaScreens) || !allFinite(pan, tilt, zoom, roll, ptzFifth)) return;
     VR360Params& p = params(model);
-    const LockSection section(p.mLock);
+    const LockSection section;
     viewOf(p, screen).store(limitedView({pan, roll, tilt, ptzFifth, zoom}, p.mMount, p.mShape));
 }
 
@@ -121,7 +122,7 @@ void getPTZ(FovixModel& model, int screen, double* pan, double* tilt, double* zo
 
 int selectScreen(FovixModel& model, int x, int y) {
     VR360Params& p = params(model);
-    const LockSection section(p.mLock);
+    const LockSection section;
     const int shape = p.mShape;
     const int screen = screenAt360VR(p.mMount, shape, model.backingWidth, model.backingHeight, x, y);
     const bool isOverview = (shape == FOVIX_SHAPE_OVERVIEW_FIVE && screen == 0) ||
@@ -176,7 +177,7 @@ VertexCachePtr blendedMesh(VR360Params& p) {
 
 VertexCachePtr getVerticesCache(FovixModel& model) {
     VR360Params& p = params(model);
-    const LockSection section(p.mLock);
+    const LockSection section;
     VertexCachePtr cache;
     if (p.mBlend.isRunning() && p.mBlend.advance()) {
         cache = blendedMesh(p);
@@ -204,7 +205,7 @@ int getOverlayCount(FovixModel& model) {
 
 VertexCachePtr getOverlayVerticesCache(FovixModel& model, int index) {
     VR360Params& p = params(model);
-    const LockSection section(p.mLock);
+    const LockSection section;
     return getOverlayCount(model) && index == 0 ? meshOf(p, p.mMount, FOVIX_SHAPE_STRIP) : nullptr;
 }
 
@@ -250,7 +251,7 @@ void drawSelf(FovixModel& model, Device& device) {
     Scene360VR scene;
     Seams seams;
     {
-        const LockSection section(p.mLock);
+        const LockSection section;
         seams = scrollStrips(p, model.backingWidth, model.backingHeight);
         scene = takeScene(model, p);
     }
@@ -271,7 +272,7 @@ void drawOverlay(FovixModel& model, int index, Device& device) {
     VR360Params& p = params(model);
     Scene360VR scene;
     {
-        const LockSection section(p.mLock);
+        const LockSection section;
         scene = takeScene(model, p);
     }
     if (index != 0 || scene.shape != FOVIX_SHAPE_TWO_AND_STRIP || !hasSurface(scene)) return;

@@ -6,7 +6,6 @@
 #include <array>
 #include <memory>
 
-#include "base/SharedLock.h"
 #include "mesh/MeshBlend.h"
 #include "model/FovixModel.h"
 #include "view/Views360VR.h"
@@ -25,11 +24,10 @@ struct ViewCells360VR {
     void store(const View360VR& view);
 };
 
-/// Changes of several fields hold mLock; a rendered frame copies what it draws under it.
+/// Changes of several fields hold the lock; a rendered frame copies what it draws under it.
 struct VR360Params : ModelParams {
     using ModelParams::ModelParams;
 
-    SharedLock mLock;
     Cell<int> mMount = 0;  ///< 0..3
     Cell<int> mShape = 0;  ///< 0..10
     std::array<ViewCells360VR, kPanoramaScreens> mViews;

@@ -6,6 +6,7 @@
 
 #include "Fovix.h"
 #include "base/Diagnostics.h"
+#include "base/ProcessLock.h"
 
 namespace fovix {
 
@@ -65,7 +66,7 @@ VertexCachePtr halfMesh(FovixModel& model, int half) {
 
 /// Starts the moves to the arrangement of a screen. Unknown screens move nothing.
 void moveToScreen(TwoLensesParams& p, int screen) {
-    const LockSection section(p.mLock);
+    const LockSection section;
     const double besideX = kBesideX / p.mAspectFix, besideScale = kBesideScale * p.mAspectFix;
     struct Targets {
         double firstX, firstScale, secondX, secondScale;
@@ -94,7 +95,7 @@ VertexCachePtr getVerticesCache(FovixModel& model) {
     if (mode == FOVIX_TWO_LENSES_LOWER) half = kLowerHalf;
     const VertexCachePtr cache = halfMesh(model, half);
     if (mode == FOVIX_TWO_LENSES_BOTH) {
-        const LockSection section(p.mLock);
+        const LockSection section;
         p.mAspectFix = aspectFixOf(model.backingWidth, model.backingHeight, p.mFishEye->Fec_imgWidth,
                                    p.mFishEye->Fec_imgHeight);
         moveToScreen(p, p.mScreen);
@@ -126,7 +127,7 @@ void drawHalf(FovixModel& model, Device& device) {
 
 /// One animation step of a half in draw mode 1.
 PicturePlacement stepBeside(TwoLensesParams& p, bool isFirst) {
-    const LockSection section(p.mLock);
+    const LockSection section;
     AnimatedValue& x = isFirst ? p.mFirstX : p.mSecondX;
     AnimatedValue& scale = isFirst ? p.mFirstScale : p.mSecondScale;
     const int soloScreen = isFirst ? FOVIX_TWO_LENSES_SCREEN_FIRST : FOVIX_TWO_LENSES_SCREEN_SECOND;
@@ -197,7 +198,7 @@ float getLogicZoom(FovixModel& model) {
 void setTwoLensesDrawMode(FovixModel& model, int mode) {
     TwoLensesParams& p = params(model);
     {
-        const LockSection section(p.mLock);
+        const LockSection section;
         p.mDrawMode = mode;
         p.mFirstX.rest(-kBesideX);
         p.mFirstScale.rest(kBesideScale);

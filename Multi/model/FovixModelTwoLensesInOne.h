@@ -10,7 +10,6 @@
 
 #include "base/Animators.h"
 #include "base/Mat4.h"
-#include "base/SharedLock.h"
 #include "model/FovixModel.h"
 #include "view/RotateZoomView.h"
 
@@ -70,7 +69,7 @@ struct TwoLensesParams : ModelParams {
     int mShownHalf = 0;           ///< half whose mesh draw mode 0 uses: 0 upper, 1 lower
     int mWantedHalf = 0;          ///< half that the zoom asks for
 
-    SharedLock mLock;       ///< guards the fields below; mScreen is also read without it
+    // Under the lock; mScreen is also read without it.
     Cell<int> mScreen = 0;  ///< draw mode 1: 0 both, 1 the first half alone, 2 the second
     AnimatedValue mFirstX{-kBesideX}, mFirstScale{kBesideScale};
     AnimatedValue mSecondX{kBesideX}, mSecondScale{kBesideScale};

@@ -9,7 +9,6 @@
 #include <memory>
 
 #include "base/Operations.h"
-#include "base/SharedLock.h"
 #include "touch/ViewOwner.h"
 
 namespace fovix {
@@ -94,7 +93,6 @@ struct ControllerParams {
 
 struct TouchController {
     OwnerPtr owner;       ///< the handle that it belongs to
-    SharedLock lock;      ///< its own handle of the process's lock
     int screenIndex = 0;  ///< screen of the model that it drives, 0..5
     std::unique_ptr<ControllerParams> params;
     TouchControllerOperations operations;

@@ -9,6 +9,7 @@
 #include "Fovix.h"
 #include "base/Diagnostics.h"
 #include "base/Easing.h"
+#include "base/ProcessLock.h"
 #include "touch/FrameTarget.h"
 #include "touch/Gestures.h"
 
@@ -95,7 +96,7 @@ double curvedLimit(double zoom) {
 void onTouchDown(TouchController& controller, float x, float y) {
     VR180TouchParams& p = params(controller);
     {
-        const LockSection section(controller.lock);
+        const LockSection section;
         p.mXAngleBounce.reset();
         p.mYAngleBounce.reset();
         p.mCruising = 0;
@@ -148,7 +149,7 @@ void bounceToEdge(std::unique_ptr<BounceAnimator>& bounce, double angle, double 
 void settleOnCurved(TouchController& controller) {
     VR180TouchParams& p = params(controller);
     if (p.mZoomTarget < kCurvedZoom) return;
-    const LockSection section(controller.lock);
+    const LockSection section;
     const double limit = curvedLimit(p.mZoomTarget);
     const auto clampToEdge = [edge = toFloat(limit)](double angle) { return clampTo(angle, edge); };
     p.mYAngleTarget.change(clampToEdge);
@@ -215,7 +216,7 @@ void unwindYaw(VR180TouchParams& p) {
 void update(TouchController& controller) {
     VR180TouchParams& p = params(controller);
     {
-        const LockSection section(controller.lock);
+        const LockSection section;
         unwindYaw(p);
         easeView(p, kZoomStep);
         stepInto(p.mXAngleBounce, p.mXAngle);
@@ -229,7 +230,7 @@ void startAutoCruise(TouchController& controller, double speed) {
     VR180TouchParams& p = params(controller);
     if (p.mDrawMode != kDisc && p.mDrawMode != kStretch && p.mDrawMode != kCurved) return;
     {
-        const LockSection section(controller.lock);
+        const LockSection section;
         p.mCruising = 1;
         p.mXAngleTarget = p.mXAngle = 0.0;
         p.mYAngleTarget = p.mYAngle = 0.0;
@@ -318,7 +319,7 @@ void displayTarget(TouchController& controller, int targetX, int targetY, int wi
     printLine("xMax : %f, yMax : %f \n", limit, limit);
     const double newX = shareOf(limit, target.dx, target.cx), newY = shareOf(limit, target.dy, target.cy);
     printLine("xAngle : %f, yAngle : %f -> %f, %f\n", p.mXAngle.get(), p.mYAngle.get(), newX, newY);
-    const LockSection section(controller.lock);
+    const LockSection section;
     p.mXAngleTarget = clampTo(newX, kPitchLimit);
     p.mYAngleTarget = clampTo(newY, kYawLimit);
 }
@@ -339,7 +340,7 @@ void getPTZFor180VR(TouchController& controller, double* xAngle, double* yAngle,
 }
 
 void setPTZFor180VR(TouchController& controller, double xAngle, double yAngle, double zAngle, double zoom) {
-    const LockSection section(controller.lock);
+    const LockSection section;
     switchDrawMode(controller, kCurved);
     setTargets(params(controller), clampTo(xAngle, kPitchLimit), clampTo(yAngle, kYawLimit), zAngle, zoom);
 }

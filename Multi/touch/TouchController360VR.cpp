@@ -8,6 +8,7 @@
 #include "base/Angles.h"
 #include "base/Diagnostics.h"
 #include "base/Numbers.h"
+#include "base/ProcessLock.h"
 #include "touch/FrameTarget.h"
 #include "touch/Gestures.h"
 #include "touch/TouchLimits360VR.h"
@@ -47,7 +48,7 @@ bool isWallBowl(const VR360TouchParams& p) {
 void setPTZ(TouchController& controller, double pan, double tilt, double zoom, double roll) {
     if (!allFinite(pan, tilt, zoom, roll)) return;
     VR360TouchParams& p = paramsOf360(controller);
-    const LockSection section(controller.lock);
+    const LockSection section;
     stopMotion(controller);
     p.mPan = pan;
     p.mTilt = tilt;
@@ -108,7 +109,7 @@ void onTouchMove(TouchController& controller, float x, float y) {
 void onTouchFling(TouchController& controller, float velocityX, float velocityY) {
     VR360TouchParams& p = paramsOf360(controller);
     if (isTransitionRunning(controller) || p.mZoomGesture || isWallBowl(p)) return;
-    const LockSection section(controller.lock);
+    const LockSection section;
     const float fastest = std::max(std::abs(velocityX), std::abs(velocityY));
     const int reach = truncateToInt(fastest * kFlingFrames / kFlingSpeed);
     const int frames = std::min(reach, kLongestFling);
@@ -187,7 +188,7 @@ void setShape(TouchController& controller, int shape) {
     resetView(p);
     const std::optional<View360VR> view = touchScreenView(shape, controller.screenIndex);
     if (!view) return;
-    const LockSection section(controller.lock);
+    const LockSection section;
     setView(p, *view);
 }
 
@@ -216,7 +217,7 @@ double length(double x, double y) {
 /// distance from the centre and that of the corner. The pan does not take the shorter way.
 void glideTo(TouchController& controller, double angle, double distance, double halfDiagonal) {
     VR360TouchParams& p = paramsOf360(controller);
-    const LockSection section(controller.lock);
+    const LockSection section;
     p.mPanVelocity.reset();
     p.mSpinVelocity = 0.0;
     p.mCruising = 0;

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "base/Easing.h"
+#include "base/ProcessLock.h"
 
 namespace fovix {
 
@@ -17,13 +18,13 @@ constexpr FlatTouchKind kKind = {.pitchGrowth = 4.0,
 
 /// Waits for a running update to finish.
 void onTouchDown(TouchController& controller, float x, float y) {
-    { const LockSection section(controller.lock); }
+    { const LockSection section; }
     FlatTouch_OnTouchDown(controller, x, y);
 }
 
 void update(TouchController& controller) {
     {
-        const LockSection section(controller.lock);
+        const LockSection section;
         easeFlatView(paramsOf<OriginalTouchParams>(controller));
     }
     EasedView_Push(controller);

@@ -8,6 +8,7 @@
 
 #include "base/Diagnostics.h"
 #include "base/Numbers.h"
+#include "base/ProcessLock.h"
 #include "model/FovixModelSinglePIP.h"
 #include "touch/FrameTarget.h"
 #include "touch/Gestures.h"
@@ -75,7 +76,7 @@ std::unique_ptr<GlideAnimator> startGlide(double from, double to) {
 void locateView(TouchController& controller, float x, float y, int across, int down, bool animate) {
     SinglePIPTouchParams& p = params(controller);
     {
-        const LockSection section(controller.lock);
+        const LockSection section;
         p.mOffsetAnimator.reset();
         p.mCruising = 0;
         const double limitX = limitOnSurface(offsetLimitX(p.mZoom), down, across);
@@ -213,7 +214,7 @@ void update(TouchController& controller) {
     double offset = 0.0;
     bool hasOffset = false;
     {
-        const LockSection section(controller.lock);
+        const LockSection section;
         hasOffset = stepInto(p.mOffsetAnimator, offset);
         stepInto(p.mZoomAnimator, p.mZoom);
         if (p.mCruising) {
@@ -232,7 +233,7 @@ void setDrawMode(TouchController& controller, int mode) {
 
 void startAutoCruise(TouchController& controller, double speed) {
     SinglePIPTouchParams& p = params(controller);
-    const LockSection section(controller.lock);
+    const LockSection section;
     p.mCruising = 1;
     p.mOffsetX = p.mCurOffsetX = 0.0;
     p.mCruiseStep = speed * kCruiseFactor;
@@ -260,7 +261,7 @@ void displayRect(TouchController& controller, int left, int top, int right, int 
     const double rectHeight = std::abs(static_cast<double>(y2) - y1);
     p.mZoomTarget = zoomForRect(rectHeight, surface.height);
     {
-        const LockSection section(controller.lock);
+        const LockSection section;
         p.mZoomAnimator = startGlide(p.mZoom, p.mZoomTarget);
         p.mZoom = p.mZoomAnimator->mCurrent;
     }

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/ProcessLock.h"
+
 namespace fovix {
 
 namespace {
@@ -29,7 +31,7 @@ void centrePan(TwoLensesTouchParams& p) {
 
 void recentre(TouchController& controller) {
     TwoLensesTouchParams& p = params(controller);
-    const LockSection section(controller.lock);
+    const LockSection section;
     centrePan(p);
     p.mZoomTarget = std::min<double>(1.0, p.mZoomMax);
 }
@@ -53,7 +55,7 @@ void setLogicZoom(TouchController& controller, double min, double max, double di
 void update(TouchController& controller) {
     {
         TwoLensesTouchParams& p = params(controller);
-        const LockSection section(controller.lock);
+        const LockSection section;
         easeFlatView(p);
         if (crossesLensThreshold(p.mPrevZoom, p.mZoom, p.mZoomDiv)) centrePan(p);
         p.mPrevZoom = p.mZoom;

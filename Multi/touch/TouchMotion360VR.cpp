@@ -3,6 +3,7 @@
 #include <cmath>
 #include <optional>
 
+#include "base/ProcessLock.h"
 #include "touch/TouchLimits360VR.h"
 
 namespace fovix {
@@ -14,7 +15,7 @@ constexpr int kTransitionFrames = 2000, kTiltBounceFrames = 800;
 
 void startTransition(TouchController& controller, double zoom, double tilt) {
     VR360TouchParams& p = paramsOf360(controller);
-    const LockSection section(controller.lock);
+    const LockSection section;
     p.mZoomGlide = std::make_unique<GlideAnimator>(p.mZoom, zoom, kTransitionFrames);
     p.mTiltGlide = std::make_unique<GlideAnimator>(p.mTilt, tilt, kTransitionFrames);
     p.mZooming = 1;
@@ -42,13 +43,13 @@ std::optional<double> panStep(VR360TouchParams& p) {
 
 bool isTransitionRunning(TouchController& controller) {
     const VR360TouchParams& p = paramsOf360(controller);
-    const LockSection section(controller.lock);
+    const LockSection section;
     return p.mZoomGlide || p.mTiltGlide || p.mZooming;
 }
 
 void stopMotion(TouchController& controller) {
     VR360TouchParams& p = paramsOf360(controller);
-    const LockSection section(controller.lock);
+    const LockSection section;
     for (auto* glide : {&p.mPanGlide, &p.mTiltGlide, &p.mZoomGlide, &p.mTiltVelocity, &p.mPanVelocity}) {
         glide->reset();
     }
@@ -69,14 +70,14 @@ void tiltBounceBack(TouchController& controller) {
     VR360TouchParams& p = paramsOf360(controller);
     const double limit = maxTilt(p);
     if (p.mTilt <= limit) return;
-    const LockSection section(controller.lock);
+    const LockSection section;
     p.mTiltVelocity.reset();
     p.mTiltBounce = std::make_unique<BounceAnimator>(p.mTilt, limit, kTiltBounceFrames);
 }
 
 void advanceMotion(TouchController& controller) {
     VR360TouchParams& p = paramsOf360(controller);
-    const LockSection section(controller.lock);
+    const LockSection section;
     stepInto(p.mPanGlide, p.mPan);
     if (!stepInto(p.mTiltGlide, p.mTilt)) stepInto(p.mTiltBounce, p.mTilt);
     if (stepInto(p.mZoomGlide, p.mZoom) && !p.mZoomGlide) p.mZooming = 0;
