@@ -1,6 +1,6 @@
 #!/bin/sh
 # Compares three lists of public names: the exports of the built library, the declarations of the header, and
-# exports.txt. Exits with status 1 if they differ.
+# the names in the version script. Exits with status 1 if they differ.
 # usage: check_exports.sh LIBRARY HEADER LIST [NM]
 set -eu
 export LC_ALL=C
@@ -27,7 +27,7 @@ if ! sort -c -u "$list"; then
     status=1
 fi
 for other in exported declared; do
-    if ! diff -u --label "exports.txt" --label "$other" "$list" "$work/$other"; then
+    if ! diff -u --label "version script" --label "$other" "$list" "$work/$other"; then
         echo "names $other (+) differ from those promised (-)"
         status=1
     fi

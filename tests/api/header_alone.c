@@ -1,6 +1,7 @@
-/* Proves that the public header stands alone: it is the only include here besides the rows of exports.txt,
-   and every function that the list names links under C linkage. Compiled as C99 and, by header_alone.cpp, as
-   C++. Status 1: the header's version numbers are not the library's; 2: a wrong call of this program. */
+/* Proves that the public header stands alone: it is the only include here besides the list of the exported
+   names, and every function that the list names links under C linkage. Compiled as C99 and, by
+   header_alone.cpp, as C++. Status 1: the header's version numbers are not the library's; 2: a wrong call of
+   this program. */
 #include "Fovix.h"
 
 typedef void (*AnyFunction)(void);

@@ -35,7 +35,7 @@ TEST(Script, HasAVerbForEveryExport) {
         for (std::size_t i = 1; i + 1 < words.size(); ++i) script += words[i] == "FILE" ? " in.mkv" : " 1";
         script += words[0] == "release" ? "\n1 create\n1 prepare\n1 init 64 64\n" : "\n";
     }
-    std::vector<std::string> exports = linesOf(readText(kSourceDir / "tests/api/exports.txt"));
+    std::vector<std::string> exports = linesOf(readText(FOVIX_EXPORTS_LIST));
     std::sort(called.begin(), called.end());
     std::sort(exports.begin(), exports.end());
     EXPECT_EQ(called, exports);
