@@ -15,13 +15,13 @@ namespace fovix {
 
 struct TouchController;
 
-/// In the order of the table; every operation takes the controller first. Operations run on the thread of the
-/// export that is named and without the lock; update runs on the GL thread. All but three are commands and
-/// return nothing. "Current" is the controller of the screen under the last touch-down. Positions are surface
-/// pixels from the top left; angles are degrees.
+/// In the order of the table; every operation takes the controller first. A line names who calls it and for
+/// which controllers: an export runs on the host's thread, a rendered frame on the GL thread, both without
+/// the lock. "Current" is the controller of the screen under the last touch-down; "all" are called in the
+/// order of the screens. Nothing is returned unless the line says so. Positions are surface pixels from the
+/// top left; angles are degrees.
 struct TouchControllerOperations {
-    /// Optional. Touches on an overview or strip, on the selected screen: its new view; zoom is the field of
-    /// view.
+    /// Optional. Touches on an overview, the selected screen: its view; zoom is the field of view.
     void (*setPTZ)(TouchController&, double pan, double tilt, double zoom, double roll) = nullptr;
     /// Mandatory. Fovix_OnTouchDown, current: a gesture begins.
     void (*onTouchDown)(TouchController&, float x, float y) = nullptr;
@@ -39,21 +39,17 @@ struct TouchControllerOperations {
     void (*onAccelerometer)(TouchController&, float x, float y) = nullptr;
     /// Optional. Fovix_OnOrientation, current: angles of the device.
     void (*onOrientation)(TouchController&, float a, float b, float c) = nullptr;
-    /// Mandatory. Fovix_Drawself, GL thread, each visible screen: one animation step; the view goes to the
-    /// owner.
+    /// Mandatory. Rendered frame, visible screens: makes one animation step and pushes the view.
     void (*update)(TouchController&) = nullptr;
-    /// Optional. Fovix_AutoAdjust, current, or the selected screen after a touch on an overview: the gesture
-    /// is over.
+    /// Optional. Fovix_AutoAdjust, current (on an overview: the selected screen): the gesture is over.
     void (*autoAdjust)(TouchController&) = nullptr;
-    /// Optional. Fovix_SetDrawMode and the owner's switchDrawMode, all, before the model's: FOVIX_180_... and
-    /// others.
+    /// Optional. Fovix_SetDrawMode and switchDrawMode, all, before the model: FOVIX_180_...
     void (*setDrawMode)(TouchController&, int mode) = nullptr;
-    /// Optional. Fovix_SetCameraMount, all, before the model's: FOVIX_MOUNT_...
+    /// Optional. Fovix_SetCameraMount, all, before the model: FOVIX_MOUNT_...
     void (*setCameraMount)(TouchController&, int mount) = nullptr;
-    /// Optional. Fovix_SetShape, all, after the model's: FOVIX_SHAPE_...
+    /// Optional. Fovix_SetShape, all, after the model: FOVIX_SHAPE_...
     void (*setShape)(TouchController&, int shape) = nullptr;
-    /// Optional. Fovix_StartAutoCruise, the selected screen or else all: degrees or offset per frame are 0.2
-    /// x speed.
+    /// Optional. Fovix_StartAutoCruise, the selected screen or all: moves by 0.2 * speed per frame.
     void (*startAutoCruise)(TouchController&, double speed) = nullptr;
     /// Optional. Fovix_StopAutoCruise, all: the view stays where it is.
     void (*stopAutoCruise)(TouchController&) = nullptr;
@@ -62,27 +58,24 @@ struct TouchControllerOperations {
                         int height) = nullptr;
     /// Optional. Fovix_DisplayTarget, current: a point to show, in pixels of a frame of width x height.
     void (*displayTarget)(TouchController&, int targetX, int targetY, int width, int height) = nullptr;
-    /// Optional. Fovix_GetPTZFor180VR, current: stores angles, a third value and the zoom factor; null is
-    /// skipped.
+    /// Optional. Fovix_GetPTZFor180VR, current: stores angles and zoom factor; null is skipped.
     void (*getPTZFor180VR)(TouchController&, double* xAngle, double* yAngle, double* third,
                            double* zoom) = nullptr;
     /// Optional. Fovix_SetPTZFor180VR, current: angles and zoom factor to ease to.
     void (*setPTZFor180VR)(TouchController&, double xAngle, double yAngle, double zAngle,
                            double zoom) = nullptr;
-    /// Optional. Fovix_Drawself, GL thread, screen 0: stores the offsets as shares of their range; null is
-    /// skipped.
+    /// Optional. Rendered frame, screen 0: stores offsets as shares of their range; null is skipped.
     void (*getViewOffset)(TouchController&, double* first, double* second) = nullptr;
-    /// Optional. Fovix_SetRotateZoomRecoverMode, all, before the model's: the view that the model is about to
-    /// get.
+    /// Optional. Fovix_SetRotateZoomRecoverMode, all, before the model: the view that it gets.
     void (*setRotateZoom)(TouchController&, double xAngle, double yAngle, double zAngle,
                           double zoom) = nullptr;
     /// Optional. Fovix_GetRelativeXOffset, screen 0: returns the horizontal offset, -1 and 1 at the ends.
     float (*getRelativeXOffset)(TouchController&) = nullptr;
-    /// Optional. Fovix_SetLogicZoom, all, after the model's: zoom factors.
+    /// Optional. Fovix_SetLogicZoom, all, after the model: zoom factors.
     void (*setLogicZoom)(TouchController&, double min, double max, double div, double zoom) = nullptr;
-    /// Optional. Fovix_SetTwoLensesDrawMode, all, after the model's: FOVIX_TWO_LENSES_...
+    /// Optional. Fovix_SetTwoLensesDrawMode, all, after the model: FOVIX_TWO_LENSES_...
     void (*setTwoLensesDrawMode)(TouchController&, int mode) = nullptr;
-    /// Optional. Fovix_SetTwoLensesScreen, all, after the model's: FOVIX_TWO_LENSES_SCREEN_...
+    /// Optional. Fovix_SetTwoLensesScreen, all, after the model: FOVIX_TWO_LENSES_SCREEN_...
     void (*setTwoLensesScreen)(TouchController&, int screen) = nullptr;
 };
 

@@ -22,13 +22,11 @@ namespace {
 /// Pixels: on a surface of this width, a drag of kTurnPixels turns by the field of view.
 constexpr double kReferenceWidth = 1024.0, kTurnPixels = 360.0;
 
-/// A fling of kFlingSpeed pixels per second runs out over kFlingFrames; others in proportion, up to the
-/// longest.
+/// A fling of this speed, in pixels per second, runs out over kFlingFrames; others in proportion.
 constexpr double kFlingSpeed = 3000.0, kFlingFrames = 1000.0;
-constexpr int kLongestFling = 2000;
-constexpr double kFlingSpin =
-    3.0;  ///< spin that a fling of kFlingFrames leaves, in multiples of its last step
-constexpr double kFlingPart = 100.0;  ///< part of its speed that a fling moves by in the first frame
+constexpr int kLongestFling = 2000;   ///< frames
+constexpr double kFlingSpin = 3.0;    ///< spin after kFlingFrames, in multiples of the fling's last step
+constexpr double kFlingPart = 100.0;  ///< the part of its speed that a fling starts with, per frame
 
 constexpr int kTargetFrames = 1000;         ///< frame count of the glide to a target
 constexpr float kSensorFactor = 5.0f;       ///< degrees per unit of the accelerometer

@@ -22,8 +22,8 @@ class ViewOwner {
     virtual SurfaceSize surfaceSize() const = 0;
 
     /// Stores pan, tilt, zoom (field of view) and roll, in degrees, in the controller's screen of the model.
-    /// Views of a controller that the handle does not show any more are ignored, and so are those that the
-    /// model lacks.
+    /// Views of a controller that the handle no longer shows are ignored, and so are views of a kind that the
+    /// model does not have.
     virtual void pushPTZ(const TouchController& from, double pan, double tilt, double zoom, double roll,
                          double ptzFifth) = 0;
 
