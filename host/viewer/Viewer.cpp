@@ -16,18 +16,19 @@
 namespace fovix_host {
 namespace {
 
-// How long a view may move after what happened without its angles telling: the longest change of a layout.
-constexpr double kSettles = 1.6;  // seconds
-constexpr double kMovesOn = 0.1;  // after its angles changed
-constexpr double kNumbersEvery = 0.5;
+// Seconds. An event can start an animation that does not change the angles: the longest is the blend of
+// layouts.
+constexpr double kAnimationTime = 1.6;
+constexpr double kMotionTime = 0.1;  // after the angles changed
+constexpr double kNumbersInterval = 0.5;
 
 std::string titleOf(const ViewerOptions& options) {
     if (options.input.inputs.empty()) return "sample - fovix-view";
     return shownName(options.input.inputs.front()) + " - fovix-view";
 }
 
-void warn(const std::string& text) {
-    std::fprintf(stderr, "fovix-view: %s\n", text.c_str());
+void printError(const std::string& message) {
+    std::fprintf(stderr, "fovix-view: %s\n", message.c_str());
 }
 
 }  // namespace
@@ -40,7 +41,7 @@ Viewer::Viewer(const ViewerOptions& options, OwnOutput& out)
       _shown(_view.handle(), options, _playback),
       _calls(
           _view.handle(), [this]() -> FrameRelay& { return _playback->frames(); }, _shown, _scale,
-          [this](const std::string& word) { say(word); }),
+          [this](const std::string& message) { say(message); }),
       _gestures(_calls),
       _overlay(Font::open()) {
     Fovix_Prepare(_view.handle());
@@ -49,7 +50,7 @@ Viewer::Viewer(const ViewerOptions& options, OwnOutput& out)
         _options, Playback::Host{_view.handle(), _window.maxTextureSize(), wakeEventLoop});
     _shown.reset();
     if (_options.sensors && !openAccelerometers()) {
-        warn("no accelerometer found; --sensors has no effect");
+        printError("no accelerometer found; --sensors has no effect");
         say("no accelerometer");
     }
 }
@@ -68,10 +69,10 @@ int Viewer::run() {
 // Events
 
 int Viewer::waitMilliseconds() const {
-    constexpr int kResting = 200;
+    constexpr int kResting = 200;  // milliseconds
     const double now = secondsNow();
     if (!_window.isVisible()) return kResting;
-    const bool moves = _drawWanted || _gestures.isWheelTurning() || now < _movesUntil;
+    const bool moves = _mustDraw || _gestures.isWheelTurning() || now < _movesUntil;
     if (moves) return static_cast<int>(std::ceil(_clock.untilNext(now) * 1000));
     return kResting;
 }
@@ -88,17 +89,17 @@ void Viewer::handleEvents() {
 void Viewer::handle(const PointerEvent& event) {
     const bool isHover = event.kind == PointerEvent::Kind::kMove && !_gestures.isDown();
     if (isHover) return;
-    const bool grasps = event.kind != PointerEvent::Kind::kMove && event.kind != PointerEvent::Kind::kCancel;
-    if (grasps) _shown.stopCruise();
+    const bool begins = event.kind != PointerEvent::Kind::kMove && event.kind != PointerEvent::Kind::kCancel;
+    if (begins) _shown.stopCruise();
     _gestures.handle(event);
-    wake(kSettles);
+    wake(kAnimationTime);
 }
 
 void Viewer::handle(const KeyEvent& event) {
     const Key* key = keyNamed(event.name);
     if (!key || (event.repeated && !key->repeats)) return;
     perform(*key);
-    wake(kSettles);
+    wake(kAnimationTime);
 }
 
 void Viewer::handle(const DropEvent& event) {
@@ -106,27 +107,27 @@ void Viewer::handle(const DropEvent& event) {
         auto playback = std::make_unique<Playback>(
             event.file, _options, Playback::Host{_view.handle(), _window.maxTextureSize(), wakeEventLoop});
         _playback = std::move(playback);
-        _pictureSize = {};
+        _frameSize = {};
         _window.setTitle(shownName(event.file) + " - fovix-view");
         _gestures.forget();
         _shown.apply();
         _shown.setLens(std::nullopt);
     } catch (const std::exception& problem) {
-        tell(problem.what());
+        warn(problem.what());
     }
-    wake(kSettles);
+    wake(kAnimationTime);
 }
 
 void Viewer::handle(const SensorEvent& event) {
     steerByAcceleration(_view.handle(), event.x, event.y);
-    wake(kSettles);
+    wake(kAnimationTime);
 }
 
 void Viewer::handle(WindowEvent event) {
     if (event == WindowEvent::kQuit) _quit = true;
     if (event != WindowEvent::kExposed) return;
-    resize();  // what is waiting behind this event counts in the new size
-    _drawWanted = true;
+    resize();  // the positions of the next events refer to the new size
+    _mustDraw = true;
 }
 
 // Keys
@@ -157,10 +158,10 @@ void Viewer::perform(const Key& key) {
 }
 
 void Viewer::performOnView(const Key& key) {
-    const bool begins = key.action != Action::kCruise && key.action != Action::kCruiseSpeed &&
-                        key.action != Action::kBackground;
-    if (begins) _gestures.forget();
-    if (const std::string word = changeView(_shown, key); !word.empty()) say(word);
+    const bool keepsGestures = key.action == Action::kCruise || key.action == Action::kCruiseSpeed ||
+                               key.action == Action::kBackground;
+    if (!keepsGestures) _gestures.forget();
+    if (const std::string message = changeView(_shown, key); !message.empty()) say(message);
 }
 
 void Viewer::performOnPlayback(const Key& key) {
@@ -191,24 +192,24 @@ void Viewer::saveScreenshot() {
         _out.line(name);
     } catch (const ReaderGone&) {
     } catch (const std::exception& problem) {
-        tell(problem.what());
+        warn(problem.what());
     }
 }
 
-// Following what is played
+// Playback
 
 void Viewer::followPlayback() {
-    if (_playback->frames().takeNew()) _drawWanted = true;
-    if (const FrameRelay::Size size = _playback->frames().size(); size != _pictureSize) {
-        _pictureSize = size;
+    if (_playback->frames().takeNew()) _mustDraw = true;
+    if (const FrameRelay::Size size = _playback->frames().size(); size != _frameSize) {
+        _frameSize = size;
         _shown.applyLens();
         checkLens();
-        wake(kSettles);
+        wake(kAnimationTime);
     }
     followLens();
-    const bool ended = _playback->hasEnded();  // asked first: what it said last comes before it has ended
-    for (const std::string& message : _playback->takeMessages()) tell(message);
-    if (_numbersShown && secondsNow() - _numbersSince >= kNumbersEvery) updateNumbers();
+    const bool ended = _playback->hasEnded();  // before takeMessages(), so that no last message is lost
+    for (const std::string& message : _playback->takeMessages()) warn(message);
+    if (_numbersShown && secondsNow() - _numbersSince >= kNumbersInterval) updateNumbers();
     if (_options.keepOpen || !ended) return;
     _quit = true;
     if (_playback->hasFailed()) _status = 1;
@@ -218,17 +219,17 @@ void Viewer::followLens() {
     try {
         const auto choice = _playback->takeLens();
         if (!choice) return;
-        if (!choice->message.empty()) warn(choice->message);
+        if (!choice->message.empty()) printError(choice->message);
         _shown.setLens(choice->lens);
         checkLens();
-        wake(kSettles);
+        wake(kAnimationTime);
     } catch (const std::exception& problem) {
-        tell(problem.what());
+        warn(problem.what());
     }
 }
 
 void Viewer::checkLens() {
-    if (const std::string misfit = _shown.misfit(); !misfit.empty()) tell(misfit);
+    if (const std::string misfit = _shown.misfit(); !misfit.empty()) warn(misfit);
 }
 
 void Viewer::updateNumbers() {
@@ -236,7 +237,7 @@ void Viewer::updateNumbers() {
     const double framesPerSecond = _framesSince / std::max(now - _numbersSince, 0.001);
     _numbersSince = now;
     _framesSince = 0;
-    _drawWanted = true;
+    _mustDraw = true;
     if (!_numbersShown) return _overlay.setNumbers("");
     const PlayerStatus status = _playback->status();
     char text[160];
@@ -246,23 +247,23 @@ void Viewer::updateNumbers() {
     _overlay.setNumbers(text);
 }
 
-// Drawing
+// Rendering
 
-// Asked anew each time: not every window system tells every change.
+// Polled, because not every window system reports all changes.
 void Viewer::resize() {
     const SurfaceScale scale = _window.scale();
     if (scale == _scale) return;
     _scale = scale;
     Fovix_SetPPIZoom(scale.ppiZoom);
     Fovix_Init(_view.handle(), scale.width, scale.height);
-    wake(kSettles);
+    wake(kAnimationTime);
 }
 
 void Viewer::draw() {
     const double now = secondsNow();
     if (!_window.isVisible()) return;
     const bool moves = now < _movesUntil;
-    if (!moves && !_drawWanted) return;
+    if (!moves && !_mustDraw) return;
     if (!moves) _clock.restart(now);
     const int steps = _clock.due(now);
     if (steps == 0) return;
@@ -271,11 +272,11 @@ void Viewer::draw() {
     _overlay.draw(_scale, _gestures.band(), now);
     _window.present();
     ++_framesSince;
-    _drawWanted = false;
-    if (_watch.hasMoved(_view.handle())) wake(kMovesOn);
+    _mustDraw = false;
+    if (_watch.hasMoved(_view.handle())) wake(kMotionTime);
 }
 
-// Steps that the display is too slow to show; a pixel of them is enough.
+// Animation steps that the display is too slow to show; one pixel of them is enough.
 void Viewer::drawHidden(int steps) {
     if (steps < 1) return;
     glEnable(GL_SCISSOR_TEST);
@@ -288,14 +289,14 @@ void Viewer::drawView() {
     Fovix_Drawself(_view.handle());
 }
 
-void Viewer::say(const std::string& word) {
-    _overlay.say(word, secondsNow());
+void Viewer::say(const std::string& message) {
+    _overlay.say(message, secondsNow());
     wake(Overlay::kWordSeconds);
 }
 
-void Viewer::tell(const std::string& text) {
-    warn(text);
-    say(text);
+void Viewer::warn(const std::string& message) {
+    printError(message);
+    say(message);
 }
 
 void Viewer::wake(double seconds) {

@@ -1,5 +1,5 @@
-// fovix-view at work: takes events, steers the view, follows what is played and draws when there is something
-// to see.
+// The main loop of fovix-view: handles events, steers the view, follows the playback and renders if anything
+// changed.
 #pragma once
 
 #include <memory>
@@ -23,10 +23,10 @@ namespace fovix_host {
 
 class Viewer {
   public:
-    // Opens the window. Throws std::runtime_error with a sentence for the user.
+    // Opens the window. Throws std::runtime_error with a message for the user.
     Viewer(const ViewerOptions& options, OwnOutput& out);
 
-    // Until the user quits or the input ends; the status of the program.
+    // Runs until the user quits or the inputs end; returns the exit status.
     int run();
 
   private:
@@ -46,20 +46,20 @@ class Viewer {
     void leave();
     void saveScreenshot();
 
-    // Following what is played
+    // Playback
     void followPlayback();
     void followLens();
     void checkLens();
     void updateNumbers();
 
-    // Drawing
+    // Rendering
     void resize();
     void draw();
     void drawHidden(int steps);
     void drawView();
-    void say(const std::string& word);
-    void tell(const std::string& text);  // also on standard error
-    void wake(double seconds);           // the view may move for so long
+    void say(const std::string& message);
+    void warn(const std::string& message);  // also on standard error
+    void wake(double seconds);              // the view may move for this time
 
     const ViewerOptions& _options;
     OwnOutput& _out;
@@ -74,12 +74,12 @@ class Viewer {
     Overlay _overlay;
     StepClock _clock;
     ViewWatch _watch;
-    FrameRelay::Size _pictureSize;
-    double _movesUntil = 0;  // by itself, as far as is known
-    bool _drawWanted = true;
+    FrameRelay::Size _frameSize;
+    double _movesUntil = 0;  // the view may animate until then
+    bool _mustDraw = true;
     bool _numbersShown = false;
     double _numbersSince = 0;
-    int _framesSince = 0;  // _numbersSince
+    int _framesSince = 0;  // rendered since _numbersSince
     bool _quit = false;
     int _status = 0;
 };

@@ -130,14 +130,14 @@ TEST(ShownView, KeysLeaveItAsTheySay) {
         ShownFrame view(FOVIX_TYPE_360VR);
         const std::string said = view.press(test.keys);
         EXPECT_EQ(said, test.said);
-        EXPECT_EQ(view.shown().words(), test.shown);
-        EXPECT_EQ(view.shown().cruiseWords(), test.cruise);
+        EXPECT_EQ(view.shown().description(), test.shown);
+        EXPECT_EQ(view.shown().cruiseDescription(), test.cruise);
         view.draw(3);
         const auto before = view.pose();
         view.draw(10);
         const auto after = view.pose();
         const bool turns = after.pan != before.pan || after.xAngle != before.xAngle;
-        const std::string cruise = view.shown().cruiseWords();
+        const std::string cruise = view.shown().cruiseDescription();
         EXPECT_EQ(turns, cruise.starts_with("cruise on"));
         const bool forwards = cruise.find("speed -") == cruise.npos;
         EXPECT_TRUE(after.pan == before.pan || (after.pan > before.pan) == forwards);

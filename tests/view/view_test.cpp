@@ -195,11 +195,11 @@ TEST(ViewChoices, GoRoundEverythingThatFitsTogetherAndNothingElse) {
     std::set<std::string> seen;
     for (int mount = 0; mount < 4; ++mount, view = withNextMount(view))
         for (int shape = 0; shape < 10; ++shape, view = withNextShape(view, 1))
-            seen.insert(wordsFor(view, 1));
+            seen.insert(describe(view, 1));
     EXPECT_EQ(seen.size(), 10u + 5u + 1u + 1u) << "shapes of ceiling, wall, wall inverted and floor";
     EXPECT_TRUE(seen.contains("360 · wall · overview-five"));
-    EXPECT_EQ(wordsFor(view, 1), "360 · ceiling · single") << "round and back";
-    EXPECT_EQ(wordsFor(withNextShape(view, -1), 1), "360 · ceiling · two-and-strip");
+    EXPECT_EQ(describe(view, 1), "360 · ceiling · single") << "round and back";
+    EXPECT_EQ(describe(withNextShape(view, -1), 1), "360 · ceiling · two-and-strip");
 
     const std::vector<int> types{0, 1, 2, 3, 20, 21, 22, 24};
     ViewOptions next = view;
@@ -209,16 +209,16 @@ TEST(ViewChoices, GoRoundEverythingThatFitsTogetherAndNothingElse) {
     }
     EXPECT_EQ(next.type, view.type);
     EXPECT_EQ(withNextType(view, -1).type, FOVIX_TYPE_TWO_LENSES);
-    EXPECT_EQ(wordsFor(withNextMode(withTypeNumber(view, 2)), 1), "180 · stretch");
-    EXPECT_EQ(wordsFor(withNextLens(withTypeNumber(view, 6), 3), 3), "lenses · 2 of 3");
-    EXPECT_EQ(wordsFor(withNextLens(withNextLens(withTypeNumber(view, 8), 1), 1), 1),
+    EXPECT_EQ(describe(withNextMode(withTypeNumber(view, 2)), 1), "180 · stretch");
+    EXPECT_EQ(describe(withNextLens(withTypeNumber(view, 6), 3), 3), "lenses · 2 of 3");
+    EXPECT_EQ(describe(withNextLens(withNextLens(withTypeNumber(view, 8), 1), 1), 1),
               "two-lenses · both · first");
 }
 
 TEST(PositionMap, FindsThePlaceOfEveryColourThatIsDrawn) {
     for (const auto& [width, height] : {std::pair{3840, 2160}, std::pair{333, 57}, std::pair{1, 1}}) {
         const PositionMap map(width, height);
-        const RgbaImage picture = map.picture();
+        const RgbaImage picture = map.image();
         for (int i = 0; i < 1000; ++i) {
             const int x = static_cast<int>(i * 7919LL % width), y = static_cast<int>(i * 104729LL % height);
             const std::uint8_t* p = picture.at(x, y);
@@ -244,7 +244,7 @@ TEST(ViewerOptions, ChooseASensibleTypeForTheInputs) {
           Case{{"a.mp4", "--type", "180", "--draw-mode", "curved"}, "180 · curved"}}) {
         std::vector<const char*> words{"fovix-view"};
         words.insert(words.end(), test.words.begin(), test.words.end());
-        EXPECT_EQ(wordsFor(parseViewerOptions(static_cast<int>(words.size()), words.data()).view, 2),
+        EXPECT_EQ(describe(parseViewerOptions(static_cast<int>(words.size()), words.data()).view, 2),
                   test.view);
     }
 }

@@ -1,4 +1,4 @@
-// The gestures' calls as calls of libfovix on the one view of the window.
+// Implements the calls of gestures with libfovix.
 #pragma once
 
 #include <functional>
@@ -13,10 +13,10 @@ namespace fovix_host {
 
 class LibraryCalls final : public ViewCalls {
   public:
-    // say shows a word on the screen. The scale is the window's at the time of a call.
-    LibraryCalls(VRHANDLE view, std::function<FrameRelay&()> pictures, const ShownView& shown,
+    // say() shows a message in the window. The scale follows the window.
+    LibraryCalls(VRHANDLE view, std::function<FrameRelay&()> frames, const ShownView& shown,
                  const SurfaceScale& scale, std::function<void(const std::string&)> say)
-        : _view(view), _pictures(std::move(pictures)), _shown(shown), _scale(scale), _say(std::move(say)) {}
+        : _view(view), _frames(std::move(frames)), _shown(shown), _scale(scale), _say(std::move(say)) {}
 
     int type() const override { return Fovix_GetType(_view); }
     double zoom() const override;
@@ -37,14 +37,14 @@ class LibraryCalls final : public ViewCalls {
   private:
     PickedSpots pick(const std::vector<SurfacePosition>& points) const;
     void lookAtTarget(SurfacePosition at);
-    void lookAround(const FrameSpot& spot, FrameRelay::Size picture, double extent);
+    void lookAround(const FrameSpot& spot, FrameRelay::Size frame, double extent);
     void spread(double ratio);
     void turnBy(double pan, double tilt, double zoom);
     void magnifyInset(SurfacePosition at);
     void magnifyFlat(SurfacePosition at);
 
     VRHANDLE _view;
-    std::function<FrameRelay&()> _pictures;
+    std::function<FrameRelay&()> _frames;
     const ShownView& _shown;
     const SurfaceScale& _scale;
     std::function<void(const std::string&)> _say;

@@ -1,4 +1,4 @@
-// Where a panorama has to look so that a point of the picture comes to the middle of its screen.
+// Calculates the view of a panorama that centres a point of the frame.
 #pragma once
 
 #include "circle/LensCircle.h"
@@ -9,30 +9,30 @@ namespace fovix_host {
 
 class PanoramaAim {
   public:
-    PanoramaAim(const LensCircle& lens, FrameRelay::Size picture);
+    PanoramaAim(const LensCircle& lens, FrameRelay::Size frame);
 
-    // Under a ceiling: what Fovix_DisplayTarget() has to be told at this zoom to look there. By itself it
-    // tilts in proportion to the distance from the middle of the picture, whatever the lens.
+    // Ceiling mount: the target for Fovix_DisplayTarget() that makes it look at the spot at this zoom. That
+    // function tilts in proportion to the distance from the centre of the frame, whatever the lens is.
     FrameSpot ceilingTarget(const FrameSpot& spot, double zoom) const;
 
-    // The zoom at which so many pixels of the picture and a little more are seen from edge to edge, where
-    // there is one.
+    // The zoom at which this many pixels of the frame, plus a margin, fill the screen; clamped to the valid
+    // range.
     double zoomFor(double pixels, bool onCeiling) const;
 
     struct PanTilt {
         double pan, tilt;
     };
-    // On a wall, where both count from 90 degrees, straight ahead.
+    // Wall mounts, where straight ahead is a pan and tilt of 90 degrees.
     PanTilt onWall(const FrameSpot& spot, bool inverted) const;
 
   private:
     struct Polar {
-        double x, y;   // from the middle of the lens outwards, of length 1
-        double angle;  // from the lens's axis, in degrees
+        double x, y;   // unit vector from the lens centre
+        double angle;  // from the optical axis, in degrees
     };
     Polar polarOf(const FrameSpot& spot) const;
 
-    FrameRelay::Size _picture;
+    FrameRelay::Size _frame;
     double _x, _y, _radius;
 };
 

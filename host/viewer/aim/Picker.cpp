@@ -20,7 +20,7 @@ Colours drawnColours(VRHANDLE view, const RgbaImage& map, const SurfaceScale& sc
         const int x = std::clamp(static_cast<int>(point.x), 0, scale.width - 1);
         const int y = std::clamp(static_cast<int>(point.y), 0, scale.height - 1);
         PositionMap::Colour colour{};
-        // GL counts rows from the lowest one.
+        // GL counts rows from the bottom.
         glReadPixels(x * scale.ppiZoom, (scale.height - 1 - y) * scale.ppiZoom, 1, 1, GL_RGBA,
                      GL_UNSIGNED_BYTE, colour.data());
         colours.push_back(colour);
@@ -30,13 +30,13 @@ Colours drawnColours(VRHANDLE view, const RgbaImage& map, const SurfaceScale& sc
 
 }  // namespace
 
-PickedSpots pickSpots(VRHANDLE view, FrameRelay& pictures, const SurfaceScale& scale,
+PickedSpots pickSpots(VRHANDLE view, FrameRelay& frames, const SurfaceScale& scale,
                       const std::vector<SurfacePosition>& points) {
-    PickedSpots picked{pictures.size(), {}};
-    if (picked.picture.width < 1) return picked;
-    const PositionMap map(picked.picture.width, picked.picture.height);
-    const FrameRelay::Hold hold(pictures);
-    for (const PositionMap::Colour& colour : drawnColours(view, map.picture(), scale, points))
+    PickedSpots picked{frames.size(), {}};
+    if (picked.frame.width < 1) return picked;
+    const PositionMap map(picked.frame.width, picked.frame.height);
+    const FrameRelay::Hold hold(frames);
+    for (const PositionMap::Colour& colour : drawnColours(view, map.image(), scale, points))
         if (const auto spot = map.spot(colour)) picked.spots.push_back(*spot);
     return picked;
 }

@@ -1,5 +1,5 @@
-// Finds the points of the picture that are shown at points of the surface: has the view draw a map of the
-// picture in its place, and reads the colours there. What the window shows does not change.
+// Finds the spots of the frame that are visible at points of the surface: the view renders a position map in
+// place of the frame, and the colours at the points are read back. The window does not change.
 #pragma once
 
 #include <optional>
@@ -12,13 +12,13 @@
 namespace fovix_host {
 
 struct PickedSpots {
-    FrameRelay::Size picture;
-    std::vector<FrameSpot> spots;  // of those points where the picture is
+    FrameRelay::Size frame;
+    std::vector<FrameSpot> spots;  // only of points where the frame is visible
 };
 
-// Needs the GL context current and a black background; a frame is drawn and not presented. Empty
-// before the first picture.
-PickedSpots pickSpots(VRHANDLE view, FrameRelay& pictures, const SurfaceScale& scale,
+// Requires a current GL context and a black background. Renders a frame without presenting it. Empty before
+// the first frame of the input.
+PickedSpots pickSpots(VRHANDLE view, FrameRelay& frames, const SurfaceScale& scale,
                       const std::vector<SurfacePosition>& points);
 
 }  // namespace fovix_host

@@ -1,6 +1,6 @@
-// A picture whose colours say where a pixel lies in it. Drawn by a view in place of the camera's picture, it
-// tells which point of the picture is shown at a point of the surface, whatever the view does with it: to a
-// 510th of the picture's size, which is finer than the library aims.
+// An image whose colours encode the position of each pixel. Rendered in place of a frame, it shows which
+// point of the frame is visible at a point of the surface, whatever the projection is. The accuracy is a
+// 510th of the frame's size, which is finer than the library aims.
 #pragma once
 
 #include <array>
@@ -12,7 +12,7 @@
 namespace fovix_host {
 
 struct FrameSpot {
-    double x = 0, y = 0;  // picture pixels
+    double x = 0, y = 0;  // pixels of the frame
 };
 
 class PositionMap {
@@ -21,11 +21,11 @@ class PositionMap {
 
     PositionMap(int width, int height) : _width(width), _height(height) {}
 
-    // Red grows from left to right, green from top to bottom, so that blends of neighbours are right too;
-    // a certain blue marks the picture.
-    RgbaImage picture() const;
+    // Red grows from left to right and green from top to bottom, so that blends of neighbours are correct,
+    // too. A certain blue marks the image.
+    RgbaImage image() const;
 
-    // From the colour that is drawn at a point; nothing where that is none of the picture.
+    // The spot of a rendered colour; nullopt for colours that are not from the image.
     std::optional<FrameSpot> spot(const Colour& colour) const;
 
   private:

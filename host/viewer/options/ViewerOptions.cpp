@@ -10,9 +10,9 @@ namespace fovix_host {
 namespace {
 
 SurfaceSize parseWindowSize(const std::string& text) {
-    constexpr int kMost = 16384;  // of SDL
+    constexpr int kMaxSide = 16384;  // limit of SDL
     const SurfaceSize size = parseSize(text);
-    if (std::max(size.width, size.height) > kMost)
+    if (std::max(size.width, size.height) > kMaxSide)
         refuse("--size", text, "a window of at most 16384x16384 pixels");
     return size;
 }
@@ -32,7 +32,7 @@ void describeViewer(CommandLine& line, ViewerOptions& options) {
     line.addFlag("--verbose", "print the library's diagnostics to standard error", options.verbose);
 }
 
-// People come to look round; several inputs are there to be seen side by side.
+// The panorama suits most cameras; several inputs are shown side by side.
 void chooseType(ViewTexts& texts, const InputOptions& input) {
     if (!texts.type.empty()) return;
     texts.type = !texts.showLens.empty()                          ? "lenses"

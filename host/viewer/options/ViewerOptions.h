@@ -15,7 +15,7 @@ struct ViewerOptions {
     double start = 0;             // seconds
     bool fullScreen = false;
     bool loop = false;
-    bool keepOpen = false;  // after the end of a video
+    bool keepOpen = false;  // at the end of the inputs
     bool sensors = false;
     bool verbose = false;
 };

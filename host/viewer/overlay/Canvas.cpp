@@ -131,7 +131,7 @@ CanvasSize Canvas::textSize(const std::string& text, float height) {
 void Canvas::text(float x, float y, const std::string& text, float height, const CanvasColour& colour) {
     const Texture* texture = textureOf(text, height);
     if (!texture) return;
-    // On whole pixels, where the letters are sharp.
+    // Letters are sharp only on whole pixels.
     const auto snapped = [&](float place) {
         return static_cast<float>(std::round(place * _density) / _density);
     };

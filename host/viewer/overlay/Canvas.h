@@ -1,4 +1,4 @@
-// Draws panels, frames and text over what the library has drawn, in the window's own units from the top left.
+// Draws panels, frames and text over the view, in window units from the top left.
 #pragma once
 
 #include <map>
@@ -20,14 +20,14 @@ struct CanvasSize {
 
 class Canvas {
   public:
-    // Without a font no text is drawn. The GL context is current for as long as the canvas lives.
+    // Draws no text without a font. Requires a current GL context until the canvas is destroyed.
     explicit Canvas(std::unique_ptr<Font> font) : _font(std::move(font)) {}
     ~Canvas();
     Canvas(const Canvas&) = delete;
     Canvas& operator=(const Canvas&) = delete;
 
-    // Between these two everything is drawn. A frame of the library leaves state that has to go first, and
-    // sets its own anew the next time.
+    // Everything is drawn between these two calls. begin() resets the GL state that the library leaves; the
+    // library sets its own state again in its next frame.
     void begin(const SurfaceScale& scale);
     void end();
 
@@ -41,7 +41,7 @@ class Canvas {
     struct Texture {
         unsigned int name = 0;
         int width = 0, height = 0;
-        bool used = false;  // in this frame; the others go at its end
+        bool used = false;  // in this frame; unused textures are deleted at its end
     };
     Texture* textureOf(const std::string& text, float height);
 

@@ -1,4 +1,4 @@
-// The system's sans-serif font, as text that becomes pictures. Fontconfig finds the file.
+// Renders text to images with the system's sans-serif font, which Fontconfig finds.
 #pragma once
 
 #include <memory>
@@ -11,12 +11,12 @@ namespace fovix_host {
 
 class Font {
   public:
-    // Nothing where the machine has no usable font.
+    // Returns null if there is no usable font.
     static std::unique_ptr<Font> open();
     ~Font();
 
-    // White text, its opacity in the fourth byte, in a height of so many pixels per line; empty when it
-    // cannot be drawn.
+    // White text with its opacity in the alpha channel, in the given line height; nullopt if it cannot be
+    // drawn.
     std::optional<RgbaImage> draw(const std::string& text, int pixels);
 
   private:

@@ -1,5 +1,4 @@
-// What the viewer itself shows over the picture: a word that fades, the numbers, the help, the rectangle that
-// is being drawn.
+// What the viewer draws over the view: a fading message, the numbers, the help and the rectangle of a drag.
 #pragma once
 
 #include <optional>
@@ -16,13 +15,13 @@ class Overlay {
 
     static constexpr double kWordSeconds = 2;
 
-    // A word in place of the one before.
+    // Replaces the current message.
     void say(const std::string& word, double seconds);
     void setNumbers(const std::string& numbers) { _numbers = numbers; }
     void toggleHelp() { _help = !_help; }
     bool isHelpShown() const { return _help; }
 
-    // How strongly the word is seen: 1, then less, then 0.
+    // Opacity of the message, fading from 1 to 0.
     double wordStrength(double seconds) const;
 
     void draw(const SurfaceScale& scale, const std::optional<Gestures::Band>& band, double seconds);

@@ -1,5 +1,5 @@
-// The newest picture of every input on its way into the view. The players' threads hand pictures in; the
-// viewer's thread may hold them back for a moment, and have the newest ones handed in again.
+// Submits the newest frame of each input to the view. The players' threads deliver frames; the viewer's
+// thread can block them for a moment, after which the newest frames are submitted again.
 #pragma once
 
 #include <atomic>
@@ -14,42 +14,42 @@ namespace fovix_host {
 
 class FrameRelay {
   public:
-    // wake tells the viewer's thread that there is something new; any thread calls it.
+    // wake() notifies the viewer's thread of a new frame; it is called on any thread.
     FrameRelay(VRHANDLE view, int inputs, std::function<void()> wake);
 
-    void show(int slot, const PackedFrame& picture);
+    void show(int slot, const PackedFrame& frame);
 
-    // Whether a picture has come since the last call.
+    // Returns true if a frame has arrived since the last call.
     bool takeNew() { return _new.exchange(false); }
 
     struct Size {
         int width = 0, height = 0;
         bool operator==(const Size&) const = default;
     };
-    Size size() const;  // of the first input's picture; 0 until it comes
+    Size size() const;  // of the first input's frame; 0 before its first one
     int count() const { return static_cast<int>(_slots.size()); }
 
-    // While it lives no player changes what the view shows; the viewer may hand in others. At its end the
-    // newest pictures are back.
+    // While it exists, players do not change the view, and the viewer may submit other frames. Its destructor
+    // submits the newest frames again.
     class Hold {
       public:
-        explicit Hold(FrameRelay& pictures) : _pictures(pictures), _lock(pictures._mutex) {}
-        ~Hold() { _pictures.handInAll(); }
+        explicit Hold(FrameRelay& frames) : _frames(frames), _lock(frames._mutex) {}
+        ~Hold() { _frames.submitAll(); }
         Hold(const Hold&) = delete;
         Hold& operator=(const Hold&) = delete;
 
       private:
-        FrameRelay& _pictures;
+        FrameRelay& _frames;
         std::lock_guard<std::mutex> _lock;
     };
 
   private:
     struct Slot {
         std::vector<unsigned char> bytes;
-        PackedFrame picture;  // of these bytes
+        PackedFrame frame;  // refers to these bytes
     };
-    void handIn(int slot) const;
-    void handInAll() const;
+    void submit(int slot) const;
+    void submitAll() const;
 
     VRHANDLE _view;
     std::function<void()> _wake;

@@ -1,5 +1,5 @@
-// Finds the lens circle in the pictures as they are played, when nobody has told it. The first one decides
-// where its circle is beyond doubt; else some more from other moments help.
+// Searches for the lens circle in the frames as they are played, if it is unknown. The first frame decides if
+// its circle is certain; otherwise some later frames help.
 #pragma once
 
 #include <mutex>
@@ -12,20 +12,21 @@ namespace fovix_host {
 
 class LensWatch {
   public:
-    // Looks for nothing where the lens is at hand. Throws std::runtime_error where the camera's file cannot
+    // Does not search if the lens is given or stored. Throws std::runtime_error if the camera's file cannot
     // be read or written.
     LensWatch(LensRequest request, bool searches);
 
-    // On a player's thread; cheap once the lens is known.
-    void look(const PackedFrame& picture);
+    // Called on a player's thread; cheap once the lens is known.
+    void look(const PackedFrame& frame);
 
-    // The choice, once, and without waiting for it; noMoreFrames: there are none to come. Throws as above.
+    // Returns the choice once, without waiting for it. noMoreFrames: decide with the frames so far. Throws
+    // like the constructor.
     std::optional<LensChoice> takeChoice(bool noMoreFrames);
 
   private:
     LensRequest _request;
-    std::optional<LensChoice> _atHand;
-    std::mutex _mutex;  // guards what follows
+    std::optional<LensChoice> _known;  // without a search
+    std::mutex _mutex;                 // guards the following
     LensFinder _finder;
     std::optional<FoundLens> _found;
     int _seen = 0;

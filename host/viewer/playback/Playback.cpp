@@ -10,7 +10,7 @@ namespace fovix_host {
 
 namespace {
 
-constexpr int kLiveSample = 960;  // drawn while somebody watches: about half the work of the full size
+constexpr int kLiveSample = 960;  // pixels; drawn in real time, with about half the work of the full size
 
 }  // namespace
 
@@ -31,7 +31,7 @@ Playback::Opened Playback::openAll(const ViewerOptions& options) {
         if (!opened.lensOfSample) opened.lensOfSample = sample->lens();
         opened.inputs.emplace_back(std::move(sample));
     }
-    // The lenses take RGBA only, and the grid shows either RGBA or YUV in all of its cells.
+    // Type lenses accepts only RGBA, and all cells of the grid must have the same format.
     if (opened.inputs.size() > 1 || options.view.type == FOVIX_TYPE_MULTI_LENS)
         opened.settings.formats = PackedFormats::kRgba;
     return opened;
@@ -62,9 +62,9 @@ Playback::Playback(Opened opened, const Host& host)
 void Playback::open(PlayerInput input, const PlayerSettings& settings) {
     const int slot = static_cast<int>(_players.size());
     PlayerCallbacks callbacks;
-    callbacks.show = [this, slot](const PackedFrame& picture) {
-        _frames.show(slot, picture);
-        if (slot == 0) _lens.look(picture);
+    callbacks.show = [this, slot](const PackedFrame& frame) {
+        _frames.show(slot, frame);
+        if (slot == 0) _lens.look(frame);
     };
     callbacks.message = [this](const std::string& message) {
         {

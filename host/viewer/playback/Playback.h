@@ -1,4 +1,4 @@
-// What is being played: a player for each input, the pictures they hand over, and what they have to say.
+// The inputs of the viewer: a player for each, their frames and their messages.
 #pragma once
 
 #include <functional>
@@ -23,25 +23,26 @@ class Playback {
         std::function<void()> wake;  // called on the players' threads
     };
 
-    // The inputs of the options.
+    // Plays the inputs of the options.
     Playback(const ViewerOptions& options, const Host& host);
-    // One file in their place. Throws std::runtime_error with a sentence when it cannot be shown.
+    // Plays one file instead. Throws std::runtime_error with a message if it cannot be shown.
     Playback(const std::string& file, const ViewerOptions& options, const Host& host);
 
     FrameRelay& frames() { return _frames; }
-    // The circle that the sample's camera has.
+    // The lens circle of the sample, if it is played.
     const std::optional<LensCircle>& lensOfSample() const { return _lensOfSample; }
 
-    // The lens circle of the inputs, once it is known. Throws std::runtime_error where it cannot be kept.
+    // Returns the choice of the lens circle once, when it is known. Throws std::runtime_error if it cannot be
+    // saved.
     std::optional<LensChoice> takeLens();
 
     void togglePause();
     void step();
-    bool seekBy(double seconds);  // false where no input can be sought
+    bool seekBy(double seconds);  // returns false if no input can seek
 
     bool isPaused() const { return _paused; }
-    bool hasFailed() const;  // every input, for good
-    bool hasEnded() const;   // no input will show anything else
+    bool hasFailed() const;  // all inputs failed permanently
+    bool hasEnded() const;   // all inputs ended or failed
 
     PlayerStatus status() const { return _players.front()->status(); }  // of the first input
     long dropped() const;
@@ -62,7 +63,7 @@ class Playback {
     LensWatch _lens;
     bool _paused = false;
     FrameRelay _frames;
-    std::vector<std::unique_ptr<Player>> _players;  // last: they call into all of the above
+    std::vector<std::unique_ptr<Player>> _players;  // last, because they call into all others
 };
 
 }  // namespace fovix_host

@@ -8,18 +8,19 @@ namespace {
 
 using Kind = PointerEvent::Kind;
 
-constexpr double kWheelRest = 0.2;       // seconds after which a turn of the wheel has ended
-constexpr float kWheelPlace = 24;        // pixels; a cursor farther off turns for another screen
-constexpr float kSlowestFling = 120;     // pixels per second
+constexpr double kWheelRest = 0.2;       // seconds; ends a zoom with the wheel
+constexpr float kWheelPlace = 24;        // pixels; a cursor further away may be over a different screen
+constexpr float kMinFling = 120;         // pixels per second
 constexpr double kDoubleTapTime = 0.35;  // seconds
 constexpr float kTapPlace = 32;          // pixels
-constexpr float kFingersApart = 200;     // pixels between the two that stand for the wheel
+constexpr float kFingersApart = 200;     // pixels between the two fingers that simulate the wheel
+constexpr float kMinBand = 4;            // pixels; a smaller rectangle is a slip of the hand
 
 float distance(SurfacePosition a, SurfacePosition b) {
     return std::hypot(a.x - b.x, a.y - b.y);
 }
 
-// Of these the end of a gesture would bring the whole picture back from any moderate zoom.
+// Flat types return from moderate zooms to the whole frame at the end of a gesture.
 bool isFlat(int type) {
     return type != FOVIX_TYPE_360VR && type != FOVIX_TYPE_180VR && type != FOVIX_TYPE_SINGLE_PIP;
 }
@@ -27,9 +28,9 @@ bool isFlat(int type) {
 }  // namespace
 
 float zoomOfNotch(int type) {
-    // Beyond 1.2 at once the 360-degree view takes it for a flick of two fingers; the zoom of a flat picture
-    // counts in smaller steps of its field of view.
-    return isFlat(type) ? 1.4f : 1.15f;
+    // The 360-degree type treats a ratio above 1.2 as a flick. Flat types react more weakly to pinches.
+    constexpr float kFlatNotch = 1.4f, kNotch = 1.15f;
+    return isFlat(type) ? kFlatNotch : kNotch;
 }
 
 void Gestures::handle(const PointerEvent& event) {
@@ -67,8 +68,8 @@ void Gestures::forget() {
     _fingers.clear();
 }
 
-// A hand on a mouse zooms with the wheel before it drags: what it sees then is to stay, unless it is smaller
-// than the picture need be.
+// With a mouse, users zoom with the wheel and then drag. Keep that zoom, unless it is smaller than the whole
+// frame.
 void Gestures::settle() {
     if (!isFlat(_view.type()) || _pinched || _view.zoom() < 1) _view.autoAdjust();
 }
@@ -104,9 +105,9 @@ void Gestures::endDrag(const PointerEvent& event, bool mayFling) {
     _dragging = false;
     _view.touchUp(event.at);
     const PixelsPerSecond speed = _velocity.at(event.seconds);
-    const bool flings = mayFling && std::hypot(speed.x, speed.y) >= kSlowestFling;
+    const bool flings = mayFling && std::hypot(speed.x, speed.y) >= kMinFling;
     if (flings) _view.fling(speed.x, speed.y);
-    // A fling on a flat picture is a wish to see more of it, not the whole again.
+    // After a fling, a flat type keeps its zoom.
     if (!flings || !isFlat(_view.type())) settle();
 }
 
@@ -115,8 +116,7 @@ void Gestures::release(const PointerEvent& event) {
     if (!_band) return;
     const Band band{_band->from, event.at};
     _band.reset();
-    constexpr float kLeast = 4;  // pixels; less is a slip of the hand
-    if (std::abs(band.to.x - band.from.x) < kLeast || std::abs(band.to.y - band.from.y) < kLeast) return;
+    if (std::abs(band.to.x - band.from.x) < kMinBand || std::abs(band.to.y - band.from.y) < kMinBand) return;
     _view.showRectangle({std::min(band.from.x, band.to.x), std::min(band.from.y, band.to.y)},
                         {std::max(band.from.x, band.to.x), std::max(band.from.y, band.to.y)});
 }
@@ -127,7 +127,7 @@ void Gestures::cancel(const PointerEvent& event) {
     forget();
 }
 
-// The wheel and the trackpad: one pinch for all notches that follow each other quickly
+// Wheel and trackpad: notches in quick succession form one pinch
 
 void Gestures::zoomBy(const PointerEvent& event, double ratio) {
     if (_dragging || _band || !_fingers.empty() || !std::isfinite(ratio) || ratio <= 0 || ratio == 1) return;
@@ -138,12 +138,15 @@ void Gestures::zoomBy(const PointerEvent& event, double ratio) {
         showZoom();
     }
     _wheel->lastNotch = event.seconds;
-    // Several notches at once are one after the other for the view.
+    // Pass on several notches at once one by one.
+    constexpr double kMaxRatio = 1e3;  // far beyond every limit of the views
+    constexpr double kRounding = 1e-6;
     const double notch = zoomOfNotch(_view.type());
-    for (double left = std::clamp(ratio, 1e-3, 1e3); left != 1;) {
+    for (double left = std::clamp(ratio, 1 / kMaxRatio, kMaxRatio); left != 1;) {
         const double part = std::clamp(left, 1 / notch, notch);
-        left = std::abs(std::log(left / part)) < 1e-6 ? 1 : left / part;
-        _wheel->scale = std::clamp(_wheel->scale * static_cast<float>(part), 1e-3f, 1e3f);
+        left = std::abs(std::log(left / part)) < kRounding ? 1 : left / part;
+        _wheel->scale = std::clamp(_wheel->scale * static_cast<float>(part),
+                                   static_cast<float>(1 / kMaxRatio), static_cast<float>(kMaxRatio));
         showZoom();
     }
 }
@@ -185,9 +188,13 @@ void Gestures::fingerDown(const PointerEvent& event) {
     _view.pinch(_fingers[0].at, _fingers[1].at);
 }
 
+std::vector<Gestures::Finger>::iterator Gestures::fingerOf(const PointerEvent& event) {
+    return std::find_if(_fingers.begin(), _fingers.end(),
+                        [&](const Finger& known) { return known.id == event.finger; });
+}
+
 void Gestures::fingerMove(const PointerEvent& event) {
-    const auto finger = std::find_if(_fingers.begin(), _fingers.end(),
-                                     [&](const Finger& known) { return known.id == event.finger; });
+    const auto finger = fingerOf(event);
     if (finger == _fingers.end()) return;
     finger->at = event.at;
     if (_fingers.size() == 1)
@@ -197,13 +204,12 @@ void Gestures::fingerMove(const PointerEvent& event) {
 }
 
 void Gestures::fingerUp(const PointerEvent& event) {
-    const auto finger = std::find_if(_fingers.begin(), _fingers.end(),
-                                     [&](const Finger& known) { return known.id == event.finger; });
+    const auto finger = fingerOf(event);
     if (finger == _fingers.end()) return;
     const bool counted = finger - _fingers.begin() < 2;
     _fingers.erase(finger);
     if (!_fingers.empty()) {
-        // The fingers that stay go on from where they are.
+        // The remaining fingers continue from their positions.
         if (counted) _view.touchUp(_fingers[0].at);
         if (counted && _fingers.size() > 1) _view.pinch(_fingers[0].at, _fingers[1].at);
         return;

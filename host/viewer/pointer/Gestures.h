@@ -1,5 +1,5 @@
-// Turns what a mouse, a trackpad or fingers do into the calls that steer the view: drags and flings, pinches,
-// the wheel, double clicks and the rectangle of a drag with Shift. Knows no window system and no GL.
+// Translates events of mouse, trackpad and fingers into calls that steer the view: drags and flings, pinches,
+// the wheel, double clicks and rectangles (drags with Shift). Independent of the window system and of GL.
 #pragma once
 
 #include <optional>
@@ -21,17 +21,17 @@ class Gestures {
 
     void handle(const PointerEvent& event);
 
-    // Ends a turn of the wheel some time after its last notch; call it before each frame.
+    // Ends a zoom with the wheel some time after the last notch. Call it before each rendered frame.
     void tick(double seconds);
     bool isWheelTurning() const { return _wheel.has_value(); }
 
-    // Whether moves of the mouse mean anything.
+    // Returns true if mouse moves are part of a gesture.
     bool isDown() const { return _dragging || _band; }
 
-    // The rectangle that is being drawn, as far as it is drawn.
+    // The rectangle that is being drawn.
     const std::optional<Band>& band() const { return _band; }
 
-    // After this the pointer's and the fingers' next events begin anew, as after a change of type.
+    // Forgets all gestures in progress, as needed after a change of type.
     void forget();
 
   private:
@@ -61,6 +61,7 @@ class Gestures {
     void fingerDown(const PointerEvent& event);
     void fingerMove(const PointerEvent& event);
     void fingerUp(const PointerEvent& event);
+    std::vector<Finger>::iterator fingerOf(const PointerEvent& event);
     bool isSecondTap(const PointerEvent& event) const;
     void settle();
 
@@ -68,14 +69,14 @@ class Gestures {
     Velocity _velocity;
     std::optional<Band> _band;
     std::optional<Wheel> _wheel;
-    std::vector<Finger> _fingers;  // in the order in which they came; two of them count
-    std::optional<Tap> _tap;       // the last one that may become the first of two
+    std::vector<Finger> _fingers;  // in order of touching; the first two count
+    std::optional<Tap> _tap;       // a possible first half of a double tap
     SurfacePosition _downAt;
     bool _dragging = false;
-    bool _pinched = false;  // since the first of the fingers came
+    bool _pinched = false;  // since the first finger touched
 };
 
-// How many times as close one notch of the wheel brings a view of this type.
+// Zoom factor of one notch of the wheel for a display type.
 float zoomOfNotch(int type);
 
 }  // namespace fovix_host

@@ -5,9 +5,10 @@
 namespace fovix_host {
 namespace {
 
-constexpr double kWindow = 0.1;     // seconds
-constexpr double kShortest = 0.01;  // of a flick: less would divide by next to nothing
-constexpr double kRest = 0.06;      // a finger that moves reports more often
+// Seconds.
+constexpr double kWindow = 0.1;
+constexpr double kMinTime = 0.01;  // avoids dividing by almost 0
+constexpr double kRest = 0.06;     // moving fingers report more often
 
 }  // namespace
 
@@ -17,7 +18,7 @@ void Velocity::start(SurfacePosition at, double seconds) {
 
 void Velocity::move(SurfacePosition at, double seconds) {
     _samples.push_back({at, seconds});
-    // The newest sample from before the window is where the movement within it starts.
+    // Keep the newest sample before the window: the movement within the window starts there.
     while (_samples.size() > 2 && _samples[1].seconds < seconds - kWindow) _samples.pop_front();
 }
 
@@ -28,7 +29,7 @@ PixelsPerSecond Velocity::at(double seconds) const {
         return sample.seconds >= seconds - kWindow;
     });
     const Sample& from = &*first == &last ? *(_samples.end() - 2) : *first;
-    const double time = std::max(last.seconds - from.seconds, kShortest);
+    const double time = std::max(last.seconds - from.seconds, kMinTime);
     return {static_cast<float>((last.at.x - from.at.x) / time),
             static_cast<float>((last.at.y - from.at.y) / time)};
 }

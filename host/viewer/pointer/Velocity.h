@@ -1,5 +1,4 @@
-// How fast a finger moves when it leaves the surface: over the last tenth of a second, and not at all when it
-// rested before.
+// Measures the speed of a finger when it is lifted: over the last tenth of a second, or 0 if it rested.
 #pragma once
 
 #include <deque>

@@ -1,5 +1,5 @@
-// What gestures ask of the view: the library's touch calls, and the two that need the picture under a point.
-// Positions are surface pixels from the top left.
+// The calls that gestures make: the library's touch functions, and two that need to know the frame under a
+// point. Positions are surface pixels from the top left.
 #pragma once
 
 #include <Fovix.h>
@@ -13,7 +13,7 @@ class ViewCalls {
     virtual ~ViewCalls() = default;
 
     virtual int type() const = 0;
-    virtual double zoom() const = 0;  // Fovix_GetRotateZoom(); 1 is the whole picture
+    virtual double zoom() const = 0;  // of Fovix_GetRotateZoom(); 1 shows the whole frame
 
     virtual void touchDown(SurfacePosition at) = 0;
     virtual void touchMove(SurfacePosition at) = 0;

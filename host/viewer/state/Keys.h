@@ -1,4 +1,4 @@
-// What the keys do: one table for the keyboard and for the help on the screen.
+// The keys of the viewer: one table for the keyboard and for the help.
 #pragma once
 
 #include <span>
@@ -8,7 +8,7 @@
 namespace fovix_host {
 
 enum class Action {
-    kSetType,  // amount: the number of the key
+    kSetType,  // amount: number of the key
     kNextType,
     kNextMount,
     kNextShape,
@@ -25,27 +25,27 @@ enum class Action {
     kScreenshot,
     kStatistics,
     kHelp,
-    kLeave,  // what is open: the help, the full screen, the program
+    kLeave,  // the help, else full screen, else the program
     kQuit
 };
 
 struct Key {
-    std::string_view name;  // a character as typed, or the name that SDL has for the key
+    std::string_view name;  // the typed character, or SDL's name of the key
     Action action;
-    int amount;                // as Action says; else 1, and -1 for the other way
+    int amount;                // see Action; else 1 for forwards and -1 for backwards
     bool repeats;              // while it is held
-    std::string_view shown;    // in the help; empty where the line before covers it
-    std::string_view meaning;  // likewise
+    std::string_view shown;    // in the help; empty if the previous line covers it
+    std::string_view meaning;  // the same
 };
 
 std::span<const Key> keyTable();
 
-// A capital that means nothing else is its small letter: Caps Lock may be on.
+// A capital without a meaning of its own counts as its small letter: Caps Lock may be on.
 const Key* keyNamed(std::string_view name);
 
 struct HelpLine {
     std::string_view keys, meaning;
 };
-std::vector<HelpLine> helpLines();  // those of the mouse first
+std::vector<HelpLine> helpLines();  // mouse first, then keys
 
 }  // namespace fovix_host

@@ -17,8 +17,8 @@ namespace {
 
 constexpr std::array<unsigned int, 5> kBackgrounds{0x000000, 0x202830, 0x606468, 0xFFFFFF, 0x103050};
 
-constexpr double kCruiseStep = 0.5, kFastestCruise = 5;
-// Its offsets are about one where the others count degrees.
+constexpr double kCruiseStep = 0.5, kMaxCruise = 5;
+// Type pip cruises by offsets of about one, the other types by degrees.
 constexpr double kInsetCruise = 0.02;
 
 }  // namespace
@@ -31,19 +31,19 @@ ShownView::ShownView(VRHANDLE handle, const ViewerOptions& options, const std::u
       _background(options.background) {}
 
 void ShownView::setType(int type) const {
-    // By way of another one, so that the view begins anew; and the library refuses the straightened picture
-    // right after a panorama.
+    // Set a different type first, so that the view is reset even if the type stays the same. The library also
+    // rejects type korvel directly after a panorama.
     Fovix_SetType(_handle, type == FOVIX_TYPE_ORIGINAL ? FOVIX_TYPE_SINGLE_PIP : FOVIX_TYPE_ORIGINAL);
     Fovix_SetType(_handle, type);
 }
 
 void ShownView::apply() {
     _cruising = false;
-    // Until the end of this no player may hand in a picture that was meant for the other type.
+    // No player may submit a frame for the old type before this is complete.
     const FrameRelay::Hold hold(_playback->frames());
     setType(_view.type);
     Fovix_SetBackground(_handle, _background);
-    setLayout(_handle, _view, pictures());
+    setLayout(_handle, _view, inputs());
 }
 
 void ShownView::applyLens() {
@@ -69,14 +69,14 @@ bool ShownView::showsWholeFrame() const {
 }
 
 std::optional<LensCircle> ShownView::lens() const {
-    // The sample of two lenses is one for this type only.
+    // The sample with two lenses fits only this type.
     const bool isStacked = _options.view.type == FOVIX_TYPE_TWO_LENSES;
     const bool fits =
         isStacked == (_view.type == FOVIX_TYPE_TWO_LENSES) && _view.type != FOVIX_TYPE_MULTI_IMAGE;
     if (fits && _playback->lensOfSample()) return _playback->lensOfSample();
     if (_lens && (showsWholeFrame() || _options.input.lens)) return _lens;
     const FrameRelay::Size size = _playback->frames().size();
-    return lensOfType(_view, pictures(), size.width, size.height);
+    return lensOfType(_view, inputs(), size.width, size.height);
 }
 
 ViewOptions ShownView::options() const {
@@ -90,15 +90,15 @@ ViewOptions ShownView::options() const {
 
 bool ShownView::change(const ViewOptions& wanted) {
     const ViewOptions before = options();
-    if (wordsFor(wanted, pictures()) == wordsFor(before, pictures())) return false;
+    if (describe(wanted, inputs()) == describe(before, inputs())) return false;
     _view = wanted;
-    // A layout blends into the next one, unless a cruise is still on its way to where it goes round.
-    const bool beginsAnew = wanted.type != before.type || wanted.mount != before.mount || _cruising;
+    // Layouts blend into each other, unless a cruise is still moving to its path.
+    const bool mustReset = wanted.type != before.type || wanted.mount != before.mount || _cruising;
     stopCruise();
-    if (beginsAnew)
+    if (mustReset)
         reset();
     else
-        setLayout(_handle, wanted, pictures());
+        setLayout(_handle, wanted, inputs());
     return true;
 }
 
@@ -126,9 +126,9 @@ void ShownView::stopCruise() {
     if (std::exchange(_cruising, false)) Fovix_StopAutoCruise(_handle);
 }
 
-// Past standing still it goes the other way round.
+// Skips 0: the speed changes its sign instead.
 void ShownView::changeCruiseSpeed(int steps) {
-    _cruiseSpeed = std::clamp(_cruiseSpeed + steps * kCruiseStep, -kFastestCruise, kFastestCruise);
+    _cruiseSpeed = std::clamp(_cruiseSpeed + steps * kCruiseStep, -kMaxCruise, kMaxCruise);
     if (_cruiseSpeed == 0) _cruiseSpeed = steps * kCruiseStep;
     if (_cruising) startCruise();
 }
@@ -140,14 +140,14 @@ void ShownView::nextBackground() {
     Fovix_SetBackground(_handle, _background);
 }
 
-std::string ShownView::words() const {
-    return wordsFor(options(), pictures());
+std::string ShownView::description() const {
+    return describe(options(), inputs());
 }
 
-std::string ShownView::cruiseWords() const {
-    char words[64];
-    std::snprintf(words, sizeof words, "cruise %s, speed %.1f", _cruising ? "on" : "off", _cruiseSpeed);
-    return words;
+std::string ShownView::cruiseDescription() const {
+    char text[64];
+    std::snprintf(text, sizeof text, "cruise %s, speed %.1f", _cruising ? "on" : "off", _cruiseSpeed);
+    return text;
 }
 
 }  // namespace fovix_host

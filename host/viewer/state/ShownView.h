@@ -1,5 +1,5 @@
-// The state that a person gave the view: type, mount, shape and the like, cruise and background; brings the
-// library's view into it, the lens circle included, which a change of type forgets.
+// User-selected view state: type, layout, cruise, background and lens circle. Applies it to the library,
+// including the lens circle, which a change of type resets.
 #pragma once
 
 #include <Fovix.h>
@@ -15,37 +15,37 @@ namespace fovix_host {
 
 class ShownView {
   public:
-    // The playback is the one shown at the time of a call.
+    // The playback may be replaced later.
     ShownView(VRHANDLE handle, const ViewerOptions& options, const std::unique_ptr<Playback>& playback);
 
-    // Everything that the options ask for.
+    // Applies everything but the lens.
     void apply();
-    // For a picture of another size, or another playback.
+    // Call it for frames of a new size, or a new playback.
     void applyLens();
     void setLens(const std::optional<LensCircle>& lens);
-    // The one that is shown; nothing for the library's own.
+    // The circle in use; nullopt for the library's default.
     std::optional<LensCircle> lens() const;
-    // What is wrong with it for the picture, where both are known.
+    // A warning if the circle does not fit the frames, else empty.
     std::string misfit() const;
 
-    int pictures() const { return _playback->frames().count(); }
-    // The library changes some of it itself; this is what it shows now.
+    int inputs() const { return _playback->frames().count(); }
+    // The current state; the library changes some of it by itself.
     ViewOptions options() const;
-    // Gives whether anything changes.
+    // Returns true if anything changes.
     bool change(const ViewOptions& wanted);
     void reset();
 
-    bool toggleCruise();  // false where the view cannot cruise
+    bool toggleCruise();  // returns false if the view cannot cruise
     void changeCruiseSpeed(int steps);
     void stopCruise();
     void nextBackground();
     unsigned int background() const { return _background; }
 
-    std::string words() const;
-    std::string cruiseWords() const;
+    std::string description() const;
+    std::string cruiseDescription() const;
 
   private:
-    bool showsWholeFrame() const;  // neither two in one nor the cells of a grid
+    bool showsWholeFrame() const;  // not half a frame, nor a cell of a grid
     void setType(int type) const;
     void startCruise() const;
 
@@ -53,7 +53,7 @@ class ShownView {
     const ViewerOptions& _options;
     const std::unique_ptr<Playback>& _playback;
     ViewOptions _view;
-    std::optional<LensCircle> _lens;  // as told, kept or found
+    std::optional<LensCircle> _lens;  // given, stored or found
     unsigned int _background;
     double _cruiseSpeed = 1;
     bool _cruising = false;

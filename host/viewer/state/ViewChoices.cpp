@@ -7,7 +7,7 @@
 namespace fovix_host {
 namespace {
 
-// Every display type once; some have several names.
+// Each display type once; some have several names.
 std::vector<int> typeCodes() {
     std::vector<int> codes;
     for (const NamedCode& row : viewTypes())
@@ -40,7 +40,7 @@ std::vector<int> shapesFor(const ViewOptions& view) {
     return codes;
 }
 
-// The mount is the camera's and the lens the user's; everything else begins anew with a type.
+// Mount, grid and lens survive a change of type; everything else is reset.
 ViewOptions withType(const ViewOptions& view, int type) {
     if (type == view.type) return view;
     ViewOptions next;
@@ -52,10 +52,10 @@ ViewOptions withType(const ViewOptions& view, int type) {
 }
 
 template <typename Table>
-void add(std::string& words, const Table& table, int code) {
+void add(std::string& text, const Table& table, int code) {
     for (const auto& row : table)
         if (row.code == code) {
-            words.append(" · ").append(row.name);
+            text.append(" · ").append(row.name);
             return;
         }
 }
@@ -84,7 +84,7 @@ ViewOptions withNextShape(const ViewOptions& view, int by) {
     ViewOptions next = view;
     const std::vector<int> shapes = shapesFor(view);
     if (shapes.size() > 1) next.shape = following(shapes, view.shape.value_or(FOVIX_SHAPE_SINGLE), by);
-    if (next.shape != view.shape) next.drawMode.reset();  // a shape brings its own
+    if (next.shape != view.shape) next.drawMode.reset();  // each shape has its own
     return next;
 }
 
@@ -103,10 +103,10 @@ ViewOptions withNextMode(const ViewOptions& view) {
     return next;
 }
 
-ViewOptions withNextLens(const ViewOptions& view, int pictures) {
+ViewOptions withNextLens(const ViewOptions& view, int inputs) {
     ViewOptions next = view;
-    if (view.type == FOVIX_TYPE_MULTI_LENS && pictures > 1) {
-        next.lensShown = (view.lensShown.value_or(0) + 1) % pictures;
+    if (view.type == FOVIX_TYPE_MULTI_LENS && inputs > 1) {
+        next.lensShown = (view.lensShown.value_or(0) + 1) % inputs;
     } else if (view.type == FOVIX_TYPE_TWO_LENSES) {
         const int screen = view.twoLensesScreen.value_or(FOVIX_TWO_LENSES_SCREEN_BOTH);
         const bool isBoth = view.twoLensesMode == FOVIX_TWO_LENSES_BOTH;
@@ -116,26 +116,26 @@ ViewOptions withNextLens(const ViewOptions& view, int pictures) {
     return next;
 }
 
-std::string wordsFor(const ViewOptions& view, int pictures) {
-    std::string words = viewTypeName(view.type);
+std::string describe(const ViewOptions& view, int inputs) {
+    std::string text = viewTypeName(view.type);
     const int shape = view.shape.value_or(FOVIX_SHAPE_SINGLE);
     if (view.type == FOVIX_TYPE_360VR) {
-        add(words, cameraMounts(), view.mount.value_or(FOVIX_MOUNT_CEILING));
-        add(words, shapesOf360(), shape);
+        add(text, cameraMounts(), view.mount.value_or(FOVIX_MOUNT_CEILING));
+        add(text, shapesOf360(), shape);
     } else if (view.type == FOVIX_TYPE_180VR) {
         if (view.drawMode && shape == FOVIX_SHAPE_SINGLE)
-            add(words, drawModesOf180(), *view.drawMode);
+            add(text, drawModesOf180(), *view.drawMode);
         else
-            add(words, shapesOf180(), shape);
+            add(text, shapesOf180(), shape);
     } else if (view.type == FOVIX_TYPE_SINGLE_PIP) {
-        add(words, drawModesOfInset(), view.drawMode.value_or(3));
+        add(text, drawModesOfInset(), view.drawMode.value_or(3));
     } else if (view.type == FOVIX_TYPE_TWO_LENSES) {
-        add(words, twoLensesModes(), view.twoLensesMode.value_or(FOVIX_TWO_LENSES_BY_ZOOM));
-        if (view.twoLensesScreen) add(words, twoLensesScreens(), *view.twoLensesScreen);
+        add(text, twoLensesModes(), view.twoLensesMode.value_or(FOVIX_TWO_LENSES_BY_ZOOM));
+        if (view.twoLensesScreen) add(text, twoLensesScreens(), *view.twoLensesScreen);
     } else if (view.type == FOVIX_TYPE_MULTI_LENS) {
-        words += " · " + std::to_string(view.lensShown.value_or(0) + 1) + " of " + std::to_string(pictures);
+        text += " · " + std::to_string(view.lensShown.value_or(0) + 1) + " of " + std::to_string(inputs);
     }
-    return words;
+    return text;
 }
 
 bool canCruise(const ViewOptions& view) {

@@ -1,5 +1,5 @@
-// Which types, mounts, shapes and draw modes follow each other when somebody goes through them, only those
-// that go together; and the words that tell the choice.
+// The order in which keys step through types, mounts, shapes and draw modes, limited to valid combinations;
+// and descriptions of the choice.
 #pragma once
 
 #include <string>
@@ -8,17 +8,17 @@
 
 namespace fovix_host {
 
-// Each gives the options changed as said, or unchanged where the type has no such choice.
+// Each returns the changed options, or the same ones if the type has no such choice.
 ViewOptions withTypeNumber(const ViewOptions& view, int number);  // 1 to 8
 ViewOptions withNextType(const ViewOptions& view, int by);
 ViewOptions withNextMount(const ViewOptions& view);
 ViewOptions withNextShape(const ViewOptions& view, int by);
 ViewOptions withNextMode(const ViewOptions& view);
-// The next lens of several, or the next screen of two lenses in one picture.
-ViewOptions withNextLens(const ViewOptions& view, int pictures);
+// The next input of type lenses, or the next screen of type two-lenses.
+ViewOptions withNextLens(const ViewOptions& view, int inputs);
 
 // "360 · ceiling · four-screens"
-std::string wordsFor(const ViewOptions& view, int pictures);
+std::string describe(const ViewOptions& view, int inputs);
 
 bool canCruise(const ViewOptions& view);
 

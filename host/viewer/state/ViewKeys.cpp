@@ -7,8 +7,8 @@
 namespace fovix_host {
 namespace {
 
-// What the key chooses; nothing where it is no key for a choice.
-std::optional<ViewOptions> choiceOf(const Key& key, const ViewOptions& view, int pictures) {
+// The view that the key selects; nullopt for other keys.
+std::optional<ViewOptions> choiceOf(const Key& key, const ViewOptions& view, int inputs) {
     switch (key.action) {
         case Action::kSetType:
             return withTypeNumber(view, key.amount);
@@ -21,7 +21,7 @@ std::optional<ViewOptions> choiceOf(const Key& key, const ViewOptions& view, int
         case Action::kNextMode:
             return withNextMode(view);
         case Action::kNextLens:
-            return withNextLens(view, pictures);
+            return withNextLens(view, inputs);
         default:
             return std::nullopt;
     }
@@ -30,22 +30,22 @@ std::optional<ViewOptions> choiceOf(const Key& key, const ViewOptions& view, int
 }  // namespace
 
 std::string changeView(ShownView& shown, const Key& key) {
-    if (const auto choice = choiceOf(key, shown.options(), shown.pictures())) {
+    if (const auto choice = choiceOf(key, shown.options(), shown.inputs())) {
         const bool changes = shown.change(*choice) || key.action == Action::kSetType;
-        return shown.words() + (changes ? "" : ": no other choice");
+        return shown.description() + (changes ? "" : ": no other choice");
     }
     switch (key.action) {
         case Action::kCruise:
-            return shown.toggleCruise() ? shown.cruiseWords() : "this view cannot cruise";
+            return shown.toggleCruise() ? shown.cruiseDescription() : "this view cannot cruise";
         case Action::kCruiseSpeed:
             shown.changeCruiseSpeed(key.amount);
-            return shown.cruiseWords();
+            return shown.cruiseDescription();
         case Action::kBackground:
             shown.nextBackground();
             return {};
         default:
             shown.reset();
-            return shown.words();
+            return shown.description();
     }
 }
 

@@ -1,4 +1,4 @@
-// The keys that change the view, one after the other, and the word that each says.
+// Applies the keys that change the view.
 #pragma once
 
 #include <string>
@@ -8,7 +8,7 @@
 
 namespace fovix_host {
 
-// Nothing to say where what is seen says it.
+// Returns a message for the user; empty if the change is obvious.
 std::string changeView(ShownView& shown, const Key& key);
 
 }  // namespace fovix_host

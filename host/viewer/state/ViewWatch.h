@@ -1,4 +1,4 @@
-// Whether a view moves by itself, so that a window whose picture rests need not be drawn again and again.
+// Detects whether a view moves by itself, so that a resting window need not be redrawn.
 #pragma once
 
 #include <Fovix.h>
@@ -9,12 +9,13 @@ namespace fovix_host {
 
 class ViewWatch {
   public:
-    // Whether any screen looks elsewhere than at the last call.
+    // Returns true if the view of any screen has changed since the last call.
     bool hasMoved(VRHANDLE view);
 
   private:
     static constexpr int kScreens = 6;
-    std::array<double, 8 * kScreens> _last{};
+    static constexpr int kValues = 8;  // per screen
+    std::array<double, kValues * kScreens> _last{};
 };
 
 }  // namespace fovix_host

@@ -7,13 +7,13 @@ namespace {
 
 using Kind = PointerEvent::Kind;
 
-constexpr double kTicksPerSecond = 1000;
+constexpr double kTicksPerSecond = 1000;  // of SDL's timestamps
 
 SurfacePosition positionOf(const SurfaceScale& scale, double x, double y) {
     return {static_cast<float>(x * scale.xPointer), static_cast<float>(y * scale.yPointer)};
 }
 
-// A trackpad that tells its fingers is no screen under them.
+// Indirect touch devices (trackpads) are not touch screens.
 bool isTouchScreen(SDL_TouchID device) {
     return SDL_GetTouchDeviceType(device) == SDL_TOUCH_DEVICE_DIRECT;
 }
@@ -113,8 +113,9 @@ std::optional<ViewerEvent> EventReader::readTouch(const SDL_Event& event, const 
     PointerEvent pointer;
     pointer.seconds = event.common.timestamp / kTicksPerSecond;
     if (event.type == SDL_MULTIGESTURE) {
-        if (isTouchScreen(event.mgesture.touchId)) return std::nullopt;  // its fingers are told one by one
-        constexpr float kRatioPerDistance = 4;  // two fingers seldom spread over more than half of a trackpad
+        if (isTouchScreen(event.mgesture.touchId))
+            return std::nullopt;                // its fingers are reported one by one
+        constexpr float kRatioPerDistance = 4;  // fingers rarely spread over more than half of a trackpad
         pointer.kind = Kind::kZoom;
         pointer.amount = 1 + kRatioPerDistance * event.mgesture.dDist;
         pointer.at = _cursor;
@@ -130,11 +131,11 @@ std::optional<ViewerEvent> EventReader::readTouch(const SDL_Event& event, const 
     return pointer;
 }
 
-// Characters come as text, so that every keyboard's own places for them work; other keys come by name.
+// Characters are read as text, so that all keyboard layouts work; other keys are read by name.
 std::optional<ViewerEvent> EventReader::readKey(const SDL_Event& event) {
     if (event.type == SDL_TEXTINPUT) {
         const std::string text = event.text.text;
-        if (text == " ") return std::nullopt;  // came as the key Space
+        if (text == " ") return std::nullopt;  // already reported as the key Space
         return KeyEvent{text, _repeats};
     }
     _repeats = event.key.repeat != 0;

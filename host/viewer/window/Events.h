@@ -1,4 +1,4 @@
-// SDL's events as the viewer understands them: pointers in surface pixels, keys by name, dropped files.
+// Translates SDL events for the viewer: pointers in surface pixels, keys by name, dropped files.
 #pragma once
 
 #include <SDL.h>
@@ -13,7 +13,7 @@
 namespace fovix_host {
 
 struct KeyEvent {
-    std::string name;  // a character as typed, or SDL's name of a key that types none
+    std::string name;  // the typed character, or SDL's name of a key that types none
     bool repeated = false;
 };
 struct DropEvent {
@@ -26,7 +26,7 @@ enum class WindowEvent { kQuit, kExposed, kWoken };
 
 using ViewerEvent = std::variant<PointerEvent, KeyEvent, DropEvent, SensorEvent, WindowEvent>;
 
-// Positions need the window's scale. Remembers what one event tells about the next.
+// Keeps the state that connects events, such as the cursor position.
 class EventReader {
   public:
     std::optional<ViewerEvent> read(const SDL_Event& event, const SurfaceScale& scale);
@@ -37,7 +37,7 @@ class EventReader {
     std::optional<ViewerEvent> readKey(const SDL_Event& event);
 
     SurfacePosition _cursor;
-    bool _repeats = false;  // the key whose character comes next
+    bool _repeats = false;  // of the key whose text event comes next
 };
 
 double secondsNow();

@@ -1,4 +1,5 @@
-// What a mouse, a trackpad or fingers did, in surface pixels and seconds, whichever window system told it.
+// An event of a mouse, a trackpad or a touch screen, in surface pixels and seconds, independent of the window
+// system.
 #pragma once
 
 #include <cstdint>
@@ -9,14 +10,14 @@ namespace fovix_host {
 
 struct PointerEvent {
     enum class Kind {
-        kPress,       // the left button
-        kMove,        // the mouse, with or without the button
-        kRelease,     //
+        kPress,  // of the left button
+        kMove,   // of the mouse, with or without the button
+        kRelease,
         kCancel,      // the window lost the pointer
-        kWheel,       // amount: notches, away from the user is positive
-        kZoom,        // amount: ratio of one step of a trackpad's pinch
+        kWheel,       // amount: notches; positive away from the user
+        kZoom,        // amount: ratio of one step of a trackpad pinch
         kFingerDown,  // on a touch screen
-        kFingerMove,  //
+        kFingerMove,
         kFingerUp
     };
     Kind kind = Kind::kMove;

@@ -8,13 +8,13 @@ namespace fovix_host {
 namespace {
 
 constexpr float kGravity = SDL_STANDARD_GRAVITY;
-constexpr float kRest = 0.08f;       // of gravity; a hand is never quite still
-constexpr float kTurnFactor = 0.3f;  // the panorama turns on with each reading
-constexpr float kLookFactor = 2.5f;  // the half view looks where the device is tilted to
+constexpr float kDeadZone = 0.08f;   // share of gravity; hands are never still
+constexpr float kTurnFactor = 0.3f;  // the panorama keeps turning with each reading
+constexpr float kLookFactor = 2.5f;  // the 180-degree view looks in the direction of the tilt
 
 float share(float reading) {
     const float part = reading / kGravity;
-    return std::isfinite(part) && std::abs(part) > kRest ? part : 0.0f;
+    return std::isfinite(part) && std::abs(part) > kDeadZone ? part : 0.0f;
 }
 
 }  // namespace

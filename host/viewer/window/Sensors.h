@@ -1,11 +1,11 @@
-// Steering by the tilt of the device, where SDL knows an accelerometer.
+// Steering by tilting the device, if SDL supports its accelerometer.
 #pragma once
 
 #include <Fovix.h>
 
 namespace fovix_host {
 
-// False where there is none. They stay open until SDL ends.
+// Returns false if there is none. The sensors stay open until SDL quits.
 bool openAccelerometers();
 
 // A reading in metres per second squared, sideways and upright.

@@ -7,14 +7,14 @@ namespace fovix_host {
 
 int StepClock::due(double now) {
     const double behind = (now - _next) / kStep;
-    constexpr double kEarly = 0.5 + 1e-6;  // and what seconds lose to rounding
+    constexpr double kEarly = 0.5 + 1e-6;  // half a step, plus rounding errors of the seconds
     if (behind < -kEarly) return 0;
-    if (behind >= kMost - kEarly) {
+    if (behind >= kMaxSteps - kEarly) {
         _next = now + kStep;
-        return kMost;
+        return kMaxSteps;
     }
     const int steps = static_cast<int>(std::floor(behind + kEarly)) + 1;
-    const int given = std::min(steps, kMost);
+    const int given = std::min(steps, kMaxSteps);
     _next += given * kStep;
     return given;
 }

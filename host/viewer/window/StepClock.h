@@ -1,5 +1,5 @@
-// Gives the library's animations one step per 1/60 s, however often the display shows a frame. Pure: the
-// caller tells the time.
+// Schedules one animation step of the library per 1/60 s, whatever the display's frame rate is. The caller
+// passes the time.
 #pragma once
 
 namespace fovix_host {
@@ -7,16 +7,16 @@ namespace fovix_host {
 class StepClock {
   public:
     static constexpr double kStep = 1.0 / 60;
-    static constexpr int kMost = 6;  // steps for one frame; a longer pause is forgotten
+    static constexpr int kMaxSteps = 6;  // per presented frame; longer delays are forgotten
 
-    // How many steps are due, in seconds of any steady clock. Half a step early counts as due, so that a
-    // display of 60 Hz gets one step a frame although neither clock is exact.
+    // Number of steps that are due. A step counts as due half a step early, so that a 60 Hz display gets one
+    // step per frame although neither clock is exact. The time is in seconds of any steady clock.
     int due(double now);
 
-    // Until the next step is due; 0 when it is.
+    // Seconds until the next step is due.
     double untilNext(double now) const;
 
-    // After a rest: the next step is due at once, and none were missed.
+    // After a rest: the next step is due immediately, and no steps were missed.
     void restart(double now) { _next = now; }
 
   private:

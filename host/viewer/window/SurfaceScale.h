@@ -1,4 +1,4 @@
-// How a window's own units and the pixels of its surface go together on displays with denser pixels.
+// Relates window units to surface pixels, which differ on high-density displays.
 #pragma once
 
 #include <algorithm>
@@ -11,8 +11,8 @@ struct SurfacePosition {
 };
 
 struct SurfaceScale {
-    int width = 1, height = 1;          // what Fovix_Init() takes, and the unit of all positions
-    int ppiZoom = 1;                    // what Fovix_SetPPIZoom() takes: surface pixels per unit
+    int width = 1, height = 1;          // for Fovix_Init(); also the unit of all positions
+    int ppiZoom = 1;                    // for Fovix_SetPPIZoom(): surface pixels per unit
     double xPointer = 1, yPointer = 1;  // from window units to positions
 
     int pixelWidth() const { return width * ppiZoom; }
@@ -21,7 +21,8 @@ struct SurfaceScale {
     bool operator==(const SurfaceScale&) const = default;
 };
 
-// A whole number of pixels for each unit of the window is the library's own scale; else positions are pixels.
+// A whole number of pixels per window unit becomes the library's PPI zoom; otherwise, positions are in
+// pixels.
 inline SurfaceScale scaleOf(int windowWidth, int windowHeight, int pixelWidth, int pixelHeight) {
     const int w = std::max(windowWidth, 1), h = std::max(windowHeight, 1);
     const int pw = std::max(pixelWidth, 1), ph = std::max(pixelHeight, 1);

@@ -28,7 +28,7 @@ void askForContext() {
     SDL_GL_SetAttribute(SDL_GL_DOUBLEBUFFER, 1);
 }
 
-// Else SDL goes through drivers that draw where nobody sees it, and that write of their own failures.
+// Otherwise SDL tries drivers that are invisible or print their own errors.
 void chooseDriver() {
 #ifdef __linux__
     const auto isSet = [](const char* name) {
@@ -45,10 +45,10 @@ void chooseDriver() {
 Window::Library::Library() {
     chooseDriver();
     SDL_SetHint(SDL_HINT_APP_NAME, "fovix-view");
-    // Fingers are told as fingers; they are no mouse, and the mouse is no finger.
+    // Disable SDL's touch/mouse emulation in both directions.
     SDL_SetHint(SDL_HINT_TOUCH_MOUSE_EVENTS, "0");
     SDL_SetHint(SDL_HINT_MOUSE_TOUCH_EVENTS, "0");
-    // A click that brings the window to the front steers it at once.
+    // A click that raises the window also steers the view.
     SDL_SetHint(SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1");
     SDL_SetHint(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0");
     SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0");

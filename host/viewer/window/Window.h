@@ -1,4 +1,4 @@
-// The window: SDL, its OpenGL context of the compatibility profile, and how large the surface is.
+// The window: SDL, an OpenGL context (compatibility profile), and the size of the surface.
 #pragma once
 
 #include <SDL.h>
@@ -14,8 +14,8 @@ namespace fovix_host {
 
 class Window {
   public:
-    // The context is current on the calling thread afterwards. Throws std::runtime_error with a sentence that
-    // says what is missing.
+    // Makes the context current on the calling thread. Throws std::runtime_error with a message that names
+    // what is missing.
     Window(const std::string& title, SurfaceSize size, bool fullScreen);
     ~Window();
     Window(const Window&) = delete;
@@ -29,7 +29,7 @@ class Window {
     void setTitle(const std::string& title);
 
     void present();
-    // What has been drawn since the last present(), first row at the top.
+    // The current content of the back buffer, top row first.
     RgbaImage readPixels() const;
 
   private:
@@ -45,7 +45,7 @@ class Window {
     SDL_GLContext _context = nullptr;
 };
 
-// Ends the wait for events in another thread; any thread may call it while a window lives.
+// Wakes the thread that waits for events; can be called from any thread while a window exists.
 void wakeEventLoop();
 
 }  // namespace fovix_host
