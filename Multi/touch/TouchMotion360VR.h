@@ -1,6 +1,6 @@
 // What moves a 360-degree view by itself: changes between wide and close, bounces, flings, spin and cruise.
 //
-// Animators are created, stepped and dropped under the controller's lock, which these functions take.
+// Animators are created, stepped and dropped under the lock, which these functions take.
 #pragma once
 
 #include "touch/TouchParams360VR.h"
