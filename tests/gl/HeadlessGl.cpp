@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "ApiCalls.h"
+#include "ViewTable.h"
 #include "surface/GlContext.h"
 
 namespace fovix_test {
@@ -52,27 +53,12 @@ Image Stage::draw() {
 }
 
 void Stage::show(const Image& picture, int pixelFmt) {
-    show(pixelFmt, picture.inFormat(pixelFmt), picture.width, picture.height);
+    lines = printedBy([&] { submit(view, picture, pixelFmt); });
 }
 
 void Stage::show(int pixelFmt, const Bytes& bytes, int width, int height) {
     const int size = static_cast<int>(bytes.size());
     lines = printedBy([&] { Fovix_SetTexture(view, pixelFmt, bytes.data(), size, width, height); });
-}
-
-void Stage::show(int slot, const Image& picture, int pixelFmt) {
-    const Bytes bytes = picture.inFormat(pixelFmt);
-    const auto set = [&](auto function, auto... format) {
-        lines = printedBy([&] {
-            function(view, slot, format..., bytes.data(), static_cast<int>(bytes.size()), picture.width,
-                     picture.height);
-        });
-    };
-    // Only this one serves lenses, too.
-    if (pixelFmt == FOVIX_FORMAT_RGBA)
-        set(Fovix_Multi_SetRGBTexture);
-    else
-        set(Fovix_Multi_SetTexture, pixelFmt);
 }
 
 void Stage::play(const std::string& script) {

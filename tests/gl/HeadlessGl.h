@@ -63,7 +63,6 @@ class Stage {
 
     Image draw();  ///< one frame, read back; what it printed is in lines
     void show(const Image& picture, int pixelFmt = FOVIX_FORMAT_RGBA);
-    void show(int slot, const Image& picture, int pixelFmt = FOVIX_FORMAT_RGBA);  ///< for a cell or a lens
     void show(int pixelFmt, const Bytes& bytes, int width, int height);
     void play(const std::string& script);  ///< see ApiCalls.h; "draw N" draws N frames
 

@@ -95,6 +95,10 @@ const std::vector<ViewRow> kRows = {
     {"original-planar-of-an-odd-size", 2, {63, 47, FOVIX_FORMAT_YUV420P}, "", 126, 94},
     {"original-nv12", 2, {130, 66, FOVIX_FORMAT_NV12}, ""},
     {"original-nv21-of-an-odd-size", 2, {37, 91, FOVIX_FORMAT_NV21}, ""},
+    {"original-of-a-short-frame", 2, {160, 120}, "short 40000"},
+    {"original-of-short-luma", 2, {160, 120, FOVIX_FORMAT_NV12}, "short 10000"},
+    {"original-of-short-planes", 2, {160, 120, FOVIX_FORMAT_YUV420P}, "short 26000"},
+    {"original-of-short-pairs", 2, {160, 120, FOVIX_FORMAT_NV21}, "short 22001"},
     {"original-type-without-a-name", 77, kFrame, "view 0 0 20 0 2"},
     {"korvel", 3, kFrame, "view 0 10 0 0 1.5"},
     {"korvel-of-a-squeezed-camera", 3, kFrame, "lens 128 96 90 256 192", 200, 80},
@@ -146,30 +150,48 @@ const std::vector<ViewRow>& viewRows() {
     return kRows;
 }
 
-void setUp(VRHANDLE handle, const ViewRow& row, const std::function<void()>& drawFrame) {
-    const Image picture = Image::chequered(row.frame.width, row.frame.height);
-    const Bytes bytes = picture.inFormat(row.frame.pixelFmt);
-    const int size = static_cast<int>(bytes.size());
-    // Another picture and size in every slot, in RGBA or the format that the call names.
-    const auto showCell = [&](const Numbers& n) {
-        const int slot = static_cast<int>(n.at(0)),
-                  format = n.size() > 1 ? static_cast<int>(n.at(1)) : FOVIX_FORMAT_RGBA;
-        const Image part = Image::chequered(picture.width, picture.height - 10 * slot, slot);
-        const Bytes partBytes = part.inFormat(format);
-        const int partSize = static_cast<int>(partBytes.size());
-        if (format == FOVIX_FORMAT_RGBA)
-            Fovix_Multi_SetRGBTexture(handle, slot, partBytes.data(), partSize, part.width, part.height);
-        else
-            Fovix_Multi_SetTexture(handle, slot, format, partBytes.data(), partSize, part.width, part.height);
+void submit(VRHANDLE handle, const Image& picture, int pixelFmt) {
+    const Bytes bytes = picture.inFormat(pixelFmt);
+    Fovix_SetTexture(handle, pixelFmt, bytes.data(), static_cast<int>(bytes.size()), picture.width,
+                     picture.height);
+}
+
+void submitTo(VRHANDLE handle, int slot, const Image& picture, int pixelFmt) {
+    const Bytes bytes = picture.inFormat(pixelFmt);
+    const auto set = [&](auto function, auto... format) {
+        function(handle, slot, format..., bytes.data(), static_cast<int>(bytes.size()), picture.width,
+                 picture.height);
     };
-    const auto drawFrames = [&](const Numbers& n) {
-        for (int frame = 0; frame < n.at(0); ++frame) drawFrame();
+    if (pixelFmt != FOVIX_FORMAT_RGBA) return set(Fovix_Multi_SetTexture, pixelFmt);
+    set(Fovix_Multi_SetRGBTexture);  // for lenses, too
+}
+
+void setUp(VRHANDLE handle, const ViewRow& row, const std::function<void()>& drawFrame) {
+    const auto [width, height, pixelFmt] = row.frame;
+    const Image picture = Image::chequered(width, height);
+    const Verbs verbs = {
+        // Another picture and size in every slot, in RGBA or the format that the call names.
+        {"cell",
+         [&](const Numbers& n) {
+             const int slot = static_cast<int>(n.at(0));
+             submitTo(handle, slot, Image::chequered(row.frame.width, row.frame.height - 10 * slot, slot),
+                      n.size() > 1 ? static_cast<int>(n[1]) : FOVIX_FORMAT_RGBA);
+         }},
+        {"short",
+         [&](const Numbers& n) {
+             Fovix_SetTexture(handle, row.frame.pixelFmt, picture.inFormat(row.frame.pixelFmt).data(),
+                              static_cast<int>(n.at(0)), picture.width, picture.height);
+         }},
+        {"draw",
+         [&](const Numbers& n) {
+             for (int frame = 0; frame < n.at(0); ++frame) drawFrame();
+         }},
     };
     Fovix_SetType(handle, row.type);
     Fovix_Init(handle, row.width, row.height);
     Fovix_SetBackground(handle, 0x204060);
-    Fovix_SetTexture(handle, row.frame.pixelFmt, bytes.data(), size, picture.width, picture.height);
-    play(handle, row.script, {{"cell", showCell}, {"draw", drawFrames}});
+    submit(handle, picture, pixelFmt);
+    play(handle, row.script, verbs);
 }
 
 testing::AssertionResult isAsStored(const ViewRow& row, const Image& actual) {

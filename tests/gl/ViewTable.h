@@ -20,12 +20,18 @@ struct ViewRow {
     const char* name;  ///< of its picture, pictures/NAME.png
     int type;
     Frame frame;
-    const char* script;  ///< see ApiCalls.h; "draw N" draws N frames, "cell N" shows the frame in a slot
+    /// See ApiCalls.h. "draw N" draws N frames, "cell N" submits a frame for a slot, "short N" the first N
+    /// bytes of the row's.
+    const char* script;
     int width = 160, height = 120, ppi = 1;
     bool hasControllers = false;
 };
 
 const std::vector<ViewRow>& viewRows();
+
+/// Submits a picture as a frame of a pixel format, for the only slot or for one of several.
+void submit(VRHANDLE handle, const Image& picture, int pixelFmt = FOVIX_FORMAT_RGBA);
+void submitTo(VRHANDLE handle, int slot, const Image& picture, int pixelFmt = FOVIX_FORMAT_RGBA);
 
 /// Brings a prepared handle into the state that a row shows with its next frame.
 void setUp(VRHANDLE handle, const ViewRow& row, const std::function<void()>& drawFrame);

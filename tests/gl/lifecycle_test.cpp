@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "HeadlessGl.h"
+#include "ViewTable.h"
 #include "handle/FovixContext.h"
 
 namespace fovix_test {
@@ -59,7 +60,8 @@ TEST(NewGlContext, SlotsMakeTheirTexturesAnewAndLeaveTheHostsAlone) {
         if (!isGrid) Fovix_Multi_SetLens(stage.view, 4);
         const auto expectShown = [&](const std::array<unsigned, 4>& colours) {
             const auto colour = [&](int slot) { return rgb(colours[static_cast<std::size_t>(slot)]); };
-            for (int slot = 0; slot < 4; ++slot) stage.show(slot, Image(15, 10, colour(slot)));
+            for (int slot = 0; slot < 4; ++slot)
+                printedBy([&] { submitTo(stage.view, slot, Image(15, 10, colour(slot))); });
             for (int lens = 3; lens >= 0; --lens) {
                 printedBy(Fovix_Multi_SwitchLens, stage.view, lens);
                 EXPECT_TRUE(looksLike(stage.draw(), Image::of(60, 40, [&](int x, int y) {

@@ -192,24 +192,5 @@ TEST(TextureLimit, WhatCannotBeUploadedIsReportedAndTheTextureStays) {
     }
 }
 
-TEST(ShortPictures, AreCompletedWithBlackAndNeutralChroma) {
-    const struct {
-        int pixelFmt, size, unit;
-        std::size_t given;  ///< bytes of this texture that the picture has
-    } cases[] = {{1, 100, 0, 100}, {1, 0, 0, 0},   {3, 330, 1, 256}, {3, 330, 2, 64}, {3, 330, 3, 10},
-                 {9, 200, 1, 200}, {9, 200, 2, 0}, {10, 277, 2, 10}, {10, 277, 3, 11}};
-    for (const auto& [pixelFmt, size, unit, given] : cases) {
-        Stage stage(FOVIX_TYPE_ORIGINAL, 16, 16);
-        stage.show(Image(40, 40, rgb(0xFFFFFF)));  // none of it may come through
-        printedBy(Fovix_SetTexture, stage.view, pixelFmt, Bytes(1024, 90).data(), size, 16, 16);
-        stage.draw();
-        const int side = unit < 2 ? 16 : 8, rest = unit < 2 ? 0 : 128;
-        EXPECT_TRUE(
-            holds(stage, unit, side, side,
-                  [&, own = given](std::size_t i) { return static_cast<std::uint8_t>(i < own ? 90 : rest); }))
-            << "code " << pixelFmt;
-    }
-}
-
 }  // namespace
 }  // namespace fovix_test

@@ -12,6 +12,7 @@
 
 #include "CallStorm.h"
 #include "HeadlessGl.h"
+#include "ViewTable.h"
 
 namespace {
 
@@ -78,13 +79,11 @@ void drawFrames(VRHANDLE handle, int count) {
     for (; count > 0; --count) Fovix_Drawself(handle);
 }
 
-void submit(VRHANDLE handle, int type) {
+void submitAll(VRHANDLE handle, int type) {
     const Image picture = Image::chequered(96, 80);
-    for (int slot = 0; slot < 4 && (type == FOVIX_TYPE_MULTI_IMAGE || type == FOVIX_TYPE_MULTI_LENS);
-         ++slot) {
-        Fovix_Multi_SetRGBTexture(handle, slot, picture.bytes.data(), picture.size(), 96, 80);
-    }
-    Fovix_SetRGBTexture(handle, picture.bytes.data(), picture.size(), 96, 80);
+    const bool hasSlots = type == FOVIX_TYPE_MULTI_IMAGE || type == FOVIX_TYPE_MULTI_LENS;
+    for (int slot = 0; slot < 4 && hasSlots; ++slot) submitTo(handle, slot, picture);
+    submit(handle, picture);
     Fovix_SetFecParams(handle, 50, 38, 36, 96, 80);
 }
 
@@ -107,23 +106,17 @@ void enterType(VRHANDLE handle, int type) {
 /// Goes to a state from any other, and draws until nothing moves any more.
 void enter(VRHANDLE handle, const State& state) {
     enterType(handle, state.type);
-    Fovix_Init(handle, kWidth, kHeight);
-    Fovix_SetBackground(handle, 0x203040);
-    Fovix_Multi_SetScreenNumber(handle, 2, 2);
-    Fovix_Multi_SetLens(handle, 4);
-    Fovix_Multi_SwitchLens(handle, 2);
-    submit(handle, state.type);
+    play(handle,
+         "init 120 90 background 2109504 Multi_SetScreenNumber 2 2 Multi_SetLens 4 Multi_SwitchLens 2");
+    submitAll(handle, state.type);
     Fovix_SetCameraMount(handle, state.mount);
     Fovix_SetShape(handle, state.shape);
     Fovix_SetDrawMode(handle, state.drawMode);
     setViews(handle, state.type);
-    Fovix_SetTwoLensesDrawMode(handle, FOVIX_TWO_LENSES_BY_ZOOM);
-    Fovix_SetLogicZoom(handle, 1, 10, 3, 1);
-    Fovix_Drawself(handle);
+    play(handle, "lenses 0 logic 1 10 3 1 Drawself");
     Fovix_SetTwoLensesDrawMode(handle, state.lensMode);
     Fovix_SetTwoLensesScreen(handle, state.lensScreen);
-    Fovix_OnTouchDown(handle, 3, kHeight - 3);
-    Fovix_OnTouchDown(handle, 3, 3);  // selects a screen where the first touch cannot
+    play(handle, "down 3 87 down 3 3");  // selects a screen where the first touch cannot
     drawFrames(handle,
                state.type == FOVIX_TYPE_TWO_LENSES && state.lensMode == FOVIX_TWO_LENSES_BOTH ? 110 : 31);
     setViews(handle, state.type);
@@ -132,8 +125,8 @@ void enter(VRHANDLE handle, const State& state) {
 
 /// Meshes that are kept must follow what comes later.
 void useEveryMesh(VRHANDLE handle) {
-    submit(handle, Fovix_GetType(handle));
-    Fovix_SetFecParams(handle, 40, 50, 30, 96, 80);
+    submitAll(handle, Fovix_GetType(handle));
+    play(handle, "lens 40 50 30 96 80");
     for (int shape = 0; shape <= 10; ++shape) {
         Fovix_SetShape(handle, shape);
         Fovix_SetDrawMode(handle, shape % 4);
