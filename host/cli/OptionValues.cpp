@@ -15,7 +15,8 @@ SurfaceSize parseSize(const std::string& text) {
     const auto size = numbersIn<int>(text, 'x');
     if (!size || size->size() != 2 || *std::min_element(size->begin(), size->end()) < 1 ||
         *std::max_element(size->begin(), size->end()) > kMaxSide)
-        refuse("--size", text, "WIDTHxHEIGHT in pixels, each from 1 to 65535 (such as 1280x720)");
+        refuse("--size", text,
+               "WIDTHxHEIGHT in pixels, each from 1 to " + std::to_string(kMaxSide) + " (such as 1280x720)");
     return {size->front(), size->back()};
 }
 

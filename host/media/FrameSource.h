@@ -9,6 +9,7 @@
 
 #include "circle/LensCircle.h"
 #include "media/FramePacker.h"
+#include "media/FrameRate.h"
 #include "sample/SampleScene.h"
 
 namespace fovix_host {
@@ -31,7 +32,7 @@ class FrameSource {
     virtual std::optional<LensCircle> lens() const { return std::nullopt; }
 
     virtual Motion motion() const { return Motion::kEndless; }
-    virtual double frameRate() const { return 25; }
+    virtual double frameRate() const { return kDefaultFrameRate; }
     // Time of the last frame, relative to the first one.
     virtual double seconds() const = 0;
     // Seconds from the first frame to the end; nullopt if unknown.

@@ -15,6 +15,7 @@ extern "C" {
 #include <stdexcept>
 #include <utility>
 
+#include "media/FrameRate.h"
 #include "media/InputName.h"
 
 namespace fovix_host {
@@ -140,8 +141,7 @@ double MediaReader::frameRate() const {
     const AVRational rate = av_guess_frame_rate(_format.get(), _format->streams[_stream], nullptr);
     const double perSecond = rate.num > 0 && rate.den > 0 ? av_q2d(rate) : 0.0;
     constexpr double kMaxRate = 1000;  // higher values are time bases of inputs that declare no rate
-    constexpr double kDefaultRate = 25;
-    return perSecond > 0 && perSecond <= kMaxRate ? perSecond : kDefaultRate;
+    return perSecond > 0 && perSecond <= kMaxRate ? perSecond : kDefaultFrameRate;
 }
 
 bool MediaReader::isStill() const {

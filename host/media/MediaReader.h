@@ -39,7 +39,7 @@ class MediaReader {
     double seconds() const { return _seconds; }
     // In seconds; nullopt if unknown, as for live streams.
     std::optional<double> duration() const;
-    // The declared frame rate, or 25.
+    // The declared frame rate, or kDefaultFrameRate.
     double frameRate() const;
     // A single frame.
     bool isStill() const;

@@ -34,7 +34,7 @@ PacketOwner encode(const RgbaImage& image) {
     codec->width = image.width;
     codec->height = image.height;
     codec->pix_fmt = AV_PIX_FMT_RGB24;
-    codec->time_base = {1, 25};
+    codec->time_base = {1, 25};  // required, but without effect
     codec->thread_count = 1;
     must(avcodec_open2(codec.get(), encoder, nullptr), "cannot start the PNG encoder");
     must(avcodec_send_frame(codec.get(), rgbFrame(image).get()), "cannot encode the PNG image");

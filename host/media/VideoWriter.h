@@ -8,6 +8,7 @@
 #include <string>
 
 #include "image/RgbaImage.h"
+#include "media/FrameRate.h"
 #include "media/FrameScaler.h"
 #include "media/MediaOwners.h"
 #include "output/OutputFile.h"
@@ -18,7 +19,7 @@ enum class VideoCodec { kH264, kFfv1 };
 
 struct VideoSettings {
     int width = 0, height = 0;  // even for H.264
-    double frameRate = 25;
+    double frameRate = kDefaultFrameRate;
     VideoCodec codec = VideoCodec::kH264;
     int quality = 20;  // of H.264: from 0 (best) to 51
 };

@@ -136,7 +136,8 @@ ViewOptions::Grid parseGrid(const std::string& text) {
     if (!numbers || numbers->size() != 2 || numbers->front() < 1 || numbers->back() < 1 ||
         numbers->front() > kMaxInputs || numbers->back() > kMaxInputs ||
         numbers->front() * numbers->back() > kMaxInputs)
-        refuse("--grid", text, "ROWSxCOLUMNS with at most 36 cells (such as 2x3)");
+        refuse("--grid", text,
+               "ROWSxCOLUMNS with at most " + std::to_string(kMaxInputs) + " cells (such as 2x3)");
     return {numbers->front(), numbers->back()};
 }
 
@@ -148,7 +149,8 @@ ViewOptions::SurfacePoint parsePoint(const std::string& text) {
 
 int parseLens(const std::string& text) {
     const auto lens = numberIn<int>(text);
-    if (!lens || *lens < 0 || *lens >= kMaxInputs) refuse("--show-lens", text, "a number from 0 to 35");
+    if (!lens || *lens < 0 || *lens >= kMaxInputs)
+        refuse("--show-lens", text, "a number from 0 to " + std::to_string(kMaxInputs - 1));
     return *lens;
 }
 

@@ -126,7 +126,7 @@ std::size_t Inputs::leader() const {
 }
 
 double Inputs::frameRate() const {
-    return _sources.empty() ? 25 : _sources[leader()]->frameRate();
+    return _sources.empty() ? kDefaultFrameRate : _sources[leader()]->frameRate();
 }
 
 std::optional<double> Inputs::duration() const {

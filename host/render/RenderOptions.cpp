@@ -15,7 +15,7 @@ namespace {
 int parseFrames(const std::string& text) {
     const auto frames = numberIn<int>(text);
     if (!frames || *frames < 1 || *frames > kMaxFrames)
-        refuse("--frames", text, "a number from 1 to 1000000");
+        refuse("--frames", text, "a number from 1 to " + std::to_string(kMaxFrames));
     return *frames;
 }
 

@@ -44,7 +44,7 @@ CarPark::CarPark() : _parked(parkedCars()) {
                  {x + 0.2, kHallHalfWidth, kHallHeight});
     }
     for (const double x : {-10.0, -5.0, 0.0, 5.0, 10.0})
-        for (const double y : {-1.8, 1.8})
+        for (const double y : {-kLampRow, kLampRow})
             addBlock(Block::Kind::kLamp, {x - 0.9, y - 0.1, 3.42}, {x + 0.9, y + 0.1, 3.5});
     addBlock(Block::Kind::kPipe, {-kHallHalfLength, -2.75, 3.36}, {kHallHalfLength, -2.65, 3.46});
     addBlock(Block::Kind::kDuct, {-kHallHalfLength, 4.6, 3.3}, {kHallHalfLength, 5.4, 3.5});

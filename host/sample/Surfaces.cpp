@@ -74,7 +74,7 @@ bool bayLineCovers(double x, double y) {
     return near(toNearest(x - kBayWidth / 2, kBayWidth), 0.0, 0.06);
 }
 
-// Zebra over the lane, hatching where it goes on between the bays.
+// A zebra crossing over the lanes, and hatching between the bays beyond.
 bool walkwayCovers(double x, double y) {
     if (std::abs(x) > 1.25) return false;
     if (std::abs(y) < kBayMouth - 0.2) return std::abs(x) < 1.1 && std::fmod(y + 20.0, 0.9) < 0.45;
@@ -84,7 +84,7 @@ bool walkwayCovers(double x, double y) {
 // Arrows of the two lanes: the southern one leads east, the northern one west.
 bool arrowCovers(double x, double y) {
     const double forward = y < 0 ? 1.0 : -1.0;
-    const double across = std::abs(std::abs(y) - 1.5);
+    const double across = std::abs(std::abs(y) - kLaneCentre);
     const double along = forward * (x - 6.25 * (x > 0 ? 1.0 : -1.0));
     if (within(along, -1.0, 0.3)) return across < 0.09;
     return within(along, 0.3, 1.0) && across < 0.36 * (1.0 - along) / 0.7;
@@ -134,7 +134,7 @@ Finish floorFinish(Vec3 point) {
     double grey = 0.16 + 0.07 * wear;
     if (std::abs(y) < kBayMouth) {
         // Tyres have darkened two tracks of each lane.
-        const double track = std::abs(std::abs(std::abs(y) - 1.5) - 0.75);
+        const double track = std::abs(std::abs(std::abs(y) - kLaneCentre) - 0.75);
         grey *= 0.72 + 0.28 * std::min(1.0, track / 0.35);
     } else {
         const double oil = std::hypot(x - kBayWidth * std::round(x / kBayWidth), std::abs(y) - 5.0);
@@ -181,7 +181,7 @@ Finish pillarFinish(Vec3 point, Vec3 normal) {
 
 double lightAt(Vec3 point, Vec3 normal) {
     double light = 0.45;
-    for (const double row : {-1.8, 1.8}) {
+    for (const double row : {-kLampRow, kLampRow}) {
         const double y = row - point.y, z = 3.9 - point.z;
         const double facing = std::max(0.0, normal.y * y + normal.z * z);
         light += 3.4 * facing / (y * y + z * z + 0.5);

@@ -14,7 +14,9 @@ constexpr double kHallHalfLength = 12.0;  // along x
 constexpr double kHallHalfWidth = 8.0;    // along y
 constexpr double kHallHeight = 4.0;
 constexpr double kBayWidth = 2.5;
-constexpr double kBayMouth = 3.2;  // the bays extend from here to the long walls
+constexpr double kBayMouth = 3.2;    // the bays extend from here to the long walls
+constexpr double kLaneCentre = 1.5;  // of the lanes at both sides of the x axis
+constexpr double kLampRow = 1.8;     // of the lamps at both sides of the x axis
 
 // A square on the floor or a panel on a wall, lit from within, so that it shows exactly its colour.
 struct Landmark {

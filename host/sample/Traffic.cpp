@@ -10,7 +10,8 @@ namespace {
 // Coordinates of the car: x from boot to bonnet, y to the left, the origin below its centre.
 constexpr double kCarHalfLength = 2.15;
 constexpr double kCarHalfWidth = 0.88;
-const Convex kCarBody = frustum({-2.15, -0.88, 0.14}, {2.15, 0.88, 0}, {-2.08, -0.80, 0}, {2.02, 0.80, 0.86});
+const Convex kCarBody = frustum({-kCarHalfLength, -kCarHalfWidth, 0.14}, {kCarHalfLength, kCarHalfWidth, 0},
+                                {-2.08, -0.80, 0}, {2.02, 0.80, 0.86});
 const Convex kCarCabin =
     frustum({-1.85, -0.80, 0.86}, {0.95, 0.80, 0}, {-1.35, -0.64, 0}, {0.20, 0.64, 1.42});
 
@@ -126,8 +127,8 @@ std::vector<Car> movingCars(int frame) {
     // From ramp to ramp at 2.5 m/s, that is 0.1 m per frame; frame 0 shows both cars on their way.
     const auto travelled = [frame](int delay) { return 0.1 * ((frame + delay) % (kTrafficPeriod / 2)); };
     return {
-        Car{-15.0 + travelled(80), -1.5, 1, 0, {0.60, 0.60, 0.58}},
-        Car{15.0 - travelled(95), 1.5, -1, 0, {0.05, 0.12, 0.42}},
+        Car{-15.0 + travelled(80), -kLaneCentre, 1, 0, {0.60, 0.60, 0.58}},
+        Car{15.0 - travelled(95), kLaneCentre, -1, 0, {0.05, 0.12, 0.42}},
     };
 }
 

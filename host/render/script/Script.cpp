@@ -39,8 +39,8 @@ struct Span {
 int parseFrame(std::string_view text) {
     const auto frame = numberIn<int>(text);
     if (!frame || *frame < 1 || *frame > kMaxFrames)
-        throw LineError{"expected a frame from 1 to 1000000 or a range such as 10..30, got '" +
-                        std::string(text) + "'"};
+        throw LineError{"expected a frame from 1 to " + std::to_string(kMaxFrames) +
+                        " or a range such as 10..30, got '" + std::string(text) + "'"};
     return *frame;
 }
 

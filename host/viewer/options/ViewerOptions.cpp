@@ -13,7 +13,7 @@ SurfaceSize parseWindowSize(const std::string& text) {
     constexpr int kMaxSide = 16384;  // limit of SDL
     const SurfaceSize size = parseSize(text);
     if (std::max(size.width, size.height) > kMaxSide)
-        refuse("--size", text, "a window of at most 16384x16384 pixels");
+        refuse("--size", text, "a window of at most " + sizeText(kMaxSide, kMaxSide) + " pixels");
     return size;
 }
 
