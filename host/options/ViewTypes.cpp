@@ -61,16 +61,16 @@ constexpr NamedCode kInsetTable[] = {
 };
 
 constexpr NamedCode kTwoLensesTable[] = {
-    {"by-zoom", FOVIX_TWO_LENSES_BY_ZOOM, "the upper image; at and above a zoom threshold, the lower one"},
+    {"by-zoom", FOVIX_TWO_LENSES_BY_ZOOM, "the upper half; at and above a zoom threshold, the lower one"},
     {"both", FOVIX_TWO_LENSES_BOTH, "side by side, or the one screen named after a comma"},
-    {"upper", FOVIX_TWO_LENSES_UPPER, "only the upper image"},
-    {"lower", FOVIX_TWO_LENSES_LOWER, "only the lower image"},
+    {"upper", FOVIX_TWO_LENSES_UPPER, "only the upper half"},
+    {"lower", FOVIX_TWO_LENSES_LOWER, "only the lower half"},
 };
 
 constexpr NamedCode kTwoLensesScreenTable[] = {
     {"both", FOVIX_TWO_LENSES_SCREEN_BOTH, "both images"},
-    {"first", FOVIX_TWO_LENSES_SCREEN_FIRST, "the upper image fills a wide surface"},
-    {"second", FOVIX_TWO_LENSES_SCREEN_SECOND, "the lower image fills a wide surface"},
+    {"first", FOVIX_TWO_LENSES_SCREEN_FIRST, "the upper half fills a wide surface"},
+    {"second", FOVIX_TWO_LENSES_SCREEN_SECOND, "the lower half fills a wide surface"},
 };
 
 template <typename Table>
