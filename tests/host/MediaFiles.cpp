@@ -25,10 +25,6 @@ Rgb converted(double y, double pb, double pr) {
     return {byte(red), byte(green), byte(blue)};
 }
 
-void must(int result, const char* what) {
-    if (result < 0) throw std::runtime_error(std::string(what) + ": " + mediaErrorText(result));
-}
-
 struct OutputCloser {
     void operator()(AVFormatContext* format) const {
         if (format->pb) avio_closep(&format->pb);

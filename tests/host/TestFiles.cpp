@@ -8,9 +8,7 @@
 std::filesystem::path testFolder() {
     static std::string preparedFor;
     const testing::TestInfo* test = testing::UnitTest::GetInstance()->current_test_info();
-    std::string name = std::string(test->test_suite_name()) + "." + test->name();
-    for (char& letter : name)
-        if (letter == '/') letter = '_';
+    const std::string name = std::string(test->test_suite_name()) + "." + test->name();
     const std::filesystem::path folder = std::filesystem::path(FOVIX_FILES_DIR) / name;
     if (preparedFor != name) {
         std::filesystem::remove_all(folder);

@@ -35,7 +35,7 @@ TEST(FovixRender, ShowsTheColoursOfFilesInEveryFormat) {
         const std::string size = std::to_string(4 * media.width) + "x" + std::to_string(4 * media.height);
         const ProgramRun run = runFovixRender(media.file + (" -o view.png --size " + size));
         ASSERT_EQ(run.status, 0) << run.errors;
-        Drawn("view.png").expectQuadrants(media.full, 4);
+        expectQuadrants(Drawn("view.png").rgba, media.full, 4);
     }
 }
 
@@ -46,8 +46,8 @@ TEST(FovixRender, NumbersFramesAndAdvancesTheVideo) {
     EXPECT_EQ(run.output, "out.v1-0001.png\nout.v1-0002.png\nout.v1-0003.png\nout.v1-0004.png\n");
     EXPECT_NE(run.errors.find("'in.mkv' ends after 3 "), std::string::npos) << run.errors;
     for (int frame = 0; frame < 4; ++frame)
-        Drawn("out.v1-000" + std::to_string(frame + 1) + ".png")
-            .expectQuadrants(false, 3, std::min(frame, 2));
+        expectQuadrants(Drawn("out.v1-000" + std::to_string(frame + 1) + ".png").rgba, false, 3,
+                        std::min(frame, 2));
 }
 
 TEST(FovixRender, KeepsDiagnosticsAwayFromItsOwnOutput) {

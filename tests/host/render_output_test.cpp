@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numeric>
 
 #include "Drawn.h"
 #include "ProgramRun.h"
@@ -12,44 +11,95 @@ using namespace fovix_host;
 
 namespace {
 
+// A frame of a video that fovix-render made.
+struct Frame {
+    int number;
+    double seconds;
+};
+
 class RenderOutput : public testing::Test {
   protected:
     RenderOutput() { writeMedia(fileInTest("in.mkv"), "ffv1", AV_PIX_FMT_YUV420P, 32, 32, 30); }
 
-    // The numbers of the frames in a video that fovix-render made.
-    static std::vector<int> render(const std::string& arguments, const std::string& file = "v.mp4") {
-        const ProgramRun run = runFovixRender(arguments + " --size 32x32 --quiet -o " + file);
+    // Each is seen to have its quadrants.
+    static std::vector<Frame> render(const std::string& arguments, const std::string& file = "v.mp4") {
+        const ProgramRun run = runFovixRender(arguments + " --quiet -o " + file);
         EXPECT_EQ(run.errors, "");
         EXPECT_EQ(run.output, file + "\n");
-        std::vector<int> numbers;
+        std::vector<Frame> frames;
         MediaReader reader(fileInTest(file));
         FramePacker packer(PackedFormats::kRgba);
         while (const AVFrame* frame = reader.next()) {
-            const unsigned char* p = packer.pack(*frame).data + (24 * 32 + 8) * 4;
+            const bool isYuv = arguments.find("ffv1") == std::string::npos;
+            EXPECT_EQ(frame->colorspace, isYuv ? AVCOL_SPC_BT709 : AVCOL_SPC_RGB);
+            EXPECT_EQ(frame->color_range, isYuv ? AVCOL_RANGE_MPEG : AVCOL_RANGE_JPEG);
+            const PackedFrame rgba = packer.pack(*frame);
             constexpr double kGreenStep = kLumaStep * 255 / 219.0;
-            const double steps = (p[1] - fromLimitedRange(kQuadrants[2]).g) / kGreenStep;
-            numbers.push_back(static_cast<int>(std::lround(steps)));
+            const int green = colourAt(rgba, rgba.width / 4, rgba.height * 3 / 4).g;
+            const double steps = (green - fromLimitedRange(kQuadrants[2]).g) / kGreenStep;
+            frames.push_back({static_cast<int>(std::lround(steps)), reader.seconds()});
+            if (frames.back().number < 8) expectQuadrants(rgba, false, isYuv ? 5 : 1, frames.back().number);
         }
-        return numbers;
-    }
-    static std::vector<int> span(int first, std::size_t count) {
-        std::vector<int> numbers(count);
-        std::iota(numbers.begin(), numbers.end(), first);
-        return numbers;
+        return frames;
     }
 };
 
 TEST_F(RenderOutput, HoldsTheAskedPartOfTheInput) {
-    EXPECT_EQ(render("in.mkv --quality 4"), span(0, 30));
-    EXPECT_EQ(render("in.mkv --start 0:00.4 --duration 0:0:0.2"), span(10, 5));
-    EXPECT_EQ(render("in.mkv --start 1 --codec ffv1", "v.mkv"), span(25, 5));
-    EXPECT_EQ(render("in.mkv --frames 2 --fps 12.5", "v.mkv"), span(0, 2));
-    EXPECT_NEAR(MediaReader(fileInTest("v.mkv")).frameRate(), 12.5, 0.001);
-    // The longest of several inputs counts, and a still image lasts.
-    EXPECT_EQ(render("in.mkv in.mkv --type lenses --duration 9"), span(0, 30));
+    struct Part {
+        const char* arguments;
+        int first;
+        std::size_t count;
+        const char* file = "v.mp4";
+    };
+    for (const Part& part : {
+             Part{"in.mkv --quality 4", 0, 30},
+             Part{"in.mkv --quality 4 --start 0:00.4 --duration 0:0:0.2", 10, 5},
+             Part{"in.mkv --start 1 --codec ffv1", 25, 5, "v.mkv"},
+             // The longest of several inputs counts.
+             Part{"in.mkv in.mkv --type lenses --quality 4 --duration 9", 0, 30},
+         }) {
+        SCOPED_TRACE(part.arguments);
+        const auto frames = render(part.arguments + std::string(" --size 32x32"), part.file);
+        ASSERT_EQ(frames.size(), part.count);
+        for (int i = 0; const Frame& frame : frames) EXPECT_EQ(frame.number, part.first + i++);
+    }
     runFovixRender("in.mkv -o still.png");
-    EXPECT_EQ(render("still.png --duration 0.4").size(), 10u);
-    EXPECT_EQ(render("--sample --type grid --grid 1x1 --duration 0.12").size(), 3u);
+    for (const std::string endless :
+         {"still.png --duration 0.4", "--sample --type grid --grid 1x1 --duration 0.4"}) {
+        EXPECT_EQ(runFovixRender(endless + " --size 32x32 --quiet -o v.mp4").errors, "");
+        EXPECT_NEAR(MediaReader(fileInTest("v.mp4")).duration().value_or(0), 0.4, 0.001) << endless;
+    }
+}
+
+TEST_F(RenderOutput, KeepsTheTimesOfACameraThatStutters) {
+    const std::vector<int> due{0, 1, 2, 5, 6, 10};
+    const auto stuttering = [&](AVPixelFormat format, int width, int height, int number) {
+        FrameOwner frame = quadrantFrame(format, width, height, number);
+        frame->pts = due.at(static_cast<std::size_t>(number));
+        return frame;
+    };
+    writeMedia(fileInTest("stutter.mkv"), "ffv1", AV_PIX_FMT_YUV444P, 64, 48, 6, stuttering);
+    struct Film {
+        const char *options, *file;
+        double framesPerSecond;
+        bool isEven = false;
+    };
+    for (const Film& film :
+         {Film{"--size 66x34 --quality 10", "v.mp4", 25}, Film{"--size 33x21 --codec ffv1", "v.mkv", 25},
+          Film{"--quality 10 --size 64x48 --fps 29.97002997", "v.mkv", 30000.0 / 1001, true},
+          Film{"--quality 10 --size 64x48 --fps 0.5", "v.mp4", 0.5, true}}) {
+        SCOPED_TRACE(film.options);
+        const auto frames = render(std::string("stutter.mkv ") + film.options, film.file);
+        ASSERT_EQ(frames.size(), 6u);
+        for (int i = 0; const Frame& frame : frames) {
+            const int time = film.isEven ? i : due.at(static_cast<std::size_t>(i));
+            EXPECT_EQ(frame.number, i++);
+            EXPECT_NEAR(frame.seconds, time / film.framesPerSecond, 0.001);
+        }
+        const double frameLength = 1 / film.framesPerSecond;
+        EXPECT_NEAR(MediaReader(fileInTest(film.file)).duration().value_or(0),
+                    frames.back().seconds + frameLength, 0.002);
+    }
 }
 
 TEST_F(RenderOutput, IsRawBytesAndNothingElseOnStandardOutput) {

@@ -17,13 +17,6 @@ ProgramRun play(const std::string& script, const std::string& more = "") {
     return runFovixRender("--script calls.txt --size 64x64 -o v.png " + more);
 }
 
-TEST(Script, NamesTheLineOfAMissingFile) {
-    const ProgramRun run = play("1 prepare\n2 picture missing.png");
-    EXPECT_EQ(run.status, 1);
-    EXPECT_TRUE(run.errors.starts_with("fovix-render: calls.txt:2: 'missing.png'")) << run.errors;
-    EXPECT_EQ(run.output, "v-0001.png\n");
-}
-
 TEST(Script, HasAVerbForEveryExport) {
     std::vector<std::string> called;
     std::string script;

@@ -170,11 +170,13 @@ TEST(Player, FailsWithASentence) {
     EXPECT_EQ(stage.said(), "no room for frames\n");
 }
 
-// Times jump back and the size changes in the middle, where two recordings were joined; then comes damage.
+// Times jump back and the size changes in the middle, where two recordings were joined; then come damage
+// and an end in the middle of a packet.
 TEST(Player, PlaysWhatWasJoinedAndDamaged) {
     std::string joined = readText(video("small.ts", 30, 64, 48, "mpeg2video")) +
                          readText(video("large.ts", 30, 160, 120, "mpeg2video"));
     joined.replace(joined.size() - 3000, 400, 400, '\x55');
+    joined.resize(joined.size() - 1000);
     writeText(fileInTest("joined.ts"), joined);
     Stage stage(fileInTest("joined.ts"));
     ASSERT_TRUE(stage.reaches(PlayerState::kEnded));

@@ -96,8 +96,8 @@ TEST_F(Window, SavesWhatIsSeenAndNeverOverwrites) {
     const auto names = linesOf(_viewer.output());
     EXPECT_NE(names[0], names[1]);
     const Drawn saved(names[0]);
-    ASSERT_EQ(saved.width(), 640);
-    ASSERT_EQ(saved.height(), 360);
+    ASSERT_EQ(saved.rgba.width, 640);
+    ASSERT_EQ(saved.rgba.height, 360);
     for (const auto& [x, y] :
          {std::pair{320, 180}, std::pair{250, 90}, std::pair{320, 40}, std::pair{20, 20}}) {
         const std::uint8_t* p = seen.at(kWindowLeft + x, kWindowTop + y);
