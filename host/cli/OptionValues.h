@@ -1,4 +1,4 @@
-// Parses the values of options; the message for invalid ones.
+// Parses the values of options and rejects invalid ones with a message.
 #pragma once
 
 #include <charconv>

@@ -48,9 +48,9 @@ class Pace {
     double _due = 0;        // the same on the clock
     double _lastShown = 0;  // on the clock
     int _lateInRow = 0;
-    double _ahead = 0;  // how far frames are ahead of the clock since the first one
-    double _catchUpStart = 0,
-           _lateAtStart = 0;  // the current attempt to catch up, and the delay at its start
+    double _ahead = 0;         // how far frames are ahead of the clock since the first one
+    double _catchUpStart = 0;  // of the current attempt to catch up
+    double _lateAtStart = 0;   // the delay at that time
     bool _hurried = false;
     std::optional<double> _pausedSince;
 };
