@@ -78,8 +78,8 @@
 /// - Touches: surface pixels from the top left, relative to the size passed to Fovix_Init().
 /// - Frames: rows from top to bottom. Screens, cells and lenses count from 0.
 /// - Angles: degrees. Speeds: per rendered frame.
-/// - Zoom: type 0: field of view in degrees, smaller is closer. Other types: factor, 1.0 is normal, larger
-///   is closer.
+/// - Zoom of type 0: field of view in degrees, smaller is closer. Zoom of other types: factor, 1.0 is normal,
+///   larger is closer.
 ///
 /// @section diagnostics Diagnostics
 /// There are no error codes: the library prints plain lines on standard output.
@@ -212,7 +212,7 @@ FOVIX_API void Fovix_Prepare(VRHANDLE handle);
 
 /// Sets the size of the surface and the viewport. Call it after Fovix_Prepare() and after every resize.
 /// @param handle  a live handle
-/// @param width,height  surface size in pixels, above 0; smaller sizes render nothing useful
+/// @param width,height  surface size in pixels; values below 1 render nothing useful
 /// @glthread
 FOVIX_API void Fovix_Init(VRHANDLE handle, int width, int height);
 
@@ -245,7 +245,8 @@ FOVIX_API void Fovix_Release(VRHANDLE handle);
 /// @param handle  a live handle
 /// @param type  FovixDisplayType; any other number shows the plain image
 /// @errors For an invalid handle, also prints `Fovix_SetType() Error! handle is NULL!\n`. Type 3 is ignored
-///   if type 0 or 1 is shown and two changes of type have been accepted since the handle was created.
+///   if type 0 or 1 is shown and at least two changes of type have been accepted since the handle was
+///   created.
 FOVIX_API void Fovix_SetType(VRHANDLE handle, int type);
 
 /// Returns the display type.
@@ -256,7 +257,7 @@ FOVIX_API int Fovix_GetType(VRHANDLE handle);
 /// Selects the projection of type 1, or whether type 22 shows its inset.
 /// @param handle  a live handle
 /// @param mode  type 1: Fovix180DrawMode; type 22: 0 hides the inset, any other value shows it (3 at start)
-/// @errors With any other mode of type 1, every rendered frame prints why there is no mesh.
+/// @errors Type 1: if the mode has any other value, every rendered frame prints why there is no mesh.
 FOVIX_API void Fovix_SetDrawMode(VRHANDLE handle, int mode);
 
 /// Shows a blend from one projection of type 1 to another; the draw mode stays the same. Fovix_SetShape()
@@ -284,7 +285,7 @@ FOVIX_API int Fovix_GetCameraMount(VRHANDLE handle);
 /// @param handle  a live handle
 /// @param shape  FovixShape; on mounts 2 and 3 of type 0 it stays 0
 /// @errors Type 0: for a shape outside 0 to 10, prints an error line and changes nothing; a shape that the
-///   mount does not support leaves the surface empty. Type 1: an unsupported shape only resets the view.
+///   mount does not support shows nothing useful. Type 1: an unsupported shape only resets the view.
 FOVIX_API void Fovix_SetShape(VRHANDLE handle, int shape);
 
 /// Returns the layout of type 0 or 1.
@@ -303,7 +304,7 @@ FOVIX_API void Fovix_SetFecParams(VRHANDLE handle, int xCenter, int yCenter, int
 
 /// Selects how type 24 shows its two halves and centres the view.
 /// @param handle  a live handle
-/// @param mode  FovixTwoLensesDrawMode; any other number draws like 0
+/// @param mode  FovixTwoLensesDrawMode; any other number draws like 0, at a fixed zoom
 FOVIX_API void Fovix_SetTwoLensesDrawMode(VRHANDLE handle, int mode);
 
 /// Moves to both halves or to one of them, in draw mode 1 of type 24 on a surface that is wider than tall.
@@ -462,7 +463,8 @@ FOVIX_API int checkOpenGLError(const char* file, int line);
 /// ignore these functions.
 /// @{
 
-/// Begins a gesture: chooses the screen under the finger. Types 0 and 1 stop spin, cruise and bounces.
+/// Begins a gesture: chooses the screen under the finger. Type 0 also stops every animation of that screen's
+/// view, type 1 its cruise and its bounces.
 /// @param handle  a live handle
 /// @param x,y  surface pixels
 FOVIX_API void Fovix_OnTouchDown(VRHANDLE handle, float x, float y);
@@ -524,7 +526,8 @@ FOVIX_API void Fovix_StopAutoCruise(VRHANDLE handle);
 ///   controllers of types 0, 1, 2, 3 and 24 overwrite it at the start of each rendered frame: if only the
 ///   host sets views, create the handle with Fovix_CreateNoTouchEvent().
 /// - Fovix_SetPTZFor180VR(), Fovix_DisplayRect() and Fovix_DisplayTarget() move the view through its
-///   controller, animated like a gesture. Handles without controllers ignore them.
+///   controller, animated like a gesture. Handles without controllers ignore them, except that type 0 still
+///   changes to shape 0.
 /// - Screens are 0 to 5; functions without _SubScreen act on screen 0. A screen outside 0 to 5 prints an
 ///   error line and changes nothing; types with a single view ignore the screen.
 /// - Output pointers may be null. They are not written if the type has no such view.

@@ -10,7 +10,7 @@ namespace {
 
 constexpr NamedCode kTypeTable[] = {
     {"360", FOVIX_TYPE_360VR, "panorama of a camera on ceiling, wall or floor, with one to six screens"},
-    {"180", FOVIX_TYPE_180VR, "half view as disc, stretched flat, cylinder or curved screen"},
+    {"180", FOVIX_TYPE_180VR, "180-degree view: disc, stretched flat, cylinder or curved screen"},
     {"original", FOVIX_TYPE_ORIGINAL, "the camera's image, unchanged"},
     {"fisheye", FOVIX_TYPE_ORIGINAL, "another name for original"},
     {"korvel", FOVIX_TYPE_KORVEL, "the straightened image of the Korvel lens"},
@@ -23,7 +23,7 @@ constexpr NamedCode kTypeTable[] = {
 constexpr NamedCode kMountTable[] = {
     {"ceiling", FOVIX_MOUNT_CEILING, "camera looks down; all shapes"},
     {"wall", FOVIX_MOUNT_WALL, "camera looks ahead; single, bowl, strip, two-strips, overview-five"},
-    {"wall-inverted", FOVIX_MOUNT_WALL_INVERTED, "camera looks ahead, hung upside down; single"},
+    {"wall-inverted", FOVIX_MOUNT_WALL_INVERTED, "camera looks ahead, upside down; single"},
     {"floor", FOVIX_MOUNT_FLOOR, "camera looks up; single"},
 };
 

@@ -41,7 +41,7 @@ constexpr Key kTable[] = {
     {"?", Action::kHelp, 1, false, "?  h  F1", "show or hide this help"},
     {"h", Action::kHelp, 1, false, "", ""},
     {"F1", Action::kHelp, 1, false, "", ""},
-    {"q", Action::kQuit, 1, false, "q  Esc", "quit; Esc first closes the help and leaves full screen"},
+    {"q", Action::kQuit, 1, false, "q  Esc", "quit; Esc first closes the help, then leaves full screen"},
     {"Escape", Action::kLeave, 1, false, "", ""},
 };
 
