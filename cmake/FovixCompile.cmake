@@ -10,7 +10,7 @@ function(fovix_compile target)
     if(FOVIX_SANITIZE)
         target_compile_options(${target} PRIVATE -fsanitize=${FOVIX_SANITIZE} -fno-sanitize-recover=all
                                                  -fno-omit-frame-pointer
-                                                 -g1)  # enough for line numbers, in a third less time
+                                                 -O1 -g1)  # compiles faster, and reports still have line numbers
         target_link_options(${target} PRIVATE -fsanitize=${FOVIX_SANITIZE})
     endif()
     get_target_property(type ${target} TYPE)
