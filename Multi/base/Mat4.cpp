@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 #include "base/Angles.h"
+#include "base/Numbers.h"
 
 namespace fovix {
 
@@ -80,10 +80,8 @@ void Mat4_Multiply(Mat4& m, const Mat4& other) {
 }
 
 std::array<float, 16> Mat4_ToFloats(const Mat4& m) {
-    constexpr double kLargest = std::numeric_limits<float>::max();
     std::array<float, 16> floats;
-    for (std::size_t k = 0; k < 16; ++k)
-        floats[k] = static_cast<float>(std::clamp(m[k], -kLargest, kLargest));
+    for (std::size_t k = 0; k < 16; ++k) floats[k] = toFloat(m[k]);
     return floats;
 }
 

@@ -21,6 +21,13 @@ inline int truncateToInt(double value) {
         std::clamp<double>(value, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
 }
 
+inline constexpr float kLargestFloat = std::numeric_limits<float>::max();
+
+/// Narrows; values beyond a float's range become the largest float.
+inline float toFloat(double value) {
+    return static_cast<float>(std::clamp<double>(value, -kLargestFloat, kLargestFloat));
+}
+
 /// Increments with wrap-around.
 inline int countUp(int value) {
     return static_cast<int>(static_cast<std::uint32_t>(value) + 1u);

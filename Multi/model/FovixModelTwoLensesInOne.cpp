@@ -1,11 +1,10 @@
 #include "model/FovixModelTwoLensesInOne.h"
 
 #include <algorithm>
-#include <cmath>
-#include <limits>
 
 #include "Fovix.h"
 #include "base/Diagnostics.h"
+#include "base/Numbers.h"
 #include "base/ProcessLock.h"
 
 namespace fovix {
@@ -23,8 +22,6 @@ constexpr double kOutsideX = 3.5;
 
 /// Half the height of a 16:9 frame, 0.5625, and a small gap.
 constexpr double kStackedY = 0.565;
-
-constexpr double kLargestScale = std::numeric_limits<float>::max();
 
 TwoLensesParams& params(FovixModel& model) {
     return paramsOf<TwoLensesParams>(model);
@@ -191,8 +188,7 @@ void setLogicZoom(FovixModel& model, double min, double max, double div, double)
 }
 
 float getLogicZoom(FovixModel& model) {
-    constexpr double kLargest = std::numeric_limits<float>::max();
-    return static_cast<float>(std::clamp(params(model).mView.mZoom.get(), -kLargest, kLargest));
+    return toFloat(params(model).mView.mZoom);
 }
 
 void setTwoLensesDrawMode(FovixModel& model, int mode) {
@@ -268,12 +264,12 @@ std::optional<PicturePlacement> placeHalf(const RotateZoomView& view, double zoo
     // Avoid dividing by zero: without a threshold the lower half follows the zoom itself.
     const double scale = wantsLower && zoomDiv != 0.0 ? zoom / zoomDiv : zoom;
     return PicturePlacement{-view.mRotateY / kDegreesPerUnit, view.mRotateX / kDegreesPerUnit,
-                            std::clamp(scale, -kLargestScale, kLargestScale)};
+                            std::clamp<double>(scale, -kLargestFloat, kLargestFloat)};
 }
 
 PicturePlacement placeBeside(double x, double scale, bool isAlone, const RotateZoomView& view) {
     if (!isAlone) return {x, 0.0, scale};
-    if (scale == 1.0) scale = std::clamp(view.mZoom.get(), 1.0, kLargestScale);
+    if (scale == 1.0) scale = std::clamp<double>(view.mZoom, 1.0, kLargestFloat);
     if (scale <= 1.0) return {x, 0.0, scale};
     return {x - view.mRotateY / kDegreesPerUnit, view.mRotateX / kDegreesPerUnit, scale};
 }

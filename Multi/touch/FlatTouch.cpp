@@ -3,13 +3,14 @@
 #include <algorithm>
 
 #include "touch/Gestures.h"
+#include "view/RotateZoomView.h"
 
 namespace fovix {
 
 namespace {
 
-// Spreading the fingers is amplified: to five times their distance it zooms by 20, a little already by 4.
-// Fingers farther apart count as five times.
+// Spreading the fingers zooms by four times the ratio of their distances: by 20 for a ratio of 5. Larger
+// ratios count as 5.
 constexpr double kWidestSpread = 5.0, kWidestSpreadZoom = 20.0;
 
 FlatTouchParams& params(TouchController& controller) {

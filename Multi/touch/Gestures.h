@@ -6,11 +6,9 @@
 #include <cmath>
 #include <limits>
 
-#include "view/RotateZoomView.h"
+#include "base/Numbers.h"
 
 namespace fovix {
-
-inline constexpr float kLargestFloat = std::numeric_limits<float>::max();
 
 /// Degrees of a view per pixel of a drag: 40 for 90 pixels, in the single precision of the events.
 inline constexpr double kDegreesPerPixel = 0.44444445f;
@@ -30,10 +28,6 @@ inline double withoutTurns(double angle) {
 
 inline double clampTo(double value, double limit) {
     return std::clamp(value, -limit, limit);
-}
-
-inline float toFloat(double value) {
-    return static_cast<float>(clampTo(value, kLargestFloat));
 }
 
 /// Pixels from one touch event to the next, in the single precision of the events.

@@ -12,6 +12,7 @@
 #include "model/FovixModelSinglePIP.h"
 #include "touch/FrameTarget.h"
 #include "touch/Gestures.h"
+#include "view/RotateZoomView.h"
 
 namespace fovix {
 

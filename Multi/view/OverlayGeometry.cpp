@@ -46,7 +46,7 @@ constexpr ScreenEdges kScreens[] = {
 };
 
 /// Clamps to ±1e30, so that later sums stay finite.
-float toFloat(double value) {
+float toCoordinate(double value) {
     constexpr double kFarOutside = 1e30;
     return static_cast<float>(std::clamp(value, -kFarOutside, kFarOutside));
 }
@@ -58,8 +58,8 @@ std::optional<float> aspectOf(std::int64_t width, std::int64_t height) {
 
 /// A point of the overview's circle; angle in radians, counter-clockwise from the right.
 void placeOnOverview(float* vertex, double angle, double radius, float aspect) {
-    vertex[0] = toFloat(std::cos(angle) * radius * aspect) + kOverviewX;
-    vertex[1] = toFloat(std::sin(angle) * radius) + kOverviewY;
+    vertex[0] = toCoordinate(std::cos(angle) * radius * aspect) + kOverviewX;
+    vertex[1] = toCoordinate(std::sin(angle) * radius) + kOverviewY;
     vertex[2] = 0.0f;
 }
 
@@ -122,8 +122,8 @@ QuadLoop buildViewRect(float aspect, double pan, double tilt, double zoom) {
     const double cx = wholeDegrees(pan - 90.0 - 90.0) * 2.0 / 360.0 - 1.0;
     const double width = (90.0 / aspect * 2.0 / 360.0 * 1.5) * size;
     const double height = size * (kStripHeight * 1.2);
-    return quadOf(toFloat(cx - width * 0.5), toFloat(cx + width * 0.5), toFloat(cy + height * 0.5),
-                  toFloat(cy - height * 0.5));
+    return quadOf(toCoordinate(cx - width * 0.5), toCoordinate(cx + width * 0.5),
+                  toCoordinate(cy + height * 0.5), toCoordinate(cy - height * 0.5));
 }
 
 PipMarker pipMarker(double offsetX, double zoom, double shift) {
@@ -132,14 +132,14 @@ PipMarker pipMarker(double offsetX, double zoom, double shift) {
     constexpr float kSize = 0.34f, kWidest = 1.1832f, kWidthRange = 0.8432f;
     constexpr double kOffsetToInset = double{0.86f} / double{1.43f};
     constexpr ZoomCurve kCloserSize = {1.0, 1.0, 0.5, kInsetLargestZoom};
-    PipMarker marker = {toFloat(offsetX * kOffsetToInset) + kInsetX, 0.0f, kSize, kSize};
+    PipMarker marker = {toCoordinate(offsetX * kOffsetToInset) + kInsetX, 0.0f, kSize, kSize};
     if (zoom < 1.0) {
-        marker.width =
-            toFloat(double{kWidest} - (zoom - kSmallestZoom) * double{kWidthRange} / (1.0 - kSmallestZoom));
+        marker.width = toCoordinate(double{kWidest} -
+                                    (zoom - kSmallestZoom) * double{kWidthRange} / (1.0 - kSmallestZoom));
     } else if (zoom > 1.0) {
-        marker.width = marker.height = toFloat(kCloserSize.at(zoom) * double{kSize});
+        marker.width = marker.height = toCoordinate(kCloserSize.at(zoom) * double{kSize});
         const float room = kSize - marker.height;
-        marker.yOff = std::max(std::min(toFloat(shift * -double{kSize}), room * 0.5f), room * -0.5f);
+        marker.yOff = std::max(std::min(toCoordinate(shift * -double{kSize}), room * 0.5f), room * -0.5f);
     }
     return marker;
 }
