@@ -1,12 +1,12 @@
 // Lifecycle of a handle: create, prepare, size, release.
 
 #include "Fovix.h"
-#include "base/ProcessLock.h"
 
 #include <exception>
 #include <memory>
 
 #include "base/Diagnostics.h"
+#include "base/ProcessLock.h"
 #include "base/Surface.h"
 #include "gl/GlDevice.h"
 #include "handle/DisplayTypes.h"

@@ -4,6 +4,7 @@
 #include <mutex>
 #include <new>
 #include <unordered_map>
+#include <utility>
 
 #include "handle/FovixContext.h"
 

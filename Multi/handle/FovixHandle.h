@@ -7,8 +7,6 @@
 
 #include <exception>
 #include <memory>
-#include <type_traits>
-#include <utility>
 
 #include "Fovix.h"
 #include "base/Diagnostics.h"

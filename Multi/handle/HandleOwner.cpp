@@ -4,6 +4,7 @@
 
 #include "handle/DisplayParameters.h"
 #include "handle/FovixContext.h"
+#include "handle/FovixHandle.h"
 
 namespace fovix {
 

@@ -1,7 +1,7 @@
 // What a handle does for its touch controllers.
 #pragma once
 
-#include "handle/FovixHandle.h"
+#include "Fovix.h"
 #include "touch/ViewOwner.h"
 
 namespace fovix {

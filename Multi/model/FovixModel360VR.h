@@ -4,7 +4,6 @@
 #pragma once
 
 #include <array>
-#include <memory>
 
 #include "mesh/MeshBlend.h"
 #include "model/FovixModel.h"

@@ -2,8 +2,6 @@
 // surface after the matrix.
 #pragma once
 
-#include <optional>
-#include <string>
 #include <vector>
 
 #include "MeshPatches.h"

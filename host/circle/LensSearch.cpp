@@ -1,7 +1,6 @@
 #include "circle/LensSearch.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "circle/EdgeScan.h"
 

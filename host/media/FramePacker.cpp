@@ -8,6 +8,7 @@ extern "C" {
 
 #include <algorithm>
 #include <climits>
+#include <cstdint>
 #include <new>
 #include <stdexcept>
 #include <string>

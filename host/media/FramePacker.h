@@ -6,7 +6,6 @@
 
 #include <climits>
 #include <cstddef>
-#include <cstdint>
 #include <vector>
 
 #include "media/FrameScaler.h"

@@ -2,7 +2,6 @@
 // place of the frame, and the colours at the points are read back. The window does not change.
 #pragma once
 
-#include <optional>
 #include <vector>
 
 #include "viewer/aim/PositionMap.h"

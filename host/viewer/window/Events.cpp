@@ -1,7 +1,5 @@
 #include "viewer/window/Events.h"
 
-#include <string_view>
-
 namespace fovix_host {
 namespace {
 
