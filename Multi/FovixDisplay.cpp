@@ -106,7 +106,7 @@ void Fovix_SetTwoLensesScreen(VRHANDLE handle, int screen) {
 }
 
 int Fovix_GetTwoLensesScreen(VRHANDLE handle) {
-    return fovix::ask(handle, &fovix::FovixModel::getTwoLensesScreen, 3);
+    return fovix::ask(handle, &fovix::FovixModel::getTwoLensesScreen, FOVIX_TWO_LENSES_SCREEN_NONE);
 }
 
 void Fovix_SetBackground(VRHANDLE handle, unsigned int rgb) {

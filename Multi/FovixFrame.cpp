@@ -17,9 +17,6 @@ namespace fovix {
 
 namespace {
 
-/// Shape of a model that has none: one screen.
-constexpr int kNoShape = 11;
-
 SurfaceRect surfaceOf(const FovixContext& context) {
     return {0, 0, context.viewWidth, context.viewHeight};
 }
@@ -51,7 +48,7 @@ bool refreshShownFrame(FovixContext& context, const Display& display, int lens) 
 
 /// One animation step: of every screen's controller in the layouts with several screens, else of the first.
 void stepControllers(const Display& display) {
-    const int shape = display.model->getShape(kNoShape);
+    const int shape = display.model->getShape(kNone);
     const bool severalScreens = shape >= FOVIX_SHAPE_FOUR_SCREENS && shape <= FOVIX_SHAPE_LARGE_AND_TWO;
     for (int screen = 0; screen < (severalScreens ? kScreenCount : 1); ++screen) {
         const ControllerPtr& controller = display.controllers[static_cast<std::size_t>(screen)];
@@ -102,14 +99,14 @@ void drawOverlays(FovixContext& context, FovixModel& model) {
     }
 }
 
-/// Which screen is selected and where it looks; the frames of the inset.
+/// Which screen is selected and where it looks; the outlines of the inset.
 void drawIndicators(FovixContext& context, const Display& display) {
     const Canvas canvas = {*context.device, surfaceOf(context), context.backingWidth, context.backingHeight};
     if (display.type == FOVIX_TYPE_360VR) drawSelectedScreen(canvas, *display.model);
     if (display.type != FOVIX_TYPE_SINGLE_PIP) return;
     double shift = 0.0;
     if (display.controllers[0]) display.controllers[0]->getViewOffset(nullptr, &shift);
-    drawInsetFrames(canvas, *display.model, shift);
+    drawInsetOutlines(canvas, *display.model, shift);
 }
 
 void drawFrame(FovixContext& context) {

@@ -7,16 +7,21 @@ namespace fovix {
 
 namespace {
 
-/// Speeds of a glide: its first step in mean steps, then parts of a mean step: the slowest one, and what
-/// every step loses. It leaps off, so that the view answers at once, and lands softly.
-constexpr double kFirstStep = 5.0, kSlowestPart = 5.0, kBrakingPart = 50.0;
+// Speeds of a glide, from the mean step: the way divided by the number of steps. It starts fast, so that the
+// view answers at once, and lands softly.
+constexpr double kFirstStep = 5.0;     ///< mean steps
+constexpr double kSlowestPart = 5.0;   ///< the slowest step is a mean one divided by this
+constexpr double kBrakingPart = 50.0;  ///< every step loses a mean one divided by this
 
 /// A bounce falls back by this part of the way.
 constexpr double kReboundPart = 5.0;
 
-/// Speeds of a bounce: parts of its base speed that it gains with every step and that it moves at least by,
-/// the most in base speeds, what the rebound loses in such gains, and the speed that the return begins with.
-constexpr double kGainPart = 10.0, kLeastPart = 10.0, kFastest = 1.5, kReboundGain = -1.2, kReturnSpeed = 0.5;
+// Speeds of a bounce, from its base speed: the whole way, rebound included, divided by the number of steps.
+constexpr double kGainPart = 10.0;     ///< every step gains the base speed divided by this
+constexpr double kLeastPart = 10.0;    ///< the slowest step is the base speed divided by this
+constexpr double kFastest = 1.5;       ///< base speeds
+constexpr double kReboundGain = -1.2;  ///< what a step of the rebound gains, in gains of the approach
+constexpr double kReturnSpeed = 0.5;   ///< base speeds with which the return begins
 
 /// Every ten frames shorten the steps; below ten the whole way is one step.
 double stepCount(int frames) {

@@ -25,8 +25,8 @@ struct FrameSlot {
     int uploadedFmt = 0;    ///< format of the frame in the textures
     /// [0] RGBA (unit 0), [1] Y, [2] U, [3] V (units 1 to 3).
     std::array<unsigned, 4> dewarperTextureName = {kNoTexture, kNoTexture, kNoTexture, kNoTexture};
-    int texturesMadeFor =
-        0;  ///< which prepare of the device the names belong to; others are those of an older context
+    /// The prepare of the device that made the names; after a later one they are invalid.
+    int texturesMadeFor = 0;
 };
 
 }  // namespace fovix

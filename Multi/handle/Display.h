@@ -10,7 +10,7 @@
 
 namespace fovix {
 
-inline constexpr int kNoType = 65535;  ///< display type of a context that has not been given one yet
+inline constexpr int kNoType = 65535;  ///< display type of a context that has none yet
 
 /// Never changed once a context holds it.
 struct Display {

@@ -28,7 +28,7 @@ struct alignas(2 * sizeof(int)) GridSize {
 
 struct FovixContext {
     fovix::Cell<std::uint32_t> magic = fovix::kLiveMagic;  ///< 0 once destruction has begun
-    fovix::Cell<int> viewWidth = 0, viewHeight = 0;        ///< surface size given to Fovix_Init
+    fovix::Cell<int> viewWidth = 0, viewHeight = 0;        ///< surface size passed to Fovix_Init
     fovix::Cell<int> backingWidth = 0, backingHeight = 0;  ///< size that the model and the grid work with
 
     fovix::DevicePtr device;        ///< what draws; GL thread

@@ -5,7 +5,7 @@
 
 namespace fovix {
 
-/// Whether the library knows a pixel format.
+/// Returns whether the library knows a pixel format.
 bool isPixelFormat(int pixelFmt);
 
 /// Copies a frame into a slot and marks it new; a new size in slot 0 refreshes the lens circle. Rejects with

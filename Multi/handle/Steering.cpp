@@ -9,9 +9,7 @@ namespace fovix {
 
 namespace {
 
-constexpr int kNone = -1;  ///< shape or screen of a model that has none
-
-/// Whether the touch began on the part of a multi-view layout that aims the selected view.
+/// Returns whether the touch began on the part of a multi-view layout that aims the selected view.
 bool isOnOverview(int shape, int currentScreen) {
     if (shape == FOVIX_SHAPE_OVERVIEW_FIVE) return currentScreen == 0;
     return shape == FOVIX_SHAPE_TWO_AND_STRIP && currentScreen >= 2;

@@ -16,9 +16,11 @@ void callCurrent(FovixContext& context, Operation TouchController::*operation, A
     if (controller) (controller->*operation)(arguments...);
 }
 
-/// Selects the screen under the finger, which the calls that follow address. A touch on an overview or a
-/// strip aims the selected view, every other one goes to the screen's controller. Pixels from the top left.
+/// Selects the screen under the finger, then does what touchMove does. Pixels from the top left.
 void touchDown(FovixContext& context, float x, float y);
+
+/// Aims the selected view if the touch began on an overview or a strip, else calls the controller of the
+/// screen that touchDown selected.
 void touchMove(FovixContext& context, float x, float y);
 
 /// The gesture is over: the view that it moved settles.

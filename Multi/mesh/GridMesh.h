@@ -2,8 +2,7 @@
 //
 // A builder takes a copy of the lens circle with a usable texture size (width and height above 0) and returns
 // the whole mesh. Texture coordinates run from 0 to 1 across the texture, v = 0 at the frame's first row.
-// Every grid cell with corners A (column i, row j), B (i, j+1), C (i+1, j+1), D (i+1, j) yields the triangles
-// A, B, D and B, C, D, column by column and row by row within a column.
+// Every grid cell yields two triangles, line by line; GridCells.h shows their corners.
 #pragma once
 
 #include <optional>

@@ -11,7 +11,7 @@
 
 namespace fovix {
 
-/// Changed under the model's lock; isRunning also reads without it.
+/// The numbers change under the lock, and isRunning also reads without it; `mesh` belongs to the GL thread.
 struct MeshBlend {
     Cell<int> isActive = 0;
     Cell<int> from = 0, to = 0;         ///< meshes at both ends, by the model's own numbers

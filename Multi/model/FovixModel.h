@@ -19,6 +19,9 @@ namespace fovix {
 
 struct FovixModel;
 
+/// Shape or screen of a model that has none.
+inline constexpr int kNone = -1;
+
 /// In the order of the table; every operation takes the model first.
 struct FovixModelOperations {
     /// Fovix_SetType, before the model is shown: resets the record to the kind's defaults.
@@ -88,11 +91,11 @@ struct FovixModelOperations {
     void (*setLogicZoom)(FovixModel& model, double min, double max, double div, double zoom) = nullptr;
     /// Fovix_GetLogicZoom: returns the zoom.
     float (*getLogicZoom)(FovixModel& model) = nullptr;
-    /// Fovix_SetTwoLensesDrawMode.
+    /// Fovix_SetTwoLensesDrawMode: which halves are drawn, FOVIX_TWO_LENSES_...; all moves end.
     void (*setTwoLensesDrawMode)(FovixModel& model, int mode) = nullptr;
-    /// Fovix_SetTwoLensesScreen.
+    /// Fovix_SetTwoLensesScreen: both halves or one of them, FOVIX_TWO_LENSES_SCREEN_...
     void (*setTwoLensesScreen)(FovixModel& model, int screen) = nullptr;
-    /// Fovix_GetTwoLensesScreen: returns the screen.
+    /// Fovix_GetTwoLensesScreen: returns FOVIX_TWO_LENSES_SCREEN_...
     int (*getTwoLensesScreen)(FovixModel& model) = nullptr;
 };
 
@@ -175,7 +178,7 @@ struct FovixModel {
 using ModelPtr = std::shared_ptr<FovixModel>;
 using ModelCreator = ModelPtr (*)(const FishEyeConfig& lens);
 
-/// Whether a table has the operations that no kind may leave out.
+/// True if all mandatory operations are filled; each kind asserts it.
 constexpr bool hasMandatoryOperations(const FovixModelOperations& operations) {
     return isFilled(operations.init) && isFilled(operations.release) && isFilled(operations.setViewSize) &&
            isFilled(operations.getTextureScale) && isFilled(operations.getVerticesCache) &&

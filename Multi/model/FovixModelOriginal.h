@@ -46,7 +46,7 @@ void FlatMesh_OnConfigChanged(FovixModel& model);
 /// Model-view-projection matrix of a flat frame on a surface of width × height pixels; angles in degrees.
 Mat4 flatPictureMatrix(double zoom, double rotateX, double rotateY, int width, int height);
 
-/// Creates a model of a flat kind, which must outlive it.
+/// Creates a model of a flat kind; the kind must outlive it.
 ModelPtr FlatPicture_Create(const FishEyeConfig& lens, const FlatPictureKind& kind);
 
 /// The model of the plain frame, of the grid's cells and of every type code without a kind of its own.

@@ -33,7 +33,6 @@ void drawDirection(const Canvas& canvas, FovixModel& model, int shape, int scree
 }  // namespace
 
 void drawSelectedScreen(const Canvas& canvas, FovixModel& model) {
-    constexpr int kNone = -1;
     const int screen = model.getSelectedScreen(kNone), shape = model.getShape(kNone);
     const auto outline = screenOutline(shape, screen);
     if (!outline) return;
@@ -41,7 +40,7 @@ void drawSelectedScreen(const Canvas& canvas, FovixModel& model) {
     drawDirection(canvas, model, shape, screen);
 }
 
-void drawInsetFrames(const Canvas& canvas, FovixModel& model, double markerShift) {
+void drawInsetOutlines(const Canvas& canvas, FovixModel& model, double markerShift) {
     if (model.getOverlayCount() <= 0 || canvas.backingWidth != canvas.backingHeight) return;
     drawLoop(canvas, kOverviewOutline, kWhite);
     double offsetX = 0.0, zoom = 1.0;

@@ -19,6 +19,6 @@ void drawSelectedScreen(const Canvas& canvas, FovixModel& model);
 
 /// The outline of the inset and in it the part that the main view shows; markerShift is the controller's
 /// vertical shift of that part. Nothing where no inset is drawn.
-void drawInsetFrames(const Canvas& canvas, FovixModel& model, double markerShift);
+void drawInsetOutlines(const Canvas& canvas, FovixModel& model, double markerShift);
 
 }  // namespace fovix

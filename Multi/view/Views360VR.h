@@ -18,8 +18,8 @@ inline constexpr int kStripScreen = 2;
 /// The pan of an unrolled strip is in hundredths of a radian.
 inline constexpr double kPansPerRadian = 100.0;
 
-/// One turn of an unrolled strip in this unit: as it is drawn, and as whole pans are counted. A
-/// pan that wraps moves the view by the difference, a third of a hundredth.
+/// One turn of an unrolled strip in this unit: as it is drawn, and as whole pans count it. A pan that wraps
+/// moves the view by the difference, a third of a hundredth.
 inline constexpr double kStripTurn = 2.0 * kPi * kPansPerRadian;
 inline constexpr int kWholeStripTurn = 628;
 
