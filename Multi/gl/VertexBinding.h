@@ -1,4 +1,5 @@
-// What the vertex attributes point at, and how much of it may be drawn. GL thread, under the lock.
+// What the vertex attributes point at, and how much of it may be drawn. GL thread; meshes are bound under the
+// lock.
 //
 // The attributes point straight into the library's memory, so the binding shares every mesh for as long as
 // they do.
