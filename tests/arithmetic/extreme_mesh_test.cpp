@@ -7,7 +7,7 @@
 
 using namespace fovix;
 
-TEST(ExtremeLens, GivesFiniteMeshes) {
+TEST(ExtremeLens, YieldsFiniteMeshes) {
     std::mt19937 random(20);
     const auto pick = [&](std::initializer_list<int> some) { return some.begin()[random() % some.size()]; };
     for (int round = 0; round < 100; ++round) {

@@ -17,7 +17,7 @@ namespace {
 
 constexpr double kFar = 1e6;
 
-/// "free", "90" or "5 to 90", with or without words behind it; a free value is as far as one asks.
+/// "free", "90" or "5 to 90", with or without words behind it; a free value has no limit.
 std::pair<double, double> rangeOf(const std::string& cell) {
     if (cell.starts_with("free")) return {-kFar, kFar};
     double low = std::numeric_limits<double>::quiet_NaN(), high = 0.0;

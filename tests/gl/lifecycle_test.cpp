@@ -53,7 +53,7 @@ TEST(Lifecycle, StrangeSurfaceSizesDrawNothingAndHarmNothing) {
     EXPECT_TRUE(looksLike(stage.draw(), picture));
 }
 
-TEST(NewGlContext, SlotsMakeTheirTexturesAnewAndLeaveTheHostsAlone) {
+TEST(NewGlContext, SlotsRecreateTheirTexturesAndLeaveTheHostsAlone) {
     for (const bool isGrid : {true, false}) {
         Stage stage(isGrid ? FOVIX_TYPE_MULTI_IMAGE : FOVIX_TYPE_MULTI_LENS, 60, 40);
         Fovix_Multi_SetScreenNumber(stage.view, 2, 2);

@@ -137,7 +137,7 @@ TEST(Gestures, BecomeTheCallsThatHandsMean) {
     }
 }
 
-TEST(StepClock, GivesSixtyStepsASecondWhateverTheDisplayShows) {
+TEST(StepClock, MakesSixtyStepsASecondOnAnyDisplay) {
     struct Case {
         double framesPerSecond;
         int leastPerFrame, mostPerFrame, steps;  // in a second
