@@ -34,7 +34,7 @@ void mixMeshes(MeshBlend& blend, const VertexCachePtr& from, const VertexCachePt
 // Meshes
 
 constexpr bool hasMesh(int mode) {
-    return mode >= 0 && mode < k180VRModes;
+    return mode >= 0 && mode < kVR180Modes;
 }
 
 VertexCachePtr createVertices(FovixModel& model, int mode) {
@@ -175,7 +175,7 @@ void resetPosition(FovixModel& model) {
 }
 
 constexpr bool isScreen(int screen) {
-    return screen >= 0 && screen < k180VRScreens;
+    return screen >= 0 && screen < kVR180Screens;
 }
 
 void setRotateZoom(FovixModel& model, int screen, double xAngle, double yAngle, double zAngle, double zoom) {

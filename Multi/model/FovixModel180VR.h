@@ -12,13 +12,13 @@
 
 namespace fovix {
 
-inline constexpr int k180VRScreens = 6;
-inline constexpr int k180VRModes = 4;
+inline constexpr int kVR180Screens = 6;
+inline constexpr int kVR180Modes = 4;
 
 struct VR180Params : ModelParams {
     using ModelParams::ModelParams;
 
-    std::array<RotateZoomView, k180VRScreens> mViews;
+    std::array<RotateZoomView, kVR180Screens> mViews;
     Cell<int> mSelectedScreen = 0;
     Cell<int> mDrawMode = 0;  ///< mesh in use; a host may set one that does not exist
     Cell<int> mShape = 0;
@@ -26,7 +26,7 @@ struct VR180Params : ModelParams {
     MeshBlend mBlend;  ///< between the meshes of two modes
 
     // The mesh fetched last; GL thread.
-    std::array<VertexCachePtr, k180VRModes> mVertexCaches;  ///< by mode, built on first use
+    std::array<VertexCachePtr, kVR180Modes> mVertexCaches;  ///< by mode, built on first use
     double mMeshExtent = 0.0;
     double mLensOffsetX = 0.0, mLensOffsetY = 0.0;  ///< fractions of the camera's image
 };
